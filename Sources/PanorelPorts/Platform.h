@@ -1,0 +1,39 @@
+#pragma once
+
+#include "PanorelPorts/AccessibilityPort.h"
+#include "PanorelPorts/ApplicationPorts.h"
+#include "PanorelPorts/ScreensPort.h"
+#include "PanorelPorts/UserDefaultsPort.h"
+#include "PanorelPorts/WindowListPort.h"
+#include "PanorelPorts/WorkspacePort.h"
+
+#include <functional>
+#include <memory>
+
+namespace Panorel {
+
+/// The ports of the platform the program runs on. Owns them; they live as long as it does.
+class Platform {
+public:
+    virtual ~Platform() = default;
+
+    virtual AccessibilityPort &accessibility() = 0;
+    virtual WindowListPort &windowList() = 0;
+    virtual WorkspacePort &workspace() = 0;
+    virtual ScreensPort &screens() = 0;
+    virtual UserDefaultsPort &userDefaults() = 0;
+    virtual LoginItemPort &loginItem() = 0;
+    virtual ActivationPolicyPort &activationPolicy() = 0;
+
+    /// `lost` is called on the main thread, once, when the window system has gone away and
+    /// nothing can be read or moved any more; `reason` is fit for the user. From then on the
+    /// ports answer as if nothing were there. Never on macOS.
+    virtual void setLostCallback(std::function<void(const QString &reason)> lost) = 0;
+};
+
+/// Built for the running session. Throws std::runtime_error, its text fit for the user, where the
+/// window system can't be reached. The one place where the platform is chosen: exactly one
+/// platform module is linked and defines it.
+std::unique_ptr<Platform> makePlatform();
+
+} // namespace Panorel

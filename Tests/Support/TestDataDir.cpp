@@ -1,0 +1,47 @@
+#include "Support/TestDataDir.h"
+
+#include <QFile>
+
+namespace Panorel {
+
+TestDataDir::TestDataDir()
+{
+    qputenv("PANOREL_DATA_DIR", m_dir.path().toUtf8());
+}
+
+TestDataDir::~TestDataDir()
+{
+    log.flush(); // while the variable still leads here
+    qunsetenv("PANOREL_DATA_DIR");
+}
+
+QByteArray TestDataDir::read(const QString &name) const
+{
+    QFile file(path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void TestDataDir::write(const QString &name, const QByteArray &bytes) const
+{
+    QFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+}
+
+QStringList TestDataDir::names() const
+{
+    return QDir(m_dir.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+}
+
+QStringList TestDataDir::logged()
+{
+    log.flush();
+    QStringList messages;
+    for (const QByteArray &line : read(QStringLiteral("app.log")).split('\n')) {
+        if (!line.isEmpty())
+            messages.append(QString::fromUtf8(line.mid(line.indexOf(' ') + 1)));
+    }
+    return messages;
+}
+
+} // namespace Panorel

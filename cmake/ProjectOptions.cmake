@@ -1,0 +1,34 @@
+# What every target of the project is compiled with, and how a module is declared.
+
+add_library(panorel_options INTERFACE)
+target_compile_definitions(panorel_options INTERFACE
+    QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+target_compile_options(panorel_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+    -Wnull-dereference -Wimplicit-fallthrough -Wextra-semi -Werror)
+target_include_directories(panorel_options INTERFACE ${PROJECT_SOURCE_DIR}/Sources)
+
+if(PANOREL_SANITIZE)
+    set(flags -fsanitize=${PANOREL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    # GCC's flow analysis reports false positives in instrumented code.
+    target_compile_options(panorel_options INTERFACE ${flags} -Wno-null-dereference
+        -Wno-maybe-uninitialized)
+    target_link_options(panorel_options INTERFACE ${flags})
+endif()
+
+# panorel_module(NAME LINKS target...): a static library of all sources below the current folder.
+# LINKS is the whole of what the module may depend on.
+function(panorel_module name)
+    cmake_parse_arguments(module "" "" "LINKS;EXCLUDE" ${ARGN})
+    file(GLOB_RECURSE sources CONFIGURE_DEPENDS
+        ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    foreach(excluded IN LISTS module_EXCLUDE)
+        list(REMOVE_ITEM sources ${CMAKE_CURRENT_SOURCE_DIR}/${excluded})
+    endforeach()
+    add_library(${name} STATIC ${sources})
+    target_link_libraries(${name} PUBLIC ${module_LINKS} PRIVATE panorel_options)
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/Sources)
+    target_precompile_headers(${name} PRIVATE
+        <QString> <QStringList> <algorithm> <functional> <memory> <optional> <vector>)
+endfunction()
