@@ -1,0 +1,198 @@
+#include "Panorel/AppController.h"
+
+#include "Panorel/PanelModel.h"
+#include "Panorel/Prefs.h"
+#include "PanorelCore/Files/AppLog.h"
+#include "PanorelCore/JSON/PanorelJSON.h"
+
+#include <algorithm>
+
+namespace Panorel {
+
+namespace {
+
+constexpr std::chrono::seconds learnInterval(90);
+
+/// A preference that is no usable number counts as the default.
+double usableSettleSeconds(double stored)
+{
+    return stored >= 0 && stored <= 60 ? stored : 1.5;
+}
+
+} // namespace
+
+AppController::AppController(PanelModel &panelModel, const AppServices &services)
+    : m_panelModel(panelModel), m_services(services), m_layouts(services.log, services.clock),
+      m_scenes(services.log, services.clock), m_usage(services.log, services.clock),
+      m_rules(services.log, services.clock), m_permission(services.platform.accessibility()),
+      m_snapshotter(services.platform.accessibility(), services.platform.windowList(),
+                    services.platform.workspace()),
+      m_engine(m_rules, m_snapshotter, services.platform.accessibility(), services.log,
+               services.clock)
+{
+    m_panelModel.onRestoreNow = [this] { restoreNow(); };
+    m_panelModel.onGrantPermission = [this] { m_permission.promptAccessibility(); };
+
+    DisplayWatcher &watcher = m_services.displayWatcher;
+    watcher.setOnDeskSettled(
+        [this](const QString &configID, const auto &displays) { deskSettled(configID, displays); });
+    watcher.setSettleSeconds(usableSettleSeconds(m_services.prefs.displaySettleSeconds()));
+    watcher.start();
+
+    m_learnTimer = m_services.scheduler.repeat(learnInterval, [this] { learn(); });
+    learn();
+    refreshPanel();
+}
+
+AppController::~AppController()
+{
+    m_services.displayWatcher.setOnDeskSettled({});
+    m_panelModel.onRestoreNow = {};
+    m_panelModel.onGrantPermission = {};
+}
+
+void AppController::learn()
+{
+    if (!m_services.prefs.enabled() || !m_permission.hasAccessibility() || !mayLearn())
+        return;
+    const DisplayWatcher &watcher = m_services.displayWatcher;
+    std::vector<WindowRecord> snapshot = m_snapshotter.snapshot(watcher.displays());
+    if (snapshot.empty()) // an empty desk never overwrites a learned one
+        return;
+    if (!displaysAreCurrent()) {
+        // The windows may be where the change has thrown them, and its event is still unread.
+        m_services.displayWatcher.scheduleSettle();
+        return;
+    }
+    const Layout *known = currentLayout();
+    if (known && known->windows == snapshot)
+        return;
+    saveAsLayout(std::move(snapshot));
+    m_usage.record(UsageEvents::Desk{watcher.configID()});
+    refreshPanel();
+}
+
+bool AppController::mayLearn() const
+{
+    const DisplayWatcher &watcher = m_services.displayWatcher;
+    return !m_ending && !m_layoutAwaitsUser && !m_engine.isRestoring() && !watcher.isSettling()
+           && !watcher.displays().empty();
+}
+
+bool AppController::displaysAreCurrent() const
+{
+    const auto same = [](const DisplayInfo &a, const DisplayInfo &b) {
+        return a.uuid == b.uuid && a.edidUUID == b.edidUUID && a.frame == b.frame;
+    };
+    return std::ranges::equal(m_services.displayWatcher.currentDisplays(),
+                              m_services.displayWatcher.displays(), same);
+}
+
+void AppController::deskSettled(const QString &configID, const std::vector<DisplayInfo> &)
+{
+    if (m_ending)
+        return;
+    refreshPanel();
+    const Layout *layout = m_layouts.layoutFor(configID);
+    m_layoutAwaitsUser = layout != nullptr;
+    const Prefs &prefs = m_services.prefs;
+    if (!prefs.enabled() || !prefs.restoreAutomatically() || !m_permission.hasAccessibility())
+        return;
+    if (!layout)
+        return;
+    const RestoreReport report = restore(*layout);
+    m_panelModel.setLastAction(QStringLiteral("Put back %1 windows").arg(report.restored));
+    refreshPanel();
+}
+
+void AppController::restoreNow()
+{
+    m_services.log.log(QStringLiteral("panel: Restore Now clicked"));
+    refreshWhileSettling();
+    const Layout *layout = currentLayout();
+    if (!layout) {
+        m_panelModel.setLastAction(QStringLiteral("No layout saved yet"));
+        return;
+    }
+    const std::size_t count = layout->windows.size();
+    m_services.log.log(QStringLiteral("restoreNow: restoring %1 windows (saved %2)")
+                           .arg(count)
+                           .arg(PanorelJSON::iso().string(layout->savedAt)));
+    const RestoreReport report = restore(*layout);
+    m_panelModel.setLastAction(
+        QStringLiteral("Put back %1 of %2 windows").arg(report.restored).arg(count));
+    refreshPanel();
+}
+
+void AppController::undoLastRestore()
+{
+    const auto report = m_engine.undoLast(m_services.prefs.alsoRestoreSizes());
+    if (!report)
+        return;
+    m_panelModel.setLastAction(QStringLiteral("Undid restore: %1 windows").arg(report->restored));
+    refreshPanel();
+}
+
+void AppController::saveLayoutNow()
+{
+    refreshWhileSettling();
+    auto snapshot = m_snapshotter.snapshot(m_services.displayWatcher.displays());
+    if (snapshot.empty())
+        return;
+    const std::size_t count = snapshot.size();
+    saveAsLayout(std::move(snapshot));
+    m_layoutAwaitsUser = false;
+    m_services.log.log(QStringLiteral("hotkey: layout saved (%1 windows)").arg(count));
+    refreshPanel();
+}
+
+void AppController::refreshPanel()
+{
+    const DisplayWatcher &watcher = m_services.displayWatcher;
+    m_panelModel.setHasPermission(m_permission.hasAccessibility());
+    m_panelModel.setDeskName(m_layouts.deskName(watcher.configID()));
+    m_panelModel.setDisplays(watcher.displays());
+    const Layout *layout = currentLayout();
+    m_panelModel.setWindowCount(layout ? qint64(layout->windows.size()) : 0);
+    m_panelModel.setScenes(m_scenes.scenesFor(watcher.configID()));
+}
+
+void AppController::prepareToEnd()
+{
+    m_ending = true;
+}
+
+/// While displays settle the watcher still shows the desk before; the user means the one there is.
+void AppController::refreshWhileSettling()
+{
+    if (m_services.displayWatcher.isSettling())
+        m_services.displayWatcher.refresh();
+}
+
+const Layout *AppController::currentLayout() const
+{
+    return m_layouts.layoutFor(m_services.displayWatcher.configID());
+}
+
+RestoreReport AppController::restore(const Layout &layout)
+{
+    const RestoreReport report = m_engine.apply(layout, m_services.prefs.alsoRestoreSizes());
+    m_layoutAwaitsUser = false;
+    m_usage.record(UsageEvents::Restore{report.restored});
+    return report;
+}
+
+void AppController::saveAsLayout(std::vector<WindowRecord> windows)
+{
+    const DisplayWatcher &watcher = m_services.displayWatcher;
+    Layout layout;
+    layout.configID = watcher.configID();
+    layout.name = m_layouts.deskName(watcher.configID());
+    layout.layoutName = QStringLiteral("Default");
+    layout.savedAt = m_services.clock.now();
+    layout.displays = watcher.displays();
+    layout.windows = std::move(windows);
+    m_layouts.saveLearned(std::move(layout));
+}
+
+} // namespace Panorel

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "PanorelPorts/ApplicationPorts.h"
+#include "PanorelPorts/UserDefaultsPort.h"
+
+#include <QObject>
+
+namespace Panorel {
+
+/// The user's settings. They are read once, at creation; every assignment is written through,
+/// carries out its side effect and emits changed(), also when it assigns the value that is there.
+/// There is one in the program, made by main. Main thread only.
+class Prefs : public QObject {
+    Q_OBJECT
+
+public:
+    /// The ports must outlive it. Defaults are not written.
+    Prefs(UserDefaultsPort &defaults, ActivationPolicyPort &activationPolicy,
+          LoginItemPort &loginItem);
+
+    /// Learning and automatic restoring as a whole. Default: on.
+    bool enabled() const { return m_enabled; }
+    /// Restore when the displays have changed. Default: on.
+    bool restoreAutomatically() const { return m_restoreAutomatically; }
+    /// Restores, scenes and stash set sizes too. Default: on.
+    bool alsoRestoreSizes() const { return m_alsoRestoreSizes; }
+    /// The welcome window was finished. Default: off.
+    bool hasOnboarded() const { return m_hasOnboarded; }
+    /// Show the application in the Dock, where there is one. Default: off.
+    bool showDockIcon() const { return m_showDockIcon; }
+    /// Start at login. Default: off.
+    bool launchAtLogin() const { return m_launchAtLogin; }
+    /// Place the windows of newly launched applications. Default: on.
+    bool placeNewApps() const { return m_placeNewApps; }
+    /// Hide other applications when a scene is applied. Default: off.
+    bool hideOthersOnSwitch() const { return m_hideOthersOnSwitch; }
+    /// How long the displays must be quiet before a window moves, as stored: check its range
+    /// before use. Default: 1.5.
+    double displaySettleSeconds() const { return m_displaySettleSeconds; }
+    /// The panel's hot-key tip was closed. Default: off.
+    bool tipDismissed() const { return m_tipDismissed; }
+
+    void setEnabled(bool value);
+    void setRestoreAutomatically(bool value);
+    void setAlsoRestoreSizes(bool value);
+    void setHasOnboarded(bool value);
+    void setShowDockIcon(bool value);
+    void setLaunchAtLogin(bool value);
+    void setPlaceNewApps(bool value);
+    void setHideOthersOnSwitch(bool value);
+    void setDisplaySettleSeconds(double value);
+    void setTipDismissed(bool value);
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    void assign(bool &member, const char *key, bool value);
+
+    UserDefaultsPort &m_defaults;
+    ActivationPolicyPort &m_activationPolicy;
+    LoginItemPort &m_loginItem;
+    bool m_enabled;
+    bool m_restoreAutomatically;
+    bool m_alsoRestoreSizes;
+    bool m_hasOnboarded;
+    bool m_showDockIcon;
+    bool m_launchAtLogin;
+    bool m_placeNewApps;
+    bool m_hideOthersOnSwitch;
+    double m_displaySettleSeconds;
+    bool m_tipDismissed;
+};
+
+} // namespace Panorel

@@ -1,0 +1,53 @@
+#include "Panorel/AppController.h"
+#include "Panorel/PanelModel.h"
+#include "Panorel/Prefs.h"
+#include "Panorel/QtScheduler.h"
+#include "Panorel/TerminationSignals.h"
+#include "PanorelCore/Files/AppLog.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+#include <stdexcept>
+
+using namespace Panorel;
+
+namespace {
+
+int run(QCoreApplication &application, Platform &platform)
+{
+    const SystemClock clock;
+    AppLog &log = AppLog::shared();
+    QtScheduler scheduler;
+    Prefs prefs(platform.userDefaults(), platform.activationPolicy(), platform.loginItem());
+    DisplayWatcher watcher(platform.screens(), scheduler, log);
+    PanelModel panelModel;
+    AppController controller(panelModel, {platform, watcher, prefs, scheduler, log, clock});
+
+    const TerminationSignals signals([&] {
+        controller.prepareToEnd();
+        application.quit();
+    });
+    platform.setLostCallback([&](const QString &reason) {
+        controller.prepareToEnd();
+        std::fprintf(stderr, "panorel: %s\n", qPrintable(reason));
+        application.exit(1);
+    });
+    return application.exec();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("panorel"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(PANOREL_VERSION));
+    try {
+        const auto platform = makePlatform();
+        return run(application, *platform);
+    } catch (const std::runtime_error &error) {
+        std::fprintf(stderr, "panorel: %s\n", error.what());
+        return 1;
+    }
+}
