@@ -1,0 +1,71 @@
+#include "Contracts/AccessibilityContract.h"
+#include "Contracts/ScreensContract.h"
+#include "Contracts/UserDefaultsContract.h"
+#include "Support/InMemoryPlatform.h"
+
+#include <QTest>
+
+using namespace Panorel;
+
+namespace {
+
+class InMemoryRig final : public DesktopRig {
+public:
+    InMemoryRig() { platform.display.plug(QStringLiteral("Main"), {0, 0, 1920, 1080}, 1); }
+
+    InMemoryPlatform platform;
+
+    AccessibilityPort &accessibility() override { return platform.desktop; }
+    WindowListPort &windowList() override { return platform.desktop; }
+    WorkspacePort &workspace() override { return platform.desktop; }
+    ScreensPort &screens() override { return platform.display; }
+
+    QString open(const QString &application, const Rect &frame) override
+    {
+        if (!m_pids.contains(application))
+            m_pids[application] = platform.desktop.launch(bundleID(application), application);
+        const QString title = QStringLiteral("%1 %2").arg(application).arg(m_numbers.size() + 1);
+        m_numbers[title] = platform.desktop.open(m_pids[application], title, frame);
+        return title;
+    }
+    void close(const QString &title) override { platform.desktop.close(m_numbers.at(title)); }
+    void minimize(const QString &title) override { window(title).isMinimized = true; }
+    void makeFullScreen(const QString &title) override { window(title).isFullScreen = true; }
+    QString bundleID(const QString &application) const override
+    {
+        return QStringLiteral("org.example.") + application;
+    }
+    QString focused() override { return {}; }
+    void plugSecondDisplay() override
+    {
+        platform.display.plug(QStringLiteral("Second"), {1920, 0, 1280, 1024}, 2);
+        platform.display.announceChange();
+    }
+    void unplugSecondDisplay() override
+    {
+        platform.display.unplug(QStringLiteral("Second"));
+        platform.display.announceChange();
+    }
+    bool waitUntil(const std::function<bool()> &condition) override { return condition(); }
+
+private:
+    InMemoryWindow &window(const QString &title)
+    {
+        return platform.desktop.window(m_numbers.at(title));
+    }
+
+    std::map<QString, ProcessIdentifier> m_pids;
+    std::map<QString, int> m_numbers;
+};
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    InMemoryRig rig;
+    AccessibilityContract windows(rig);
+    ScreensContract screens(rig);
+    UserDefaultsContract defaults(rig.platform.defaults);
+    return QTest::qExec(&windows) + QTest::qExec(&screens) + QTest::qExec(&defaults);
+}

@@ -1,0 +1,198 @@
+#include "PanorelEngine/Windows/RestoreEngine.h"
+
+#include "PanorelCore/Stores/AppRuleStore.h"
+#include "PanorelEngine/Windows/WindowSnapshotter.h"
+#include "Support/InMemoryDesktop.h"
+#include "Support/TestDataDir.h"
+
+#include <QTest>
+
+using namespace Panorel;
+
+namespace {
+
+const QString editorID = QStringLiteral("org.example.editor");
+const QString mailID = QStringLiteral("org.example.mail");
+
+/// A desk of three windows that was learned and then scattered.
+struct Desk {
+    TestDataDir dir;
+    InMemoryDesktop desktop;
+    AppRuleStore rules{dir.log, dir.clock};
+    WindowSnapshotter snapshotter{desktop, desktop, desktop};
+    RestoreEngine engine{rules, snapshotter, desktop, dir.log, dir.clock};
+    ProcessIdentifier editor = desktop.launch(editorID, QStringLiteral("Editor"));
+    ProcessIdentifier mail = desktop.launch(mailID, QStringLiteral("Mail"));
+    int notes = desktop.open(editor, QStringLiteral("Notes"), {100, 100, 400, 300});
+    int inbox = desktop.open(mail, QStringLiteral("Inbox"), {600, 100, 500, 400});
+    int plan = desktop.open(editor, QStringLiteral("Plan"), {50, 500, 420, 310});
+    Layout layout;
+
+    Desk()
+    {
+        layout.configID = QStringLiteral("desk");
+        layout.name = QStringLiteral("Home");
+        layout.windows = snapshotter.snapshot({});
+        scatter();
+    }
+
+    void scatter()
+    {
+        double offset = 5;
+        for (const int number : {plan, inbox, notes}) {
+            desktop.window(number).frame = {offset, offset, 200 + offset, 200};
+            offset += 300;
+        }
+        desktop.raise({desktop.windows(editor).back().element});
+        desktop.journal.clear();
+        dir.logged();
+    }
+
+    std::vector<WindowRecord> capture() { return snapshotter.snapshot({}); }
+};
+
+} // namespace
+
+class RestoreEngineTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyWindowComesBackInItsPlaceAndOrder()
+    {
+        Desk desk;
+        const RestoreReport report = desk.engine.apply(desk.layout, true);
+        QVERIFY(desk.capture() == desk.layout.windows);
+        QCOMPARE(report.summary(), QStringLiteral("3/3 restored, 0 failed, 0 skipped, 0.00s"));
+        QVERIFY(report.notes.isEmpty());
+        QVERIFY(!desk.engine.isRestoring());
+        QCOMPARE(desk.dir.logged(),
+                 QStringList{QStringLiteral("restore report: ") + report.summary()});
+    }
+
+    void everyMoveIsSentBeforeTheFirstRaise()
+    {
+        Desk desk;
+        desk.engine.apply(desk.layout, true);
+        // By application, in the order of the layout; position before size; frontmost raised last.
+        QCOMPARE(desk.desktop.journal.join(QStringLiteral(", ")),
+                 QStringLiteral("position 3, size 3, position 1, size 1, position 2, size 2, "
+                                "raise 1, raise 2, raise 3"));
+    }
+
+    void sizesAreRestoredWhereThePreferenceOrARuleAsks()
+    {
+        Desk desk;
+        desk.rules.set({mailID, false, true});
+        desk.engine.apply(desk.layout, false);
+        QVERIFY(desk.desktop.window(desk.inbox).frame == (Rect{600, 100, 500, 400}));
+        QVERIFY(desk.desktop.window(desk.notes).frame == (Rect{100, 100, 805, 200}));
+    }
+
+    void fiveAndAHalfPointsOffIsAFailureAndNotRaised()
+    {
+        Desk desk;
+        desk.desktop.window(desk.notes).landsOff = {5.0, -5.0};
+        desk.desktop.window(desk.plan).landsOff = {5.5, 0};
+        desk.desktop.window(desk.inbox).landsOff = {0, -5.5};
+        const RestoreReport report = desk.engine.apply(desk.layout, true);
+        QCOMPARE(report.restored, 1);
+        QCOMPARE(report.failed, 2);
+        QVERIFY(!desk.desktop.journal.contains(QStringLiteral("raise 3")));
+        QCOMPARE(desk.dir.logged(),
+                 (QStringList{QStringLiteral("restore report: 1/3 restored, 2 failed, 0 skipped, "
+                                             "0.00s"),
+                              QStringLiteral("  failed: Editor “Plan”, could not move"),
+                              QStringLiteral("  failed: Mail “Inbox”, could not move")}));
+    }
+
+    void windowsThatMisbehaveFailAlone()
+    {
+        Desk desk;
+        desk.desktop.window(desk.notes).vanishesWhenMoved = true;
+        desk.desktop.window(desk.inbox).refusesMoves = true;
+        const RestoreReport report = desk.engine.apply(desk.layout, true);
+        QCOMPARE(report.restored, 1);
+        QCOMPARE(report.failed, 2);
+        QVERIFY(desk.desktop.window(desk.plan).frame == (Rect{50, 500, 420, 310}));
+    }
+
+    void theSizeMustBeReadableButNotRight()
+    {
+        Desk desk;
+        desk.desktop.window(desk.notes).losesSizeWhenMoved = true;
+        const RestoreReport report = desk.engine.apply(desk.layout, false);
+        QCOMPARE(report.notes,
+                 QStringList{QStringLiteral("failed: Editor “Notes”, could not move")});
+        QVERIFY(desk.desktop.window(desk.plan).frame.size() != desk.layout.windows[0].frame.size());
+    }
+
+    void whatIsNotAttemptedIsSkippedWithAReason()
+    {
+        Desk desk;
+        desk.rules.set({editorID, true, false});
+        desk.desktop.close(desk.inbox);
+        WindowRecord gone = desk.layout.windows.front();
+        gone.bundleID = QStringLiteral("org.example.clock");
+        gone.appName = QStringLiteral("Clock");
+        gone.title.clear();
+        desk.layout.windows.push_back(gone);
+        desk.layout.windows.push_back(gone);
+        desk.desktop.open(desk.desktop.launch(gone.bundleID, {}), {}, {0, 0, 99, 99});
+
+        const RestoreReport report = desk.engine.apply(desk.layout, true);
+        QCOMPARE(report.summary(), QStringLiteral("1/5 restored, 0 failed, 4 skipped, 0.00s"));
+        QCOMPARE(report.notes,
+                 (QStringList{QStringLiteral("skipped: Editor, ignored by rule"),
+                              QStringLiteral("skipped: Mail, app not running"),
+                              QStringLiteral("skipped: Clock “”, window no longer exists")}));
+    }
+
+    void minimisedWindowsAreLeftAlone()
+    {
+        Desk desk;
+        desk.desktop.window(desk.plan).isMinimized = true;
+        const RestoreReport report = desk.engine.apply(desk.layout, true);
+        QCOMPARE(report.skipped, 1);
+        QVERIFY(!desk.desktop.journal.contains(QStringLiteral("position 3")));
+    }
+
+    void anEmptyLayoutStillMakesAnUndoPoint()
+    {
+        Desk desk;
+        desk.layout.windows.clear();
+        const auto before = desk.capture();
+        QCOMPARE(desk.engine.apply(desk.layout, true).summary(),
+                 QStringLiteral("0/0 restored, 0 failed, 0 skipped, 0.00s"));
+        QVERIFY(desk.desktop.journal.isEmpty());
+        QCOMPARE(desk.engine.lastUndo()->layoutName, QStringLiteral("Undo"));
+        QCOMPARE(desk.engine.lastUndo()->name, QStringLiteral("Home"));
+        QVERIFY(desk.engine.lastUndo()->windows == before);
+    }
+
+    void undoingTwiceRedoes()
+    {
+        Desk desk;
+        QVERIFY(!desk.engine.undoLast(true));
+        QVERIFY(desk.dir.logged().isEmpty());
+
+        const auto scattered = desk.capture();
+        desk.engine.apply(desk.layout, true);
+        QCOMPARE(desk.engine.undoLast(true)->restored, 3);
+        QVERIFY(desk.capture() == scattered);
+        QCOMPARE(desk.engine.undoLast(true)->restored, 3);
+        QVERIFY(desk.capture() == desk.layout.windows);
+    }
+
+    void isRestoringHoldsWhileWindowsAreReadAndMoved()
+    {
+        Desk desk;
+        bool heldWhileReading = false;
+        desk.desktop.duringReading = [&] { heldWhileReading = desk.engine.isRestoring(); };
+        desk.engine.apply(desk.layout, true);
+        QVERIFY(heldWhileReading);
+        QVERIFY(!desk.engine.isRestoring());
+    }
+};
+
+QTEST_GUILESS_MAIN(RestoreEngineTests)
+#include "RestoreEngineTests.moc"

@@ -1,0 +1,89 @@
+#pragma once
+
+#include "PanorelPorts/Platform.h"
+#include "Support/InMemoryDesktop.h"
+
+#include <QVariant>
+
+#include <map>
+
+namespace Panorel {
+
+class InMemoryScreens final : public ScreensPort {
+public:
+    struct Display {
+        Screen screen;
+        DisplayIdentity identity;
+    };
+
+    /// A display of the given frame in the top-left space, told apart by its serial number. The
+    /// first one is the primary.
+    void plug(const QString &name, const Rect &frame, std::uint32_t serial);
+    void unplug(const QString &name);
+    void announceChange()
+    {
+        if (m_changed)
+            m_changed();
+    }
+
+    std::vector<Display> displays;
+    int callbacksSet = 0;
+
+    std::vector<Screen> screens() override;
+    DisplayIdentity identity(DisplayNumber display) override;
+    void setChangeCallback(std::function<void()> changed) override;
+
+private:
+    std::function<void()> m_changed;
+    DisplayNumber m_nextNumber = 1;
+};
+
+class InMemoryDefaults final : public UserDefaultsPort {
+public:
+    std::map<QString, QVariant> values;
+
+    bool contains(const QString &key) const override { return values.contains(key); }
+    std::optional<bool> boolean(const QString &key) const override { return typed<bool>(key); }
+    std::optional<double> number(const QString &key) const override { return typed<double>(key); }
+    std::optional<QByteArray> data(const QString &key) const override
+    {
+        return typed<QByteArray>(key);
+    }
+    void setBoolean(const QString &key, bool value) override { values[key] = value; }
+    void setNumber(const QString &key, double value) override { values[key] = value; }
+    void setData(const QString &key, const QByteArray &value) override { values[key] = value; }
+    void remove(const QString &key) override { values.erase(key); }
+
+private:
+    template <typename Value> std::optional<Value> typed(const QString &key) const
+    {
+        const auto found = values.find(key);
+        if (found == values.end() || found->second.metaType() != QMetaType::fromType<Value>())
+            return {};
+        return found->second.value<Value>();
+    }
+};
+
+class InMemoryPlatform final : public Platform, LoginItemPort, ActivationPolicyPort {
+public:
+    InMemoryDesktop desktop;
+    InMemoryScreens display;
+    InMemoryDefaults defaults;
+    std::optional<bool> registeredAtLogin;
+    std::optional<ActivationPolicy> policy;
+
+    AccessibilityPort &accessibility() override { return desktop; }
+    WindowListPort &windowList() override { return desktop; }
+    WorkspacePort &workspace() override { return desktop; }
+    ScreensPort &screens() override { return display; }
+    UserDefaultsPort &userDefaults() override { return defaults; }
+    LoginItemPort &loginItem() override { return *this; }
+    ActivationPolicyPort &activationPolicy() override { return *this; }
+    void setLostCallback(std::function<void(const QString &)>) override {}
+
+private:
+    void setRegistered(bool registered) override { registeredAtLogin = registered; }
+    void setActivationPolicy(ActivationPolicy asked) override { policy = asked; }
+};
+
+} // namespace Panorel
