@@ -1,5 +1,6 @@
 #include "PanorelX11/Connection/EventConnection.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QObject>
 
@@ -10,6 +11,10 @@ EventConnection::EventConnection()
 {
     QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier,
                      [this] { readEvents(); });
+    // Waiting for a reply also takes in the events before it, after which the socket stays silent.
+    if (const auto *dispatcher = QAbstractEventDispatcher::instance())
+        QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, &m_notifier,
+                         [this] { readEvents(); });
 }
 
 void EventConnection::addListener(std::function<void(const xcb_generic_event_t &)> listener)
