@@ -6,7 +6,8 @@ target_compile_definitions(panorel_options INTERFACE
     QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 target_compile_options(panorel_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
-    -Wnull-dereference -Wimplicit-fallthrough -Wextra-semi -Werror)
+    -Wnull-dereference -Wimplicit-fallthrough -Wextra-semi -Werror
+    -pthread) # everywhere or nowhere: the tests share one precompiled header
 target_include_directories(panorel_options INTERFACE ${PROJECT_SOURCE_DIR}/Sources)
 
 if(PANOREL_SANITIZE)
