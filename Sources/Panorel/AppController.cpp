@@ -53,7 +53,7 @@ AppController::~AppController()
 
 void AppController::learn()
 {
-    if (!m_services.prefs.enabled() || !m_permission.hasAccessibility() || !mayLearn())
+    if (!m_services.prefs.enabled() || !hasAccessibility() || !mayLearn())
         return;
     const DisplayWatcher &watcher = m_services.displayWatcher;
     std::vector<WindowRecord> snapshot = m_snapshotter.snapshot(watcher.displays());
@@ -70,6 +70,18 @@ void AppController::learn()
     saveAsLayout(std::move(snapshot));
     m_usage.record(UsageEvents::Desk{watcher.configID()});
     refreshPanel();
+}
+
+/// Logged when it changes: without it nothing happens, and somebody will look for the reason.
+bool AppController::hasAccessibility()
+{
+    const bool granted = m_permission.hasAccessibility();
+    if (m_loggedPermission.value_or(true) != granted)
+        m_services.log.log(granted
+                               ? QStringLiteral("accessibility: windows can be moved again")
+                               : QStringLiteral("accessibility: windows can't be read or moved"));
+    m_loggedPermission = granted;
+    return granted;
 }
 
 bool AppController::mayLearn() const
@@ -94,12 +106,15 @@ void AppController::deskSettled(const QString &configID, const std::vector<Displ
         return;
     refreshPanel();
     const Layout *layout = m_layouts.layoutFor(configID);
-    m_layoutAwaitsUser = layout != nullptr;
-    const Prefs &prefs = m_services.prefs;
-    if (!prefs.enabled() || !prefs.restoreAutomatically() || !m_permission.hasAccessibility())
-        return;
+    m_layoutAwaitsUser = false;
     if (!layout)
         return;
+    const Prefs &prefs = m_services.prefs;
+    if (!prefs.enabled() || !prefs.restoreAutomatically() || !hasAccessibility()) {
+        m_layoutAwaitsUser = true;
+        m_services.log.log(QStringLiteral("learn: waiting, this desk was not restored"));
+        return;
+    }
     const RestoreReport report = restore(*layout);
     m_panelModel.setLastAction(QStringLiteral("Put back %1 windows").arg(report.restored));
     refreshPanel();
@@ -149,7 +164,7 @@ void AppController::saveLayoutNow()
 void AppController::refreshPanel()
 {
     const DisplayWatcher &watcher = m_services.displayWatcher;
-    m_panelModel.setHasPermission(m_permission.hasAccessibility());
+    m_panelModel.setHasPermission(hasAccessibility());
     m_panelModel.setDeskName(m_layouts.deskName(watcher.configID()));
     m_panelModel.setDisplays(watcher.displays());
     const Layout *layout = currentLayout();

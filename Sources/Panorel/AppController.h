@@ -62,6 +62,7 @@ public:
     void prepareToEnd();
 
 private:
+    bool hasAccessibility();
     bool mayLearn() const;
     void refreshWhileSettling();
     bool displaysAreCurrent() const;
@@ -81,6 +82,7 @@ private:
     WindowSnapshotter m_snapshotter;
     RestoreEngine m_engine;
 
+    std::optional<bool> m_loggedPermission;
     bool m_ending = false;
     bool m_layoutAwaitsUser = false; ///< the desk came back and was not restored
     std::unique_ptr<ScheduledTask> m_learnTimer;

@@ -216,6 +216,7 @@ private Q_SLOTS:
         program.scheduler.advance(1h);
         QVERIFY(program.mailFrame() == clampedPlace);
         QVERIFY(program.layouts().at(0).windows.at(0).frame == rightPlace);
+        QVERIFY(program.logged(QStringLiteral("learn: waiting, this desk was not restored")));
         act(program);
         program.scheduler.advance(1h);
         QVERIFY(program.layouts().at(0).windows.at(0).frame == learned);
@@ -272,6 +273,8 @@ private Q_SLOTS:
         program.panel.onRestoreNow();
         QCOMPARE(program.panel.lastAction(), QStringLiteral("No layout saved yet"));
         QVERIFY(program.logged(QStringLiteral("panel: Restore Now clicked")));
+        QCOMPARE(program.dir.logged().filter(QStringLiteral("accessibility: ")),
+                 QStringList{QStringLiteral("accessibility: windows can't be read or moved")});
         program.panel.onGrantPermission();
         QCOMPARE(program.desktop.prompts, 1);
 
