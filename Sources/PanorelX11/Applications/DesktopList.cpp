@@ -40,10 +40,15 @@ bool runsOthers(const QString &program)
     return names.contains(program);
 }
 
+/// GIO's own answer stops at the first blank, also in quotes.
 QString executableName(GAppInfo *application)
 {
-    const QString program =
-        QFileInfo(QString::fromUtf8(g_app_info_get_executable(application))).fileName();
+    const char *commandLine = g_app_info_get_commandline(application);
+    char **arguments = nullptr;
+    if (!commandLine || !g_shell_parse_argv(commandLine, nullptr, &arguments, nullptr))
+        return {};
+    const QString program = QFileInfo(QString::fromUtf8(arguments[0])).fileName();
+    g_strfreev(arguments);
     return runsOthers(program) ? QString() : program;
 }
 

@@ -1,0 +1,191 @@
+#include "Contracts/UserDefaultsContract.h"
+#include "PanorelX11/Settings/IniUserDefaults.h"
+#include "PanorelX11/Settings/XdgLoginItem.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gio/gdesktopappinfo.h>
+
+#include <cmath>
+#include <numeric>
+
+namespace Panorel::X11 {
+
+namespace {
+
+QByteArray everyByte()
+{
+    QByteArray bytes(256, '\0');
+    std::iota(bytes.begin(), bytes.end(), '\0');
+    return bytes;
+}
+
+/// What a process that has cached nothing reads, one "kind:value" a key.
+QByteArray readBack(const IniUserDefaults &defaults, const QString &key)
+{
+    if (const auto value = defaults.boolean(key))
+        return *value ? "boolean:true" : "boolean:false";
+    if (const auto value = defaults.number(key))
+        return "number:" + QByteArray::number(*value, 'g', 17);
+    if (const auto value = defaults.data(key))
+        return "data:" + value->toHex();
+    return defaults.contains(key) ? "other" : "absent";
+}
+
+} // namespace
+
+class SettingsTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void valuesSurviveTheProcess();
+    void aValueOfAnotherTypeIsAbsent_data();
+    void aValueOfAnotherTypeIsAbsent();
+    void settingsAreForTheirUserOnly();
+    void theLoginItemStartsTheProgramAndGoes();
+
+private:
+    QByteArray inAnotherProcess(const QString &key) const;
+    QString path() const { return m_home->filePath(QStringLiteral("Panorel/Panorel.ini")); }
+
+    std::unique_ptr<QTemporaryDir> m_home;
+};
+
+void SettingsTests::init()
+{
+    m_home = std::make_unique<QTemporaryDir>();
+    qputenv("XDG_CONFIG_HOME", m_home->path().toUtf8());
+}
+
+QByteArray SettingsTests::inAnotherProcess(const QString &key) const
+{
+    QProcess reader;
+    reader.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--read-back"), key});
+    if (!reader.waitForFinished() || reader.exitCode() != 0)
+        return "reader failed";
+    return reader.readAllStandardOutput();
+}
+
+void SettingsTests::valuesSurviveTheProcess()
+{
+    IniUserDefaults defaults;
+    defaults.setBoolean(QStringLiteral("on"), true);
+    defaults.setBoolean(QStringLiteral("off"), false);
+    defaults.setNumber(QStringLiteral("third"), 1.0 / 3);
+    defaults.setNumber(QStringLiteral("whole"), 3);
+    defaults.setData(QStringLiteral("bytes"), everyByte());
+    defaults.setData(QStringLiteral("nothing"), QByteArray(""));
+    defaults.setBoolean(QStringLiteral("removed"), true);
+    defaults.remove(QStringLiteral("removed"));
+
+    const std::pair<const char *, QByteArray> expected[] = {
+        {"on", "boolean:true"},
+        {"off", "boolean:false"},
+        {"third", "number:0.33333333333333331"},
+        {"whole", "number:3"},
+        {"bytes", "data:" + everyByte().toHex()},
+        {"nothing", "data:"},
+        {"removed", "absent"},
+        {"never set", "absent"},
+    };
+    for (const auto &[name, value] : expected) {
+        const QString key = QString::fromLatin1(name);
+        QCOMPARE(readBack(defaults, key), value);
+        QCOMPARE(inAnotherProcess(key), value);
+    }
+}
+
+void SettingsTests::aValueOfAnotherTypeIsAbsent_data()
+{
+    QTest::addColumn<QByteArray>("stored");
+    QTest::addColumn<QByteArray>("read");
+    QTest::newRow("yes is no boolean") << QByteArray("yes") << QByteArray("other");
+    QTest::newRow("text is no number") << QByteArray("abc") << QByteArray("other");
+    QTest::newRow("empty") << QByteArray("") << QByteArray("other");
+    QTest::newRow("nan") << QByteArray("nan") << QByteArray("other");
+    QTest::newRow("infinity") << QByteArray("inf") << QByteArray("other");
+    QTest::newRow("beyond a double") << QByteArray("1e999") << QByteArray("other");
+    QTest::newRow("a list") << QByteArray("1, 2") << QByteArray("other");
+    QTest::newRow("1 is a number only") << QByteArray("1") << QByteArray("number:1");
+    QTest::newRow("edited by hand") << QByteArray("false") << QByteArray("boolean:false");
+}
+
+void SettingsTests::aValueOfAnotherTypeIsAbsent()
+{
+    QFETCH(QByteArray, stored);
+    QDir().mkpath(QFileInfo(path()).path());
+    QFile file(path());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[General]\nkey=" + stored + '\n');
+    file.close();
+    QTEST(readBack(IniUserDefaults(), QStringLiteral("key")), "read");
+}
+
+void SettingsTests::settingsAreForTheirUserOnly()
+{
+    IniUserDefaults defaults;
+    defaults.setNumber(QStringLiteral("bad"), std::nan(""));
+    QVERIFY(!defaults.number(QStringLiteral("bad")));
+    const auto groupAndOthers = QFileDevice::Permissions(0x0077);
+    QVERIFY(QFile::exists(path()));
+    QVERIFY(!(QFile::permissions(path()) & groupAndOthers));
+    // A file that came from elsewhere, readable for all, is closed with the next write.
+    QFile::setPermissions(path(), QFile::permissions(path()) | QFileDevice::ReadOther);
+    defaults.setBoolean(QStringLiteral("more"), true);
+    QVERIFY(!(QFile::permissions(path()) & groupAndOthers));
+}
+
+void SettingsTests::theLoginItemStartsTheProgramAndGoes()
+{
+    const QString file = m_home->filePath(QStringLiteral("autostart/org.panorel.Panorel.desktop"));
+    const QString folder = m_home->filePath(QStringLiteral("a \"$HOME\" `x` \\n 'é"));
+    const QString program = folder + QStringLiteral("/panorel");
+    QVERIFY(QDir().mkpath(folder));
+    QVERIFY(QFile::copy(QStringLiteral("/bin/true"), program));
+
+    XdgLoginItem item(program);
+    item.setRegistered(false);
+    item.setRegistered(true);
+    item.setRegistered(true);
+    // GIO undoes the escapes as a desktop session does, and refuses a program that is not there.
+    GDesktopAppInfo *entry = g_desktop_app_info_new_from_filename(file.toUtf8().constData());
+    QVERIFY(entry);
+    char **arguments = nullptr;
+    QVERIFY(g_shell_parse_argv(g_app_info_get_commandline(G_APP_INFO(entry)), nullptr, &arguments,
+                               nullptr));
+    QCOMPARE(QString::fromUtf8(arguments[0]), program);
+    QVERIFY(!arguments[1]);
+    g_strfreev(arguments);
+    g_object_unref(entry);
+
+    XdgLoginItem(QStringLiteral("/opt/50%f/panorel")).setRegistered(true);
+    QFile written(file);
+    QVERIFY(written.open(QIODevice::ReadOnly));
+    QVERIFY(written.readAll().contains("Exec=\"/opt/50%%f/panorel\"\n"));
+    item.setRegistered(false);
+    QVERIFY(!QFile::exists(file));
+}
+
+} // namespace Panorel::X11
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    const QStringList arguments = application.arguments();
+    if (arguments.value(1) == QLatin1String("--read-back")) {
+        const QByteArray text =
+            Panorel::X11::readBack(Panorel::X11::IniUserDefaults(), arguments.value(2));
+        std::fwrite(text.constData(), 1, size_t(text.size()), stdout);
+        return 0;
+    }
+    const QTemporaryDir folder;
+    Panorel::X11::IniUserDefaults defaults(folder.filePath(QStringLiteral("Panorel.ini")));
+    Panorel::UserDefaultsContract contract(defaults);
+    Panorel::X11::SettingsTests test;
+    return QTest::qExec(&contract) + QTest::qExec(&test, argc, argv);
+}
+#include "SettingsTests.moc"
