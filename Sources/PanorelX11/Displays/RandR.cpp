@@ -77,6 +77,21 @@ std::optional<ConnectedOutput> RandR::output(DisplayNumber number)
 {
     if (!m_available)
         return number == 0 ? std::optional(rootOutput()) : std::nullopt;
+    ConnectedOutput output;
+    State state = readOutput(number, output);
+    // What the server knows of plugs may be older than what it shows: it looks when it is told of
+    // a plug or asked to look. A display that was pulled out stays lit until someone turns it off.
+    if (state == State::LitUnconnected && m_knownUnconnected.insert(number).second) {
+        probe();
+        state = readOutput(number, output);
+    }
+    if (state != State::LitUnconnected)
+        m_knownUnconnected.erase(number);
+    return state == State::Connected ? std::optional(output) : std::nullopt;
+}
+
+RandR::State RandR::readOutput(DisplayNumber number, ConnectedOutput &output)
+{
     constexpr std::uint32_t edidWords = 128 / 4;
     xcb_connection_t *c = m_connection.get();
     const auto informationCookie = xcb_randr_get_output_info(c, number, XCB_CURRENT_TIME);
@@ -86,12 +101,12 @@ std::optional<ConnectedOutput> RandR::output(DisplayNumber number)
         xcb_randr_get_output_info_reply(c, informationCookie, nullptr));
     const XOwned<xcb_randr_get_output_property_reply_t> edid(
         xcb_randr_get_output_property_reply(c, edidCookie, nullptr));
-    if (!information || information->connection == XCB_RANDR_CONNECTION_DISCONNECTED
-        || information->crtc == XCB_NONE)
-        return {};
+    if (!information || information->crtc == XCB_NONE)
+        return State::Off;
+    if (information->connection == XCB_RANDR_CONNECTION_DISCONNECTED)
+        return State::LitUnconnected;
     const auto *name = xcb_randr_get_output_info_name(information.get());
     const int nameLength = xcb_randr_get_output_info_name_length(information.get());
-    ConnectedOutput output;
     output.number = number;
     output.connector = QString::fromUtf8(reinterpret_cast<const char *>(name), nameLength);
     if (edid && edid->format == 8) {
@@ -99,7 +114,15 @@ std::optional<ConnectedOutput> RandR::output(DisplayNumber number)
         output.edid = Edid::parse(
             QByteArray(reinterpret_cast<const char *>(bytes), qsizetype(edid->num_items)));
     }
-    return output;
+    return State::Connected;
+}
+
+void RandR::probe()
+{
+    xcb_connection_t *c = m_connection.get();
+    const auto cookie = xcb_randr_get_screen_resources(c, m_connection.root());
+    const XOwned<xcb_randr_get_screen_resources_reply_t> looked(
+        xcb_randr_get_screen_resources_reply(c, cookie, nullptr));
 }
 
 Size RandR::rootSize()

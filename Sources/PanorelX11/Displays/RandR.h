@@ -6,6 +6,7 @@
 
 #include <xcb/randr.h>
 
+#include <set>
 #include <vector>
 
 namespace Panorel::X11 {
@@ -24,7 +25,8 @@ public:
     /// monitor, on an output with the number 0.
     std::vector<Monitor> monitors();
 
-    /// Absent for an output that is not there, not connected or not lit.
+    /// Absent for an output that is not there, not connected or not lit. The first time a lit
+    /// output is said not to be connected, the server is made to look, which can take a while.
     std::optional<ConnectedOutput> output(DisplayNumber number);
 
     Size rootSize();
@@ -38,11 +40,16 @@ public:
     std::uint8_t firstEvent() const { return m_firstEvent; }
 
 private:
+    enum class State { Off, LitUnconnected, Connected };
+
     std::optional<Monitor> monitor(const xcb_randr_monitor_info_t &information);
+    State readOutput(DisplayNumber number, ConnectedOutput &output);
+    void probe();
 
     XConnection &m_connection;
     bool m_available = false;
     std::uint8_t m_firstEvent = 0;
+    std::set<DisplayNumber> m_knownUnconnected; ///< lit, and the server has looked
 };
 
 } // namespace Panorel::X11
