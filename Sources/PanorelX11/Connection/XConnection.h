@@ -72,6 +72,8 @@ public:
         /// The bytes of a property of format 8; empty for any other.
         QByteArray bytes() const;
         xcb_atom_t type() const;
+        /// Whether the property has format 8, be it empty.
+        bool isText() const { return m_reply && m_reply->format == 8; }
 
     private:
         XOwned<xcb_get_property_reply_t> m_reply;

@@ -1,0 +1,300 @@
+#include "PanorelX11/Windows/Placement.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace Panorel::X11 {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+/// How far a work area may be off and still be meant.
+constexpr double areaTolerance = 3;
+
+constexpr auto firstPatience = 40ms;
+constexpr auto firstPatienceOfSelfDecorated = 120ms;
+constexpr auto longestPatience = 640ms;
+
+/// Clients that decorate themselves animate their shadow, and with it where their frame lies.
+constexpr auto selfDecoratedCalm = 80ms;
+/// Decorations follow a change of state a little later.
+constexpr auto stateChangeCalm = 40ms;
+/// After this long a maximised window that does not fill the work area never will: the window
+/// manager sees another one.
+constexpr auto maximizedCalm = 300ms;
+
+constexpr int requestsForSize = 3;
+constexpr int requestsForMaximizing = 4;
+constexpr int nudge = 8;
+
+bool isNear(double a, double b)
+{
+    return std::abs(a - b) <= areaTolerance;
+}
+
+bool fills(const Rect &frame, const Rect &area)
+{
+    return isNear(frame.minX(), area.minX()) && isNear(frame.minY(), area.minY())
+           && isNear(frame.maxX(), area.maxX()) && isNear(frame.maxY(), area.maxY());
+}
+
+bool hasCentreOf(const Rect &area, const PixelRect &frame)
+{
+    const double x = frame.x + frame.width / 2.0;
+    const double y = frame.y + frame.height / 2.0;
+    return x >= area.minX() && x < area.maxX() && y >= area.minY() && y < area.maxY();
+}
+
+} // namespace
+
+Placement::Placement(xcb_window_t window, const PlacementTarget &target,
+                     const WindowManager &windowManager, TimePoint deadline)
+    : m_window(window), m_target(target), m_windowManager(windowManager), m_deadline(deadline)
+{}
+
+void Placement::begin(const ClientReading &reading, const std::vector<Rect> &workAreas,
+                      bool isUnsure, TimePoint now)
+{
+    m_lastGeometry = reading.geometry;
+    m_stableSince = now;
+    chooseArea(reading, workAreas);
+    chooseRectangle(reading);
+    if (reading.isFullScreen || (!m_target.position && !m_target.size)
+        || (!isUnsure && isAlreadyThere(reading)))
+        return giveUp();
+
+    const bool onItsMonitor = m_area && hasCentreOf(*m_area, reading.geometry.visibleFrame());
+    if (onItsMonitor && reading.isMaximized())
+        startMaximizing(now, reading);
+    else if (reading.isPartlyMaximized())
+        startUnmaximizing(now, reading);
+    else
+        startMoving(reading, now);
+}
+
+void Placement::judge(const std::optional<ClientReading> &reading, TimePoint now,
+                      TimePoint lastAnswer)
+{
+    m_hasChanged = false;
+    if (!reading || reading->isFullScreen || now >= m_deadline)
+        return giveUp();
+    const FrameGeometry &geometry = reading->geometry;
+    if (geometry.client.width != m_lastGeometry.client.width
+        || geometry.client.height != m_lastGeometry.client.height
+        || geometry.decorations != m_lastGeometry.decorations
+        || geometry.shadow != m_lastGeometry.shadow)
+        m_stableSince = now;
+    m_lastGeometry = geometry;
+
+    const bool isAnswered = m_changed > m_sent;
+    const TimePoint due =
+        isAnswered ? mendingTime() : std::max(mendingTime(), lastAnswer + firstPatience);
+    m_isDue = now >= due;
+    m_nextLook = due;
+    switch (m_phase) {
+    case Phase::Unmaximizing:
+        judgeUnmaximizing(*reading, now);
+        break;
+    case Phase::Moving:
+        judgeMoving(*reading, now);
+        break;
+    case Phase::Maximizing:
+        judgeMaximizing(*reading, now);
+        break;
+    case Phase::Done:
+        break;
+    }
+    m_nextLook = std::min(m_nextLook, m_deadline);
+}
+
+void Placement::noteChange(TimePoint now)
+{
+    m_changed = now;
+    m_hasChanged = true;
+}
+
+void Placement::chooseArea(const ClientReading &reading, const std::vector<Rect> &workAreas)
+{
+    if (!m_target.position || !m_windowManager.supports("_NET_WM_STATE_MAXIMIZED_VERT"))
+        return;
+    const Point &position = *m_target.position;
+    const auto isMeant = [&](const Rect &area) {
+        if (m_target.size)
+            return fills(Rect::of(position, *m_target.size), area);
+        return reading.isMaximized() && isNear(position.x, area.x) && isNear(position.y, area.y);
+    };
+    const auto area = std::ranges::find_if(workAreas, isMeant);
+    if (area != workAreas.end())
+        m_area = *area;
+}
+
+void Placement::chooseRectangle(const ClientReading &reading)
+{
+    const PixelRect frame = reading.geometry.visibleFrame();
+    if (m_area) {
+        // Window managers maximise a window on the monitor that it is on; the rectangle is what
+        // it returns to when the user un-maximises it.
+        m_rectangle = movedInto(*m_area, frame);
+        m_aspect = WindowManager::Aspect::PositionAndSize;
+        return;
+    }
+    const Rect current = frame.toRect();
+    m_rectangle = nearestPixels(Rect::of(m_target.position.value_or(current.origin()),
+                                         m_target.size.value_or(current.size())));
+    m_aspect = !m_target.size       ? WindowManager::Aspect::Position
+               : !m_target.position ? WindowManager::Aspect::Size
+                                    : WindowManager::Aspect::PositionAndSize;
+}
+
+void Placement::startUnmaximizing(TimePoint now, const ClientReading &reading)
+{
+    m_phase = Phase::Unmaximizing;
+    m_requests = 0;
+    sendState(false, now, reading);
+}
+
+void Placement::startMoving(const ClientReading &reading, TimePoint now)
+{
+    m_phase = Phase::Moving;
+    m_requests = 0;
+    chooseRectangle(reading);
+    if (m_area && m_rectangle == reading.geometry.visibleFrame())
+        return startMaximizing(now, reading);
+    sendMove(reading, now);
+}
+
+void Placement::startMaximizing(TimePoint now, const ClientReading &reading)
+{
+    m_phase = Phase::Maximizing;
+    m_requests = 0;
+    sendState(true, now, reading);
+}
+
+void Placement::judgeUnmaximizing(const ClientReading &reading, TimePoint now)
+{
+    if (!reading.isPartlyMaximized()) {
+        if (now >= calmTime(reading))
+            startMoving(reading, now);
+        else
+            m_nextLook = calmTime(reading);
+    } else if (m_isDue) {
+        sendState(false, now, reading);
+    }
+}
+
+void Placement::judgeMoving(const ClientReading &reading, TimePoint now)
+{
+    const bool isPositioned = isPositionRight(reading);
+    // A client may refuse a size for reasons that its hints don't tell.
+    const bool isAsGoodAsItGets = isPositioned && m_isDue && m_requests >= requestsForSize
+                                  && now >= m_stableSince + selfDecoratedCalm;
+    if ((isPositioned && isSizeRight(reading)) || isAsGoodAsItGets) {
+        if (now < calmTime(reading))
+            m_nextLook = calmTime(reading);
+        else if (m_area)
+            startMaximizing(now, reading);
+        else
+            m_phase = Phase::Done;
+    } else if (m_isDue) {
+        const bool closeEnough = m_area && hasCentreOf(*m_area, reading.geometry.visibleFrame());
+        if (closeEnough)
+            startMaximizing(now, reading);
+        else
+            sendMove(reading, now);
+    }
+}
+
+void Placement::judgeMaximizing(const ClientReading &reading, TimePoint now)
+{
+    const PixelRect frame = reading.geometry.visibleFrame();
+    if (reading.isMaximized() && hasCentreOf(*m_area, frame)) {
+        const auto calm =
+            fills(frame.toRect(), *m_area) ? calmTime(reading) : m_stableSince + maximizedCalm;
+        if (now >= calm)
+            m_phase = Phase::Done;
+        else
+            m_nextLook = calm;
+    } else if (m_isDue && m_requests < requestsForMaximizing) {
+        sendState(true, now, reading);
+    } else if (m_isDue && m_target.size && !reading.isPartlyMaximized()) {
+        // It can't be maximised; its rectangle can still be had.
+        m_area.reset();
+        startMoving(reading, now);
+    }
+}
+
+void Placement::sendMove(const ClientReading &reading, TimePoint now)
+{
+    const PixelRect client = reading.geometry.clientFor(m_rectangle);
+    const Extents &decorations = reading.geometry.decorations;
+    const auto place = [&](const PixelRect &to) {
+        m_windowManager.place(m_window, to, m_aspect, decorations, reading.hints.gravity);
+    };
+    const bool isMisplaced = !isPositionRight(reading);
+    if (m_requests == 1 && isMisplaced) {
+        m_windowManager.placeStatic(m_window, client, m_aspect);
+    } else {
+        // A window manager that believes the window to be there already does nothing; it has to
+        // be led away first.
+        if (m_requests == 2 && isMisplaced)
+            place({client.x + nudge, client.y + nudge, client.width, client.height});
+        place(client);
+    }
+    countRequest(now, reading);
+}
+
+void Placement::sendState(bool maximized, TimePoint now, const ClientReading &reading)
+{
+    m_windowManager.setMaximized(m_window, maximized);
+    m_stateChanged = true;
+    // Calm is counted from here: the extents of before are not yet those that go with the state.
+    m_stableSince = now;
+    countRequest(now, reading);
+}
+
+void Placement::countRequest(TimePoint now, const ClientReading &reading)
+{
+    const auto first =
+        reading.geometry.decoratesItself() ? firstPatienceOfSelfDecorated : firstPatience;
+    m_patience = std::min<std::chrono::milliseconds>(first * (1 << std::min(m_requests, 4)),
+                                                     longestPatience);
+    m_requests += 1;
+    m_sent = now;
+    m_nextLook = mendingTime();
+}
+
+bool Placement::isPositionRight(const ClientReading &reading) const
+{
+    const PixelRect frame = reading.geometry.visibleFrame();
+    return m_aspect == WindowManager::Aspect::Size
+           || (frame.x == m_rectangle.x && frame.y == m_rectangle.y);
+}
+
+bool Placement::isSizeRight(const ClientReading &reading) const
+{
+    if (m_aspect == WindowManager::Aspect::Position)
+        return true;
+    const auto sameSize = [&](const PixelRect &wanted) {
+        return reading.geometry.client.width == wanted.width
+               && reading.geometry.client.height == wanted.height;
+    };
+    const PixelRect wanted = reading.geometry.clientFor(m_rectangle);
+    return sameSize(wanted) || sameSize(reading.hints.constrained(wanted));
+}
+
+bool Placement::isAlreadyThere(const ClientReading &reading) const
+{
+    if (m_area)
+        return reading.isMaximized() && fills(reading.geometry.visibleFrame().toRect(), *m_area);
+    return isPositionRight(reading) && isSizeRight(reading);
+}
+
+Placement::TimePoint Placement::calmTime(const ClientReading &reading) const
+{
+    if (reading.geometry.decoratesItself())
+        return m_stableSince + selfDecoratedCalm;
+    return m_stateChanged ? m_stableSince + stateChangeCalm : m_stableSince;
+}
+
+} // namespace Panorel::X11

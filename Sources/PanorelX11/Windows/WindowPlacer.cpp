@@ -1,0 +1,163 @@
+#include "PanorelX11/Windows/WindowPlacer.h"
+
+#include <algorithm>
+#include <array>
+
+namespace Panorel::X11 {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto patience = 2s;
+/// For some time after a change of the displays window managers still clamp to the old ones.
+constexpr auto patienceAfterDisplayChange = 6s;
+constexpr auto recentDisplayChange = 10s;
+
+/// The properties that a window's visible frame and state are read from.
+constexpr std::array watchedProperties{"_NET_WM_STATE", "_NET_FRAME_EXTENTS", "_GTK_FRAME_EXTENTS"};
+
+/// The window that an event tells a change of; none for events of other kinds.
+xcb_window_t changedWindow(const XConnection &connection, const xcb_generic_event_t &event)
+{
+    switch (eventCode(event)) {
+    case XCB_CONFIGURE_NOTIFY:
+        return reinterpret_cast<const xcb_configure_notify_event_t &>(event).window;
+    case XCB_REPARENT_NOTIFY:
+        return reinterpret_cast<const xcb_reparent_notify_event_t &>(event).window;
+    case XCB_UNMAP_NOTIFY:
+        return reinterpret_cast<const xcb_unmap_notify_event_t &>(event).window;
+    case XCB_DESTROY_NOTIFY:
+        return reinterpret_cast<const xcb_destroy_notify_event_t &>(event).window;
+    case XCB_PROPERTY_NOTIFY: {
+        const auto &notify = reinterpret_cast<const xcb_property_notify_event_t &>(event);
+        const bool isWatched = std::ranges::any_of(watchedProperties, [&](const char *property) {
+            return connection.atom(property) == notify.atom;
+        });
+        return isWatched ? notify.window : xcb_window_t(XCB_WINDOW_NONE);
+    }
+    default:
+        return XCB_WINDOW_NONE;
+    }
+}
+
+bool contains(const PixelRect &rect, const Point &point)
+{
+    return point.x >= rect.x && point.x < rect.x + rect.width && point.y >= rect.y
+           && point.y < rect.y + rect.height;
+}
+
+} // namespace
+
+WindowPlacer::WindowPlacer(const XConnection &connection, EventPump &pump,
+                           const ClientReader &reader, const WindowManager &windowManager,
+                           Monitors &monitors)
+    : m_connection(connection), m_pump(pump), m_reader(reader), m_windowManager(windowManager),
+      m_monitors(monitors)
+{
+    pump.addListener([this](const xcb_generic_event_t &event) { noteEvent(event); });
+}
+
+void WindowPlacer::place(xcb_window_t window, const PlacementTarget &target)
+{
+    const auto workAreas = m_monitors.workAreas();
+    const bool isUnsure = m_pending.erase(window) > 0;
+    const auto reading = m_reader.read(window);
+    if (!reading)
+        return;
+    const auto now = std::chrono::steady_clock::now();
+    const auto lastChange = m_monitors.lastChange();
+    const bool displaysChanged = lastChange && now - *lastChange < recentDisplayChange;
+    Placement placement(window, target, m_windowManager,
+                        now + (displaysChanged ? patienceAfterDisplayChange : patience));
+    placement.begin(*reading, workAreas, isUnsure, now);
+    m_connection.flush();
+    if (placement.isDone())
+        return;
+    m_pending.emplace(window, Pending{std::move(placement), m_monitors.changeCount()});
+    if (m_nextLookChanged)
+        m_nextLookChanged();
+}
+
+std::optional<PixelRect> WindowPlacer::awaitFrame(xcb_window_t window)
+{
+    m_pump.drain();
+    while (m_pending.contains(window)) {
+        look();
+        if (m_pending.contains(window))
+            m_pump.waitUntil(*nextLook());
+    }
+    const auto reading = m_reader.read(window);
+    return reading ? std::optional(reading->geometry.visibleFrame()) : std::nullopt;
+}
+
+void WindowPlacer::processEvents()
+{
+    m_pump.drain();
+    look();
+}
+
+std::optional<WindowPlacer::TimePoint> WindowPlacer::nextLook() const
+{
+    if (m_pending.empty())
+        return std::nullopt;
+    TimePoint earliest = TimePoint::max();
+    for (const auto &[window, pending] : m_pending)
+        earliest = std::min(
+            earliest, pending.placement.hasChanged() ? TimePoint{} : pending.placement.nextLook());
+    return earliest;
+}
+
+void WindowPlacer::noteEvent(const xcb_generic_event_t &event)
+{
+    const auto pending = m_pending.find(changedWindow(m_connection, event));
+    if (pending == m_pending.end())
+        return;
+    m_lastAnswer = std::chrono::steady_clock::now();
+    pending->second.placement.noteChange(m_lastAnswer);
+}
+
+void WindowPlacer::look()
+{
+    // What was asked for on the displays of before is not what the user wants on these.
+    std::erase_if(m_pending, [&](const auto &entry) {
+        return entry.second.displayChanges != m_monitors.changeCount();
+    });
+    const auto now = std::chrono::steady_clock::now();
+    std::vector<xcb_window_t> windows;
+    bool isMending = false;
+    for (const auto &[window, pending] : m_pending) {
+        if (!pending.placement.hasChanged() && pending.placement.nextLook() > now)
+            continue;
+        windows.push_back(window);
+        isMending = isMending || pending.placement.mendingTime() <= now;
+    }
+    if (windows.empty())
+        return;
+
+    const auto pointer = isMending ? pointerWithButtonDown() : std::nullopt;
+    const auto readings = m_reader.read(windows);
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        Placement &placement = m_pending.at(windows[i]).placement;
+        const bool isHeld = pointer && readings[i] && placement.mendingTime() <= now
+                            && contains(readings[i]->geometry.visibleFrame(), *pointer);
+        if (isHeld)
+            placement.giveUp();
+        else
+            placement.judge(readings[i], now, m_lastAnswer);
+    }
+    m_connection.flush();
+    std::erase_if(m_pending, [](const auto &entry) { return entry.second.placement.isDone(); });
+}
+
+std::optional<Point> WindowPlacer::pointerWithButtonDown() const
+{
+    const XOwned<xcb_query_pointer_reply_t> pointer(xcb_query_pointer_reply(
+        m_connection.get(), xcb_query_pointer(m_connection.get(), m_connection.root()), nullptr));
+    const int buttons = XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3;
+    if (!pointer || !(pointer->mask & buttons))
+        return std::nullopt;
+    return Point{double(pointer->root_x), double(pointer->root_y)};
+}
+
+} // namespace Panorel::X11

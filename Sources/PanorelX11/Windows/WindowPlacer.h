@@ -1,0 +1,64 @@
+#pragma once
+
+#include "PanorelX11/Windows/ClientReader.h"
+#include "PanorelX11/Windows/Monitors.h"
+#include "PanorelX11/Windows/Placement.h"
+#include "PanorelX11/Windows/WindowManager.h"
+
+#include <functional>
+#include <map>
+
+namespace Panorel::X11 {
+
+/// Places windows: many at a time, each until it is in place, has gone, or its time is over.
+///
+/// place() sends at once and waits for no window. What it began goes on whenever somebody waits
+/// for a frame or calls processEvents(), and ends for good with the next change of the displays,
+/// with a newer request for the window, and when the user takes hold of it.
+class WindowPlacer {
+public:
+    using TimePoint = EventPump::TimePoint;
+
+    /// All of them outlive it.
+    WindowPlacer(const XConnection &connection, EventPump &pump, const ClientReader &reader,
+                 const WindowManager &windowManager, Monitors &monitors);
+
+    void place(xcb_window_t window, const PlacementTarget &target);
+
+    /// The visible frame where the window came to rest; while it is being placed, waits for that.
+    /// Absent where it has gone.
+    std::optional<PixelRect> awaitFrame(xcb_window_t window);
+
+    /// Takes up where events or the time allow it. Never waits for a window.
+    void processEvents();
+
+    /// When processEvents() is due even if no event comes; absent while nothing is being placed.
+    std::optional<TimePoint> nextLook() const;
+
+    /// Called whenever nextLook() may have become earlier.
+    void setNextLookCallback(std::function<void()> changed)
+    {
+        m_nextLookChanged = std::move(changed);
+    }
+
+private:
+    struct Pending {
+        Placement placement;
+        std::uint64_t displayChanges; ///< as many as there had been at the sending
+    };
+
+    void noteEvent(const xcb_generic_event_t &event);
+    void look();
+    std::optional<Point> pointerWithButtonDown() const;
+
+    const XConnection &m_connection;
+    EventPump &m_pump;
+    const ClientReader &m_reader;
+    const WindowManager &m_windowManager;
+    Monitors &m_monitors;
+    std::map<xcb_window_t, Pending> m_pending;
+    TimePoint m_lastAnswer{};
+    std::function<void()> m_nextLookChanged;
+};
+
+} // namespace Panorel::X11

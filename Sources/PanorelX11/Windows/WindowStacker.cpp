@@ -1,0 +1,122 @@
+#include "PanorelX11/Windows/WindowStacker.h"
+
+#include <algorithm>
+
+namespace Panorel::X11 {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto stackingPatience = 200ms;
+/// Within this a window manager has handled an activation, whether it announced it or not.
+constexpr auto activationPatience = 80ms;
+constexpr auto focusPatience = 150ms;
+
+} // namespace
+
+WindowStacker::WindowStacker(const XConnection &connection, EventPump &pump,
+                             ClientRegistry &registry, const ClientReader &reader,
+                             const WindowManager &windowManager)
+    : m_connection(connection), m_pump(pump), m_registry(registry), m_reader(reader),
+      m_windowManager(windowManager)
+{}
+
+void WindowStacker::raise(const std::vector<xcb_window_t> &backToFront)
+{
+    const auto windows = raisable(backToFront);
+    if (windows.empty() || isStacked(windows))
+        return;
+    if (!m_windowManager.supports("_NET_RESTACK_WINDOW"))
+        return raiseByActivating(windows);
+    for (const xcb_window_t window : windows)
+        m_windowManager.stackOnTop(window);
+    waitFor([&] { return isStacked(windows); }, stackingPatience);
+}
+
+std::vector<xcb_window_t>
+WindowStacker::raisable(const std::vector<xcb_window_t> &backToFront) const
+{
+    const auto readings = m_reader.read(backToFront);
+    std::vector<xcb_window_t> windows;
+    for (std::size_t i = 0; i < backToFront.size(); ++i) {
+        if (readings[i] && !readings[i]->isMinimized && readings[i]->isOnCurrentDesktop)
+            windows.push_back(backToFront[i]);
+    }
+    return windows;
+}
+
+bool WindowStacker::isStacked(const std::vector<xcb_window_t> &backToFront)
+{
+    const auto clients = m_registry.frontToBack();
+    if (!clients)
+        return false;
+    std::vector<xcb_window_t> ordinary;
+    for (const auto &client : *clients) {
+        if (client.facts.isOrdinary())
+            ordinary.push_back(client.window);
+    }
+    // Only windows that could be above the raised ones: those that are kept above stay there.
+    const auto readings = m_reader.read(ordinary);
+    auto next = backToFront.rbegin();
+    for (std::size_t i = 0; i < ordinary.size() && next != backToFront.rend(); ++i) {
+        if (ordinary[i] == *next)
+            ++next;
+        else if (std::ranges::find(backToFront, ordinary[i]) != backToFront.end())
+            return false;
+        else if (readings[i] && readings[i]->isOnCurrentDesktop && !readings[i]->isMinimized
+                 && !readings[i]->isKeptAboveOrBelow && !readings[i]->isFullScreen)
+            return false;
+    }
+    return next == backToFront.rend();
+}
+
+void WindowStacker::raiseByActivating(const std::vector<xcb_window_t> &backToFront)
+{
+    const auto before = focus();
+    for (const xcb_window_t window : backToFront)
+        m_windowManager.activate(window);
+    waitFor([&] { return activeWindow() == backToFront.back(); }, activationPatience);
+    if (!before)
+        return;
+    // Set by hand: to activate the window again would raise it. Twice, because an activation that
+    // is handled late takes the focus once more.
+    for (int round = 0; round < 2; ++round) {
+        xcb_set_input_focus(m_connection.get(), before->revertTo, before->window, XCB_CURRENT_TIME);
+        if (waitFor([&] { return activeWindow() == before->active; }, focusPatience))
+            break;
+    }
+    waitFor([&] { return isStacked(backToFront); }, stackingPatience);
+}
+
+std::optional<WindowStacker::Focus> WindowStacker::focus() const
+{
+    const XOwned<xcb_get_input_focus_reply_t> reply(xcb_get_input_focus_reply(
+        m_connection.get(), xcb_get_input_focus(m_connection.get()), nullptr));
+    if (!reply)
+        return std::nullopt;
+    return Focus{reply->focus, activeWindow(), reply->revert_to};
+}
+
+xcb_window_t WindowStacker::activeWindow() const
+{
+    return PropertyRequest(m_connection, m_connection.root(),
+                           m_connection.atom("_NET_ACTIVE_WINDOW"))
+        .collect()
+        .value32()
+        .value_or(XCB_WINDOW_NONE);
+}
+
+template <typename Condition>
+bool WindowStacker::waitFor(Condition condition, std::chrono::milliseconds atMost)
+{
+    const auto end = std::chrono::steady_clock::now() + atMost;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() >= end || !m_connection.alive())
+            return false;
+        m_pump.waitUntil(end);
+    }
+    return true;
+}
+
+} // namespace Panorel::X11

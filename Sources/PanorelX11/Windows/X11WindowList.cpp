@@ -1,0 +1,26 @@
+#include "PanorelX11/Windows/X11WindowList.h"
+
+namespace Panorel::X11 {
+
+std::optional<std::vector<WindowListEntry>> X11WindowList::onScreenWindows()
+{
+    const auto clients = m_registry.frontToBack();
+    if (!clients)
+        return std::nullopt;
+    std::vector<xcb_window_t> ids;
+    for (const auto &client : *clients)
+        ids.push_back(client.window);
+    const auto readings = m_reader.read(ids);
+
+    std::vector<WindowListEntry> entries;
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        if (!readings[i] || readings[i]->isMinimized)
+            continue;
+        const ClientFacts &facts = (*clients)[i].facts;
+        entries.push_back({facts.layer, facts.application,
+                           readings[i]->geometry.visibleFrame().toRect(), readings[i]->opacity});
+    }
+    return entries;
+}
+
+} // namespace Panorel::X11
