@@ -1,0 +1,160 @@
+// A window with whatever properties the desktop tests need. Prints the window's id when it is
+// mapped; ends on SIGTERM, or as told on standard input.
+
+#include <QByteArray>
+#include <QCommandLineParser>
+#include <QCoreApplication>
+
+#include <xcb/xcb.h>
+#include <xcb/xcb_icccm.h>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <poll.h>
+#include <unistd.h>
+
+namespace {
+
+struct Window {
+    xcb_connection_t *connection;
+    xcb_window_t id;
+};
+
+xcb_atom_t atom(const Window &window, const char *name)
+{
+    const auto cookie =
+        xcb_intern_atom(window.connection, false, static_cast<std::uint16_t>(qstrlen(name)), name);
+    xcb_intern_atom_reply_t *reply = xcb_intern_atom_reply(window.connection, cookie, nullptr);
+    const xcb_atom_t result = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    std::free(reply);
+    return result;
+}
+
+void setText(const Window &window, const char *property, const char *type, const QByteArray &text)
+{
+    xcb_change_property(window.connection, XCB_PROP_MODE_REPLACE, window.id, atom(window, property),
+                        atom(window, type), 8, static_cast<std::uint32_t>(text.size()),
+                        text.constData());
+}
+
+void setNumbers(const Window &window, const char *property, const char *type,
+                const std::vector<std::uint32_t> &numbers)
+{
+    xcb_change_property(window.connection, XCB_PROP_MODE_REPLACE, window.id, atom(window, property),
+                        atom(window, type), 32, static_cast<std::uint32_t>(numbers.size()),
+                        numbers.data());
+}
+
+/// "LEFT,RIGHT,TOP,BOTTOM[,eight ends]" as the window managers' specification orders them.
+void becomePanel(const Window &window, const QString &strut)
+{
+    std::vector<std::uint32_t> sides;
+    for (const QString &number : strut.split(u','))
+        sides.push_back(number.toUInt());
+    setNumbers(window, sides.size() == 12 ? "_NET_WM_STRUT_PARTIAL" : "_NET_WM_STRUT", "CARDINAL",
+               sides);
+    setNumbers(window, "_NET_WM_WINDOW_TYPE", "ATOM", {atom(window, "_NET_WM_WINDOW_TYPE_DOCK")});
+}
+
+void describe(const Window &window, const QCommandLineParser &options)
+{
+    // A raw title is given in hexadecimal: it need not be text at all.
+    const QByteArray title =
+        options.isSet(QStringLiteral("raw-title"))
+            ? QByteArray::fromHex(options.value(QStringLiteral("raw-title")).toLatin1())
+            : options.value(QStringLiteral("title")).toUtf8();
+    setText(window, "_NET_WM_NAME", "UTF8_STRING", title);
+    setText(window, "WM_NAME", "STRING", title);
+    const QByteArray name = options.value(QStringLiteral("class")).toLatin1();
+    setText(window, "WM_CLASS", "STRING", name.toLower() + '\0' + name + '\0');
+
+    xcb_size_hints_t hints{};
+    xcb_icccm_size_hints_set_win_gravity(
+        &hints, static_cast<xcb_gravity_t>(options.value(QStringLiteral("gravity")).toInt()));
+    const QStringList place = options.value(QStringLiteral("geometry")).split(u',');
+    xcb_icccm_size_hints_set_position(&hints, 1, place.value(0).toInt(), place.value(1).toInt());
+    xcb_icccm_set_wm_normal_hints(window.connection, window.id, &hints);
+    if (options.isSet(QStringLiteral("strut")))
+        becomePanel(window, options.value(QStringLiteral("strut")));
+}
+
+Window create(const QCommandLineParser &options)
+{
+    Window window{xcb_connect(nullptr, nullptr), XCB_WINDOW_NONE};
+    if (xcb_connection_has_error(window.connection))
+        std::exit(1);
+    const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(window.connection)).data;
+    const QStringList place = options.value(QStringLiteral("geometry")).split(u',');
+    window.id = xcb_generate_id(window.connection);
+    const std::array<std::uint32_t, 2> values{screen->white_pixel, XCB_EVENT_MASK_STRUCTURE_NOTIFY};
+    xcb_create_window(window.connection, XCB_COPY_FROM_PARENT, window.id, screen->root,
+                      place.value(0).toShort(), place.value(1).toShort(), place.value(2).toUShort(),
+                      place.value(3).toUShort(), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                      screen->root_visual, XCB_CW_BACK_PIXEL | XCB_CW_EVENT_MASK, values.data());
+    return window;
+}
+
+/// True once the window should die because it was moved.
+bool readEvents(const Window &window, bool dieWhenMoved)
+{
+    bool moved = false;
+    while (xcb_generic_event_t *event = xcb_poll_for_event(window.connection)) {
+        const int kind = event->response_type & 0x7F;
+        if (kind == XCB_MAP_NOTIFY) {
+            std::printf("%u\n", window.id);
+            std::fflush(stdout);
+        }
+        moved = moved || kind == XCB_CONFIGURE_NOTIFY;
+        std::free(event);
+    }
+    return moved && dieWhenMoved;
+}
+
+void serve(const Window &window)
+{
+    bool dieWhenMoved = false;
+    std::array<pollfd, 2> sources{
+        pollfd{.fd = xcb_get_file_descriptor(window.connection), .events = POLLIN, .revents = 0},
+        pollfd{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0}};
+    while (!xcb_connection_has_error(window.connection)) {
+        if (readEvents(window, dieWhenMoved))
+            _exit(0);
+        poll(sources.data(), sources.size(), -1);
+        if (sources[1].revents == 0)
+            continue;
+        std::array<char, 64> line{};
+        if (read(STDIN_FILENO, line.data(), line.size() - 1) <= 0)
+            return;
+        dieWhenMoved = QByteArray(line.data()).contains("die when moved");
+        std::puts("ready");
+        std::fflush(stdout);
+    }
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    QCommandLineParser options;
+    options.addOptions({
+        {QStringLiteral("title"), {}, QStringLiteral("text")},
+        {QStringLiteral("raw-title"), {}, QStringLiteral("hexadecimal")},
+        {QStringLiteral("class"), {}, QStringLiteral("name"), QStringLiteral("Panorel-test")},
+        {QStringLiteral("geometry"),
+         {},
+         QStringLiteral("x,y,width,height"),
+         QStringLiteral("40,60,400,300")},
+        {QStringLiteral("gravity"), {}, QStringLiteral("number"), QStringLiteral("1")},
+        {QStringLiteral("strut"), {}, QStringLiteral("left,right,top,bottom")},
+    });
+    options.process(application);
+    const Window window = create(options);
+    describe(window, options);
+    xcb_map_window(window.connection, window.id);
+    xcb_flush(window.connection);
+    serve(window);
+    xcb_disconnect(window.connection);
+    return 0;
+}

@@ -1,0 +1,72 @@
+#include "Desktop/Support/ChildProcess.h"
+
+#include <QTest>
+
+#include <csignal>
+#include <sys/prctl.h>
+
+namespace Panorel::Desktop {
+
+ChildProcess::ChildProcess(const QString &program, const QStringList &arguments)
+{
+    m_process.setProgram(program);
+    m_process.setArguments(arguments);
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGKILL); });
+}
+
+ChildProcess::~ChildProcess()
+{
+    end();
+}
+
+void ChildProcess::start()
+{
+    m_process.start();
+    if (!m_process.waitForStarted())
+        qFatal("cannot start %s: %s", qPrintable(m_process.program()),
+               qPrintable(m_process.errorString()));
+}
+
+QString ChildProcess::readLine()
+{
+    while (!m_process.canReadLine()) {
+        if (!m_process.waitForReadyRead(20'000))
+            qFatal("%s printed nothing", qPrintable(m_process.program()));
+    }
+    return QString::fromUtf8(m_process.readLine()).trimmed();
+}
+
+void ChildProcess::write(const QByteArray &line)
+{
+    m_process.write(line + '\n');
+    m_process.waitForBytesWritten();
+}
+
+void ChildProcess::end()
+{
+    if (!running())
+        return;
+    m_process.terminate();
+    if (!m_process.waitForFinished(5'000))
+        killNow();
+}
+
+void ChildProcess::killNow()
+{
+    m_process.kill();
+    m_process.waitForFinished(5'000);
+}
+
+bool waitUntil(const std::function<bool()> &condition, int milliseconds)
+{
+    return QTest::qWaitFor(condition, milliseconds);
+}
+
+void require(const std::function<bool()> &condition, const char *description)
+{
+    if (!waitUntil(condition, 20'000))
+        qFatal("the test desktop did not come to: %s", description);
+}
+
+} // namespace Panorel::Desktop

@@ -1,0 +1,266 @@
+#include "Desktop/Support/DesktopProbe.h"
+
+#include "Desktop/Support/ChildProcess.h"
+
+#include <QElapsedTimer>
+
+#include <xcb/randr.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+namespace Panorel::Desktop {
+namespace {
+
+struct Free {
+    void operator()(void *memory) const { std::free(memory); }
+};
+template <typename T> using Reply = std::unique_ptr<T, Free>;
+
+constexpr std::uint32_t northWest = 1;
+constexpr std::uint32_t allFour = 0xF << 8;
+constexpr std::uint32_t pager = 2; // source indication
+
+} // namespace
+
+DesktopProbe::DesktopProbe() : m_connection(xcb_connect(nullptr, nullptr))
+{
+    if (xcb_connection_has_error(m_connection.get()))
+        qFatal("no X server at %s", qgetenv("DISPLAY").constData());
+    m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root;
+}
+
+xcb_atom_t DesktopProbe::atom(const char *name) const
+{
+    const auto cookie = xcb_intern_atom(m_connection.get(), false,
+                                        static_cast<std::uint16_t>(std::strlen(name)), name);
+    const Reply<xcb_intern_atom_reply_t> reply(
+        xcb_intern_atom_reply(m_connection.get(), cookie, nullptr));
+    return reply ? reply->atom : XCB_ATOM_NONE;
+}
+
+QByteArray DesktopProbe::bytes(xcb_window_t window, const char *property) const
+{
+    const auto cookie = xcb_get_property(m_connection.get(), false, window, atom(property),
+                                         XCB_ATOM_ANY, 0, 1 << 20);
+    const Reply<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(m_connection.get(), cookie, nullptr));
+    if (!reply)
+        return {};
+    return {static_cast<const char *>(xcb_get_property_value(reply.get())),
+            xcb_get_property_value_length(reply.get())};
+}
+
+std::vector<std::uint32_t> DesktopProbe::values(xcb_window_t window, const char *property) const
+{
+    const QByteArray raw = bytes(window, property);
+    std::vector<std::uint32_t> result(static_cast<std::size_t>(raw.size()) / 4);
+    std::memcpy(result.data(), raw.constData(), result.size() * 4);
+    return result;
+}
+
+std::vector<xcb_window_t> DesktopProbe::stacking() const
+{
+    return values(m_root, "_NET_CLIENT_LIST_STACKING");
+}
+
+std::vector<QString> DesktopProbe::stackedTitles() const
+{
+    std::vector<QString> titles;
+    for (const xcb_window_t window : stacking())
+        titles.push_back(title(window));
+    return titles;
+}
+
+QString DesktopProbe::title(xcb_window_t window) const
+{
+    const QByteArray modern = bytes(window, "_NET_WM_NAME");
+    return modern.isEmpty() ? QString::fromLatin1(bytes(window, "WM_NAME"))
+                            : QString::fromUtf8(modern);
+}
+
+std::optional<xcb_window_t> DesktopProbe::find(const QString &wanted) const
+{
+    const std::vector<xcb_window_t> windows = stacking();
+    const auto found =
+        std::ranges::find_if(windows, [&](xcb_window_t window) { return title(window) == wanted; });
+    return found == windows.end() ? std::nullopt : std::optional(*found);
+}
+
+std::optional<Rect> DesktopProbe::frame(xcb_window_t window) const
+{
+    const auto geometry = xcb_get_geometry(m_connection.get(), window);
+    const auto place = xcb_translate_coordinates(m_connection.get(), window, m_root, 0, 0);
+    const Reply<xcb_get_geometry_reply_t> size(
+        xcb_get_geometry_reply(m_connection.get(), geometry, nullptr));
+    const Reply<xcb_translate_coordinates_reply_t> origin(
+        xcb_translate_coordinates_reply(m_connection.get(), place, nullptr));
+    if (!size || !origin)
+        return std::nullopt;
+
+    // Both properties: left, right, top, bottom. Shadows are part of the client, decorations not.
+    std::vector<std::uint32_t> shadow = values(window, "_GTK_FRAME_EXTENTS");
+    std::vector<std::uint32_t> decoration = values(window, "_NET_FRAME_EXTENTS");
+    shadow.resize(4);
+    decoration.resize(4);
+    const bool shadowed = std::ranges::any_of(shadow, [](std::uint32_t side) { return side != 0; });
+    double grow[4];
+    for (std::size_t i = 0; i < 4; ++i)
+        grow[i] = shadowed ? -double(shadow[i]) : double(decoration[i]);
+    return Rect{origin->dst_x - grow[0], origin->dst_y - grow[2], size->width + grow[0] + grow[1],
+                size->height + grow[2] + grow[3]};
+}
+
+Rect DesktopProbe::restingFrame(xcb_window_t window) const
+{
+    // GTK animates the shadow of its windows: at rest means unchanged for longer than one step.
+    std::optional<Rect> last;
+    QElapsedTimer unchanged;
+    unchanged.start();
+    require(
+        [&] {
+            const std::optional<Rect> now = frame(window);
+            if (now != last)
+                unchanged.restart();
+            last = now;
+            return last && unchanged.elapsed() > 120;
+        },
+        "a window at rest");
+    return *last;
+}
+
+bool DesktopProbe::hasState(xcb_window_t window, const char *state) const
+{
+    const std::vector<std::uint32_t> states = values(window, "_NET_WM_STATE");
+    return std::ranges::find(states, atom(state)) != states.end();
+}
+
+void DesktopProbe::message(xcb_window_t window, const char *type,
+                           const std::vector<std::uint32_t> &data)
+{
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = atom(type);
+    std::ranges::copy(data, event.data.data32);
+    xcb_send_event(m_connection.get(), false, m_root,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char *>(&event));
+    xcb_flush(m_connection.get());
+}
+
+void DesktopProbe::setState(xcb_window_t window, bool on, const char *first, const char *second)
+{
+    message(window, "_NET_WM_STATE",
+            {on ? 1U : 0U, atom(first), second ? atom(second) : XCB_ATOM_NONE, pager});
+}
+
+void DesktopProbe::minimise(xcb_window_t window)
+{
+    message(window, "WM_CHANGE_STATE", {3});
+}
+
+void DesktopProbe::move(xcb_window_t window, const Rect &target)
+{
+    const std::optional<Rect> now = frame(window);
+    const auto geometry = xcb_get_geometry(m_connection.get(), window);
+    const Reply<xcb_get_geometry_reply_t> client(
+        xcb_get_geometry_reply(m_connection.get(), geometry, nullptr));
+    if (!now || !client)
+        return;
+    // The frame and the client differ by the same margins before and after. North-west gravity
+    // places the outer corner, which for client-decorated windows is that of the shadow.
+    std::vector<std::uint32_t> shadow = values(window, "_GTK_FRAME_EXTENTS");
+    shadow.resize(4);
+    const auto coordinate = [](double value) {
+        return static_cast<std::uint32_t>(static_cast<std::int32_t>(value));
+    };
+    message(window, "_NET_MOVERESIZE_WINDOW",
+            {northWest | allFour | pager << 12, coordinate(target.x - shadow[0]),
+             coordinate(target.y - shadow[2]),
+             coordinate(target.width - now->width + client->width),
+             coordinate(target.height - now->height + client->height)});
+}
+
+void DesktopProbe::activate(xcb_window_t window)
+{
+    message(window, "_NET_ACTIVE_WINDOW", {pager, XCB_CURRENT_TIME, XCB_WINDOW_NONE});
+}
+
+void DesktopProbe::sendToDesktop(xcb_window_t window, std::uint32_t desktop)
+{
+    message(window, "_NET_WM_DESKTOP", {desktop, pager});
+}
+
+std::optional<xcb_window_t> DesktopProbe::activeWindow() const
+{
+    const std::vector<std::uint32_t> active = values(m_root, "_NET_ACTIVE_WINDOW");
+    return active.empty() || active[0] == XCB_WINDOW_NONE ? std::nullopt : std::optional(active[0]);
+}
+
+std::optional<std::uint32_t> DesktopProbe::desktopOf(xcb_window_t window) const
+{
+    const std::vector<std::uint32_t> desktop = values(window, "_NET_WM_DESKTOP");
+    return desktop.empty() ? std::nullopt : std::optional(desktop[0]);
+}
+
+std::optional<std::uint32_t> DesktopProbe::currentDesktop() const
+{
+    const std::vector<std::uint32_t> desktop = values(m_root, "_NET_CURRENT_DESKTOP");
+    return desktop.empty() ? std::nullopt : std::optional(desktop[0]);
+}
+
+void DesktopProbe::setDesktopCount(std::uint32_t count)
+{
+    message(m_root, "_NET_NUMBER_OF_DESKTOPS", {count});
+    require(
+        [&] {
+            return values(m_root, "_NET_NUMBER_OF_DESKTOPS") == std::vector<std::uint32_t>{count};
+        },
+        "the number of desktops");
+}
+
+bool DesktopProbe::hasWindowManager() const
+{
+    const std::vector<std::uint32_t> check = values(m_root, "_NET_SUPPORTING_WM_CHECK");
+    return !check.empty() && values(check[0], "_NET_SUPPORTING_WM_CHECK") == check;
+}
+
+void DesktopProbe::setOutputProperty(const QString &output, const char *name,
+                                     const std::optional<QByteArray> &value)
+{
+    xcb_connection_t *connection = m_connection.get();
+    const Reply<xcb_randr_get_screen_resources_current_reply_t> resources(
+        xcb_randr_get_screen_resources_current_reply(
+            connection, xcb_randr_get_screen_resources_current(connection, m_root), nullptr));
+    const xcb_randr_output_t *outputs =
+        xcb_randr_get_screen_resources_current_outputs(resources.get());
+    for (int i = 0; i < resources->num_outputs; ++i) {
+        const Reply<xcb_randr_get_output_info_reply_t> info(xcb_randr_get_output_info_reply(
+            connection, xcb_randr_get_output_info(connection, outputs[i], XCB_CURRENT_TIME),
+            nullptr));
+        const QByteArray found(
+            reinterpret_cast<const char *>(xcb_randr_get_output_info_name(info.get())),
+            xcb_randr_get_output_info_name_length(info.get()));
+        if (found != output.toLatin1())
+            continue;
+        if (value)
+            xcb_randr_change_output_property(
+                connection, outputs[i], atom(name), XCB_ATOM_INTEGER, 8, XCB_PROP_MODE_REPLACE,
+                static_cast<std::uint32_t>(value->size()), value->constData());
+        else
+            xcb_randr_delete_output_property(connection, outputs[i], atom(name));
+        return sync();
+    }
+    qFatal("no output %s", qPrintable(output));
+}
+
+void DesktopProbe::sync() const
+{
+    const Reply<xcb_get_input_focus_reply_t> answered(xcb_get_input_focus_reply(
+        m_connection.get(), xcb_get_input_focus(m_connection.get()), nullptr));
+}
+
+} // namespace Panorel::Desktop

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "Desktop/Support/ChildProcess.h"
+#include "PanorelCore/Geometry.h"
+
+#include <xcb/xcb.h>
+
+namespace Panorel::Desktop {
+
+/// What kinds of window there are, each with a trap of its own.
+enum class ClientKind {
+    Plain,         ///< nothing special
+    StaticGravity, ///< positions mean the client's, not the frame's
+    SouthEast,     ///< positions mean the frame's far corner
+    Increments,    ///< xterm: its size goes in steps of characters
+    Qt,            ///< a Qt 6 window
+    GtkDecorated,  ///< GTK 3, draws its own title bar and, where composited, its shadow
+};
+
+/// Another program with one window on the test desktop. The window is managed and at rest when
+/// the constructor returns.
+class TestClient {
+public:
+    TestClient(ClientKind kind, const QString &title);
+
+    /// A plain window with options of the window client, "--strut top 32" and the like.
+    TestClient(const QString &title, const QStringList &options);
+
+    xcb_window_t window() const { return m_window; }
+
+    /// It kills itself, without a word to the window manager, as soon as it is next moved.
+    void dieWhenMoved();
+    void dieNow();
+    bool alive() const { return m_process.running(); }
+
+private:
+    ChildProcess m_process;
+    xcb_window_t m_window = XCB_WINDOW_NONE;
+};
+
+} // namespace Panorel::Desktop

@@ -1,0 +1,162 @@
+#include "Desktop/Support/TestServer.h"
+
+#include "Desktop/Support/DesktopProbe.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+
+#include <algorithm>
+
+namespace Panorel::Desktop {
+namespace {
+
+const QString mode = QStringLiteral("1920x1080");
+
+const char configuration[] = R"(
+Section "ServerFlags"
+    Option "AutoAddDevices" "false"
+    Option "DontVTSwitch" "true"
+EndSection
+Section "Device"
+    Identifier "card"
+    Driver "dummy"
+    VideoRam 256000
+EndSection
+Section "Monitor"
+    Identifier "monitor"
+    HorizSync 5-1000
+    VertRefresh 5-200
+EndSection
+Section "Screen"
+    Identifier "screen"
+    Device "card"
+    Monitor "monitor"
+    DefaultDepth 24
+    SubSection "Display"
+        Depth 24
+        Modes "1920x1080"
+        Virtual 8192 4096
+    EndSubSection
+EndSection
+)";
+
+QString outputName(int output)
+{
+    return QStringLiteral("DUMMY%1").arg(output);
+}
+
+void run(const QString &program, const QStringList &arguments)
+{
+    ChildProcess child(program, arguments);
+    child.start();
+    if (!child.process().waitForFinished(10'000) || child.process().exitCode() != 0)
+        qFatal("%s %s failed", qPrintable(program), qPrintable(arguments.join(u' ')));
+}
+
+/// The server itself where the distribution wraps it: the wrapper asks for a console.
+QString serverProgram()
+{
+    const QString direct = QStringLiteral("/usr/lib/xorg/Xorg");
+    return QFile::exists(direct) ? direct : QStandardPaths::findExecutable(QStringLiteral("Xorg"));
+}
+
+} // namespace
+
+std::vector<Plugged> sideBySide()
+{
+    return {{.output = 0}, {.output = 1, .x = 1920}};
+}
+
+TestServer::TestServer()
+{
+    const QDir home(m_home.path());
+    const std::pair<const char *, QString> folders[] = {
+        {"HOME", home.path()},
+        {"XDG_RUNTIME_DIR", home.filePath(QStringLiteral("run"))},
+        {"XDG_CONFIG_HOME", home.filePath(QStringLiteral("config"))},
+        {"XDG_DATA_HOME", home.filePath(QStringLiteral("data"))},
+        {"XDG_CACHE_HOME", home.filePath(QStringLiteral("cache"))},
+    };
+    for (const auto &[variable, folder] : folders) {
+        home.mkpath(folder);
+        qputenv(variable, QFile::encodeName(folder));
+    }
+    QFile::setPermissions(home.filePath(QStringLiteral("run")),
+                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    qputenv("XDG_SESSION_TYPE", "x11");
+    qputenv("GSETTINGS_BACKEND", "memory");
+    qputenv("NO_AT_BRIDGE", "1");
+    qputenv("LIBGL_ALWAYS_SOFTWARE", "1");
+    qputenv("LC_ALL", "C.UTF-8");
+    qputenv("GDK_BACKEND", "x11");
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    qunsetenv("DBUS_SESSION_BUS_ADDRESS"); // never the bus of whoever runs the tests
+    qunsetenv("WAYLAND_DISPLAY");
+    startServer();
+    plug({Plugged{}});
+}
+
+TestServer::~TestServer()
+{
+    qunsetenv("DISPLAY");
+}
+
+void TestServer::startServer()
+{
+    QFile file(m_home.filePath(QStringLiteral("xorg.conf")));
+    if (!file.open(QIODevice::WriteOnly) || file.write(configuration) < 0)
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+    file.close();
+
+    // The server itself picks a free number and says so once it can be connected to.
+    m_process = std::make_unique<ChildProcess>(
+        serverProgram(),
+        QStringList{QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-config"),
+                    file.fileName(), QStringLiteral("-noreset"), QStringLiteral("-novtswitch"),
+                    QStringLiteral("-sharevts"), QStringLiteral("-nolisten"), QStringLiteral("tcp"),
+                    QStringLiteral("-logfile"), m_home.filePath(QStringLiteral("xorg.log"))});
+    m_process->process().setStandardErrorFile(m_home.filePath(QStringLiteral("xorg.err")));
+    m_process->process().setProcessChannelMode(QProcess::SeparateChannels);
+    m_process->start();
+    m_displayName = u':' + m_process->readLine();
+    qputenv("DISPLAY", m_displayName.toLatin1());
+}
+
+void TestServer::plug(const std::vector<Plugged> &outputs)
+{
+    QStringList arguments;
+    std::vector<int> plugged;
+    for (const Plugged &one : outputs) {
+        if (std::ranges::find(m_known, one.output) == m_known.end()) {
+            run(QStringLiteral("xrandr"),
+                {QStringLiteral("--addmode"), outputName(one.output), mode});
+            m_known.push_back(one.output);
+        }
+        arguments << QStringLiteral("--output") << outputName(one.output)
+                  << QStringLiteral("--mode") << mode << QStringLiteral("--pos")
+                  << QStringLiteral("%1x%2").arg(one.x).arg(one.y);
+        if (plugged.empty())
+            arguments << QStringLiteral("--primary");
+        plugged.push_back(one.output);
+    }
+    for (const int before : m_plugged) {
+        if (std::ranges::find(plugged, before) == plugged.end())
+            arguments << QStringLiteral("--output") << outputName(before)
+                      << QStringLiteral("--off");
+    }
+    run(QStringLiteral("xrandr"), arguments);
+    m_plugged = plugged;
+}
+
+void TestServer::setEdid(int output, const std::optional<QByteArray> &edid)
+{
+    DesktopProbe().setOutputProperty(outputName(output), "EDID", edid);
+}
+
+void TestServer::kill()
+{
+    m_process->killNow();
+}
+
+} // namespace Panorel::Desktop

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "Desktop/Support/ChildProcess.h"
+#include "Desktop/Support/Edid.h"
+#include "PanorelCore/Geometry.h"
+
+#include <QTemporaryDir>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace Panorel::Desktop {
+
+/// One plugged-in output: its number (DUMMY0 to DUMMY15) and where its 1920 x 1080 pixels begin.
+struct Plugged {
+    int output = 0;
+    int x = 0;
+    int y = 0;
+};
+
+/// A private Xorg with RandR hot-plug and nothing on it, and a home of its own: while this lives,
+/// DISPLAY, HOME and the XDG variables of the test process lead here. One at a time.
+/// It begins with one display, output 0 at (0, 0).
+class TestServer {
+public:
+    TestServer();
+    ~TestServer();
+
+    /// ":7".
+    QString displayName() const { return m_displayName; }
+    QString home() const { return m_home.path(); }
+
+    /// Exactly these outputs, in one change; the first is RandR's primary. All others are
+    /// unplugged.
+    void plug(const std::vector<Plugged> &outputs);
+
+    /// What the output says of itself from now on; absent: it has no EDID. Is no display event.
+    void setEdid(int output, const std::optional<QByteArray> &edid);
+
+    /// The server goes away under everybody's feet.
+    void kill();
+
+private:
+    void startServer();
+
+    QTemporaryDir m_home;
+    std::unique_ptr<ChildProcess> m_process;
+    QString m_displayName;
+    std::vector<int> m_plugged;
+    std::vector<int> m_known; ///< outputs that have been given the mode
+};
+
+/// DUMMY0 left of DUMMY1.
+std::vector<Plugged> sideBySide();
+
+} // namespace Panorel::Desktop
