@@ -37,7 +37,7 @@ xcb_atom_t DesktopProbe::atom(const char *name) const
                                         static_cast<std::uint16_t>(std::strlen(name)), name);
     const Reply<xcb_intern_atom_reply_t> reply(
         xcb_intern_atom_reply(m_connection.get(), cookie, nullptr));
-    return reply ? reply->atom : XCB_ATOM_NONE;
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 QByteArray DesktopProbe::bytes(xcb_window_t window, const char *property) const
@@ -154,7 +154,7 @@ void DesktopProbe::message(xcb_window_t window, const char *type,
 void DesktopProbe::setState(xcb_window_t window, bool on, const char *first, const char *second)
 {
     message(window, "_NET_WM_STATE",
-            {on ? 1U : 0U, atom(first), second ? atom(second) : XCB_ATOM_NONE, pager});
+            {on ? 1U : 0U, atom(first), second ? atom(second) : xcb_atom_t{XCB_ATOM_NONE}, pager});
 }
 
 void DesktopProbe::minimise(xcb_window_t window)

@@ -71,7 +71,7 @@ TestClient::TestClient(ClientKind kind, const QString &title)
     }
     m_process.start();
     DesktopProbe probe;
-    require([&] { return probe.find(title).has_value(); }, qPrintable(u"window " + title));
+    require([&] { return probe.find(title).has_value(); }, qPrintable(title));
     m_window = *probe.find(title);
     probe.restingFrame(m_window);
 }
