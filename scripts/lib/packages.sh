@@ -1,0 +1,38 @@
+# Debian packages by purpose, and their installation. Sourced by the scripts beside this folder.
+
+PACKAGES_BUILD="ca-certificates g++ cmake ninja-build pkg-config qt6-base-dev libgl-dev libxcb1-dev
+    libxcb-randr0-dev libxcb-ewmh-dev libxcb-icccm4-dev libxcb-keysyms1-dev libxcb-xkb-dev
+    libglib2.0-dev"
+
+# A private X server with hot-plug, window managers and windows to manage.
+PACKAGES_DESKTOP="xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils x11-xkb-utils
+    xkb-data dbus-daemon openbox xfwm4 xterm l3afpad qt6-qpa-plugins"
+
+PACKAGES_TEST="clang-format libasan8 libubsan1"
+
+PACKAGES_DEMO="x11-utils x11-apps wmctrl imagemagick geany galculator file-roller linguist-qt6
+    fonts-dejavu-core fontconfig adwaita-icon-theme hicolor-icon-theme"
+
+# Runs a command as root, through sudo where need be.
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    else
+        sudo "$@"
+    fi
+}
+
+# install_packages NAME...: installs what is missing; quick when nothing is.
+install_packages() {
+    missing=""
+    for package in "$@"; do
+        status=$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null || true)
+        [ "$status" = installed ] || missing="$missing $package"
+    done
+    [ -n "$missing" ] || return 0
+    echo "Installing:$missing"
+    as_root apt-get update -q >/dev/null
+    # shellcheck disable=SC2086 # a list of words
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends \
+        $missing >/dev/null
+}
