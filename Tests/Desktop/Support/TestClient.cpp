@@ -21,18 +21,18 @@ QString programOf(ClientKind kind)
     case ClientKind::Qt:
         return ownClient("qt-client");
     case ClientKind::GtkDecorated:
-        return QStringLiteral("l3afpad");
+        return QStringLiteral("file-roller");
     default:
         return ownClient("xcb-client");
     }
 }
 
-/// l3afpad's title is the name of the file that it shows.
-QString emptyFileNamed(const QString &title)
+/// The GTK program's title is the name of the archive that it shows.
+QString emptyArchiveNamed(const QString &name)
 {
-    const QString path = QDir::home().filePath(title);
+    const QString path = QDir::home().filePath(name);
     QFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
+    if (!file.open(QIODevice::WriteOnly) || file.write(QByteArray(1024, '\0')) < 0)
         qFatal("cannot write %s", qPrintable(path));
     return path;
 }
@@ -51,7 +51,7 @@ QStringList argumentsOf(ClientKind kind, const QString &title)
                 QStringLiteral("-e"),   QStringLiteral("sleep"),
                 QStringLiteral("86400")};
     case ClientKind::GtkDecorated:
-        return {emptyFileNamed(title)};
+        return {emptyArchiveNamed(title)};
     default:
         return {titleOption, title};
     }
@@ -62,13 +62,8 @@ QStringList argumentsOf(ClientKind kind, const QString &title)
 TestClient::TestClient(ClientKind kind, const QString &title)
     : m_process(programOf(kind), argumentsOf(kind, title))
 {
-    if (kind == ClientKind::GtkDecorated) {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("GTK_CSD"), QStringLiteral("1"));
-        m_process.process().setProcessEnvironment(environment);
-        m_process.process().setStandardErrorFile(QProcess::nullDevice());
-        m_process.process().setProcessChannelMode(QProcess::SeparateChannels);
-    }
+    if (kind == ClientKind::GtkDecorated)
+        m_process.process().setProcessChannelMode(QProcess::SeparateChannels); // it is talkative
     m_process.start();
     DesktopProbe probe;
     require([&] { return probe.find(title).has_value(); }, qPrintable(title));

@@ -21,6 +21,7 @@ enum class ClientKind {
 /// the constructor returns.
 class TestClient {
 public:
+    /// The title of a GtkDecorated window ends in ".tar".
     TestClient(ClientKind kind, const QString &title);
 
     /// A plain window with options of the window client, "--strut top 32" and the like.
