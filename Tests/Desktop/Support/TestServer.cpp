@@ -11,8 +11,6 @@
 namespace Panorel::Desktop {
 namespace {
 
-const QString mode = QStringLiteral("1920x1080");
-
 const char configuration[] = R"(
 Section "ServerFlags"
     Option "AutoAddDevices" "false"
@@ -35,7 +33,7 @@ Section "Screen"
     DefaultDepth 24
     SubSection "Display"
         Depth 24
-        Modes "1920x1080"
+        Modes "1920x1080" "1280x1024"
         Virtual 8192 4096
     EndSubSection
 EndSection
@@ -128,14 +126,14 @@ void TestServer::plug(const std::vector<Plugged> &outputs)
     QStringList arguments;
     std::vector<int> plugged;
     for (const Plugged &one : outputs) {
-        if (std::ranges::find(m_known, one.output) == m_known.end()) {
-            run(QStringLiteral("xrandr"),
-                {QStringLiteral("--addmode"), outputName(one.output), mode});
-            m_known.push_back(one.output);
+        const QString name = outputName(one.output);
+        const QString mode = QStringLiteral("%1x%2").arg(one.width).arg(one.height);
+        if (std::ranges::find(m_known, name + mode) == m_known.end()) {
+            run(QStringLiteral("xrandr"), {QStringLiteral("--addmode"), name, mode});
+            m_known.push_back(name + mode);
         }
-        arguments << QStringLiteral("--output") << outputName(one.output)
-                  << QStringLiteral("--mode") << mode << QStringLiteral("--pos")
-                  << QStringLiteral("%1x%2").arg(one.x).arg(one.y);
+        arguments << QStringLiteral("--output") << name << QStringLiteral("--mode") << mode
+                  << QStringLiteral("--pos") << QStringLiteral("%1x%2").arg(one.x).arg(one.y);
         if (plugged.empty())
             arguments << QStringLiteral("--primary");
         plugged.push_back(one.output);

@@ -12,11 +12,13 @@
 
 namespace Panorel::Desktop {
 
-/// One plugged-in output: its number (DUMMY0 to DUMMY15) and where its 1920 x 1080 pixels begin.
+/// One plugged-in output: its number (DUMMY0 to DUMMY15), where its pixels begin and how many.
 struct Plugged {
     int output = 0;
     int x = 0;
     int y = 0;
+    int width = 1920; ///< 1920 x 1080 or 1280 x 1024
+    int height = 1080;
 };
 
 /// A private Xorg with RandR hot-plug and nothing on it, and a home of its own: while this lives,
@@ -48,7 +50,7 @@ private:
     std::unique_ptr<ChildProcess> m_process;
     QString m_displayName;
     std::vector<int> m_plugged;
-    std::vector<int> m_known; ///< outputs that have been given the mode
+    std::vector<QString> m_known; ///< outputs with a mode that they have been given
 };
 
 /// DUMMY0 left of DUMMY1.

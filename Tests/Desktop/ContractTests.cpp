@@ -1,0 +1,104 @@
+#include "Contracts/AccessibilityContract.h"
+#include "Contracts/ScreensContract.h"
+#include "Contracts/UserDefaultsContract.h"
+#include "Desktop/Support/DesktopProbe.h"
+#include "Desktop/Support/TestClient.h"
+#include "Desktop/Support/TestServer.h"
+#include "Desktop/Support/TestWindowManager.h"
+#include "PanorelPorts/Platform.h"
+
+#include <QTest>
+
+#include <map>
+
+using namespace Panorel;
+using namespace Panorel::Desktop;
+
+namespace {
+
+/// The contract suites' desktop on a real server with openbox.
+class RealRig final : public DesktopRig {
+public:
+    AccessibilityPort &accessibility() override { return platform->accessibility(); }
+    WindowListPort &windowList() override { return platform->windowList(); }
+    WorkspacePort &workspace() override { return platform->workspace(); }
+    ScreensPort &screens() override { return platform->screens(); }
+
+    QString open(const QString &application, const Rect &frame) override
+    {
+        const QString title = QStringLiteral("%1 %2").arg(application).arg(++m_opened);
+        TestClient &client =
+            m_clients.try_emplace(title, title, QStringList{QStringLiteral("--class"), application})
+                .first->second;
+        m_probe.move(client.window(), frame);
+        m_probe.activate(client.window());
+        require(
+            [&] {
+                return m_probe.frame(client.window()) == frame
+                       && m_probe.activeWindow() == client.window()
+                       && m_probe.stacking().back() == client.window();
+            },
+            "an open window");
+        return title;
+    }
+    void close(const QString &title) override
+    {
+        m_clients.erase(title);
+        require([&] { return !m_probe.find(title); }, "a closed window");
+    }
+    void minimize(const QString &title) override
+    {
+        m_probe.minimise(window(title));
+        awaitState(title, "_NET_WM_STATE_HIDDEN");
+    }
+    void makeFullScreen(const QString &title) override
+    {
+        m_probe.setState(window(title), true, "_NET_WM_STATE_FULLSCREEN");
+        awaitState(title, "_NET_WM_STATE_FULLSCREEN");
+    }
+    QString bundleID(const QString &application) const override
+    {
+        return QStringLiteral("wmclass:") + application;
+    }
+    QString focused() override
+    {
+        const std::optional<xcb_window_t> active = m_probe.activeWindow();
+        return active ? m_probe.title(*active) : QString();
+    }
+    void plugSecondDisplay() override
+    {
+        server.plug({{.output = 0}, {.output = 1, .x = 1920, .width = 1280, .height = 1024}});
+    }
+    void unplugSecondDisplay() override { server.plug({{.output = 0}}); }
+    bool waitUntil(const std::function<bool()> &condition) override
+    {
+        return Desktop::waitUntil(condition);
+    }
+
+    TestServer server;
+    TestWindowManager manager{QStringLiteral("openbox")};
+    std::unique_ptr<Platform> platform = makePlatform();
+
+private:
+    xcb_window_t window(const QString &title) const { return m_clients.at(title).window(); }
+    void awaitState(const QString &title, const char *state)
+    {
+        require([&] { return m_probe.hasState(window(title), state); }, state);
+    }
+
+    DesktopProbe m_probe;
+    std::map<QString, TestClient> m_clients;
+    int m_opened = 0;
+};
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    RealRig rig;
+    AccessibilityContract windows(rig);
+    ScreensContract screens(rig);
+    UserDefaultsContract defaults(rig.platform->userDefaults());
+    return QTest::qExec(&windows) + QTest::qExec(&screens) + QTest::qExec(&defaults);
+}

@@ -1,0 +1,92 @@
+#include "Desktop/Support/DesktopSession.h"
+
+namespace Panorel::Desktop {
+namespace {
+
+std::unique_ptr<TestWindowManager> startManager(TestServer &server, const QString &name)
+{
+    server.plug(sideBySide());
+    return name.isEmpty() ? nullptr : std::make_unique<TestWindowManager>(name);
+}
+
+} // namespace
+
+DesktopSession::DesktopSession(const QString &windowManager)
+    : manager(startManager(server, windowManager)), platform(makePlatform()),
+      m_rules(data.log, data.clock),
+      m_snapshotter(platform->accessibility(), platform->windowList(), platform->workspace()),
+      m_engine(m_rules, m_snapshotter, platform->accessibility(), data.log, data.clock),
+      m_watcher(platform->screens(), scheduler, data.log)
+{}
+
+TestClient &DesktopSession::open(ClientKind kind, const QString &title, const Rect &frame)
+{
+    return place(clients.emplace_back(kind, title), frame);
+}
+
+TestClient &DesktopSession::open(const QString &title, const QStringList &options,
+                                 const Rect &frame)
+{
+    return place(clients.emplace_back(title, options), frame);
+}
+
+TestClient &DesktopSession::place(TestClient &client, const Rect &frame)
+{
+    moveAndWait(client, frame);
+    return client;
+}
+
+Layout DesktopSession::capture()
+{
+    Layout layout;
+    layout.configID = QStringLiteral("test");
+    layout.displays = m_watcher.currentDisplays();
+    layout.windows = m_snapshotter.snapshot(layout.displays);
+    return layout;
+}
+
+RestoreReport DesktopSession::restore(const Layout &layout)
+{
+    return m_engine.apply(layout, true);
+}
+
+std::map<QString, Rect> DesktopSession::frames() const
+{
+    std::map<QString, Rect> frames;
+    for (const xcb_window_t window : probe.stacking())
+        frames[probe.title(window)] = probe.restingFrame(window);
+    return frames;
+}
+
+void DesktopSession::moveAndWait(const TestClient &client, const Rect &frame)
+{
+    // Close is enough: a size that goes in steps, or gravity, may keep the window from the rest.
+    const auto near = [&] {
+        const std::optional<Rect> now = probe.frame(client.window());
+        return now && std::abs(now->x - frame.x) < 40 && std::abs(now->y - frame.y) < 40;
+    };
+    probe.move(client.window(), frame);
+    require(near, "a moved window");
+    probe.restingFrame(client.window());
+}
+
+void DesktopSession::setStateAndWait(const TestClient &client, bool on, const char *first,
+                                     const char *second)
+{
+    probe.setState(client.window(), on, first, second);
+    require([&] { return probe.hasState(client.window(), first) == on; }, first);
+    probe.restingFrame(client.window());
+}
+
+void DesktopSession::activateAndWait(const TestClient &client)
+{
+    probe.activate(client.window());
+    require(
+        [&] {
+            return probe.activeWindow() == client.window()
+                   && probe.stacking().back() == client.window();
+        },
+        "an activated window");
+}
+
+} // namespace Panorel::Desktop
