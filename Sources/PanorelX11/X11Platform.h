@@ -1,0 +1,42 @@
+#pragma once
+
+#include "PanorelPorts/Platform.h"
+#include "PanorelX11/Connection/EventConnection.h"
+#include "PanorelX11/Displays/X11Screens.h"
+#include "PanorelX11/Settings/IniUserDefaults.h"
+#include "PanorelX11/Settings/NoActivationPolicy.h"
+#include "PanorelX11/Settings/XdgLoginItem.h"
+#include "PanorelX11/Windows/WindowSystem.h"
+
+namespace Panorel::X11 {
+
+/// The ports of an X11 session. Needs a running QCoreApplication, whose event loop delivers what
+/// the server reports.
+class X11Platform final : public Platform {
+public:
+    /// Throws std::runtime_error where there is no X server.
+    X11Platform();
+
+    AccessibilityPort &accessibility() override { return m_windows.accessibility(); }
+    WindowListPort &windowList() override { return m_windows.windowList(); }
+    WorkspacePort &workspace() override { return m_windows.workspace(); }
+    ScreensPort &screens() override { return m_screens; }
+    UserDefaultsPort &userDefaults() override { return m_userDefaults; }
+    LoginItemPort &loginItem() override { return m_loginItem; }
+    ActivationPolicyPort &activationPolicy() override { return m_activationPolicy; }
+
+    void setLostCallback(std::function<void(const QString &reason)> lost) override
+    {
+        m_events.setLostCallback(std::move(lost));
+    }
+
+private:
+    EventConnection m_events;
+    X11Screens m_screens;
+    WindowSystem m_windows;
+    IniUserDefaults m_userDefaults;
+    XdgLoginItem m_loginItem;
+    NoActivationPolicy m_activationPolicy;
+};
+
+} // namespace Panorel::X11
