@@ -6,15 +6,14 @@ target_compile_definitions(panorel_options INTERFACE
     QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 target_compile_options(panorel_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
-    -Wnull-dereference -Wimplicit-fallthrough -Wextra-semi -Werror
+    -Wimplicit-fallthrough -Wextra-semi -Werror
     -pthread) # everywhere or nowhere: the tests share one precompiled header
 target_include_directories(panorel_options INTERFACE ${PROJECT_SOURCE_DIR}/Sources)
 
 if(PANOREL_SANITIZE)
     set(flags -fsanitize=${PANOREL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     # GCC's flow analysis reports false positives in instrumented code.
-    target_compile_options(panorel_options INTERFACE ${flags} -Wno-null-dereference
-        -Wno-maybe-uninitialized)
+    target_compile_options(panorel_options INTERFACE ${flags} -Wno-maybe-uninitialized)
     target_link_options(panorel_options INTERFACE ${flags})
 endif()
 
