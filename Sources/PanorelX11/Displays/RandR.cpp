@@ -1,5 +1,7 @@
 #include "PanorelX11/Displays/RandR.h"
 
+#include "PanorelX11/Displays/WorkArea.h"
+
 #include <algorithm>
 
 namespace Panorel::X11 {
@@ -31,11 +33,11 @@ std::vector<Monitor> RandR::monitors()
 {
     std::vector<Monitor> monitors;
     if (!m_available) {
-        const Size size = rootSize();
-        const Rect whole = Rect::of({}, size);
-        if (size != Size{})
+        if (const auto size = readRootSize(m_connection)) {
+            const Rect whole = Rect::of({}, *size);
             monitors.push_back(
                 {whole, whole, true, 0, rootOutput().connector, rootOutput().name()});
+        }
         return monitors;
     }
     xcb_connection_t *c = m_connection.get();
@@ -123,14 +125,6 @@ void RandR::probe()
     const auto cookie = xcb_randr_get_screen_resources(c, m_connection.root());
     const XOwned<xcb_randr_get_screen_resources_reply_t> looked(
         xcb_randr_get_screen_resources_reply(c, cookie, nullptr));
-}
-
-Size RandR::rootSize()
-{
-    xcb_connection_t *c = m_connection.get();
-    const XOwned<xcb_get_geometry_reply_t> root(
-        xcb_get_geometry_reply(c, xcb_get_geometry(c, m_connection.root()), nullptr));
-    return root ? Size{double(root->width), double(root->height)} : Size{};
 }
 
 void RandR::selectDisplayChanges()

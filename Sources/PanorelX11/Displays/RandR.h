@@ -29,8 +29,6 @@ public:
     /// output is said not to be connected, the server is made to look, which can take a while.
     std::optional<ConnectedOutput> output(DisplayNumber number);
 
-    Size rootSize();
-
     /// Asks for the events that isDisplayChange() recognises.
     void selectDisplayChanges();
 

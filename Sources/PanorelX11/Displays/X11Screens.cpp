@@ -1,9 +1,12 @@
 #include "PanorelX11/Displays/X11Screens.h"
 
+#include "PanorelX11/Displays/WorkArea.h"
+
 namespace Panorel::X11 {
 
 X11Screens::X11Screens(EventConnection &events)
-    : m_randr(events.connection()), m_changed(std::make_shared<Callback>())
+    : m_connection(events.connection()), m_randr(m_connection),
+      m_changed(std::make_shared<Callback>())
 {
     if (!m_randr.isAvailable())
         return;
@@ -22,7 +25,12 @@ X11Screens::~X11Screens()
 
 std::vector<Screen> X11Screens::screens()
 {
-    return screenList(m_randr.monitors());
+    std::vector<Monitor> monitors = m_randr.monitors();
+    const Size rootSize = readRootSize(m_connection).value_or(Size{});
+    const std::vector<Strut> struts = readStruts(m_connection);
+    for (Monitor &monitor : monitors)
+        monitor.visibleFrame = workArea(monitor.frame, struts, rootSize);
+    return screenList(std::move(monitors));
 }
 
 DisplayIdentity X11Screens::identity(DisplayNumber display)

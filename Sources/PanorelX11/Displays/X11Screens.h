@@ -21,6 +21,7 @@ public:
 private:
     using Callback = std::function<void()>;
 
+    XConnection &m_connection;
     RandR m_randr;
     std::shared_ptr<Callback> m_changed; ///< shared with the listener, which lives longer
 };
