@@ -8,6 +8,23 @@
 
 namespace Panorel {
 
+namespace {
+
+/// A disk that fills up takes a part first, which QSaveFile does not hold against it and would
+/// commit; only what comes after the part fails.
+bool writeAll(QSaveFile &file, QByteArray bytes)
+{
+    while (!bytes.isEmpty()) {
+        const qint64 written = file.write(bytes);
+        if (written <= 0)
+            return false;
+        bytes.remove(0, written);
+    }
+    return true;
+}
+
+} // namespace
+
 StoreFile::StoreFile(const QString &path, AppLog &log, const Clock &clock)
     : m_path(path), m_log(log), m_clock(clock)
 {}
@@ -55,8 +72,7 @@ void StoreFile::write(const QByteArray &bytes)
     QSaveFile file(m_path);
     if (file.open(QIODevice::WriteOnly)) {
         file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-        file.write(bytes);
-        if (file.commit())
+        if (writeAll(file, bytes) && file.commit())
             return;
     }
     logSaveFailure(file.errorString());
