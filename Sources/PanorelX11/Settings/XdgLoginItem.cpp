@@ -48,15 +48,16 @@ void XdgLoginItem::setRegistered(bool registered)
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return;
-    file.write(QStringLiteral("[Desktop Entry]\n"
-                              "Type=Application\n"
-                              "Name=Panorel\n"
-                              "Comment=Keeps every window where you left it\n"
-                              "Exec=%1\n"
-                              "Terminal=false\n")
-                   .arg(execValue(m_program))
-                   .toUtf8());
-    file.commit();
+    const QByteArray entry = QStringLiteral("[Desktop Entry]\n"
+                                            "Type=Application\n"
+                                            "Name=Panorel\n"
+                                            "Comment=Keeps every window where you left it\n"
+                                            "Exec=%1\n"
+                                            "Terminal=false\n")
+                                 .arg(execValue(m_program))
+                                 .toUtf8();
+    if (file.write(entry) == entry.size()) // or else it is dropped
+        file.commit();
 }
 
 } // namespace Panorel::X11
