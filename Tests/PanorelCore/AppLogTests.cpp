@@ -1,0 +1,105 @@
+#include "PanorelCore/Files/AppLog.h"
+#include "Support/TestDataDir.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTest>
+
+#include <thread>
+
+using namespace Panorel;
+using namespace std::chrono_literals;
+
+class AppLogTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aLineCarriesTheTimeOfItsCall()
+    {
+        TestDataDir dir;
+        dir.log.log(QStringLiteral("store: first"));
+        dir.clock.advance(999ms); // the fraction is dropped
+        dir.log.log(QStringLiteral("two\nlines"));
+        dir.clock.advance(1ms);
+        dir.log.log(QString());
+        dir.log.log(QStringLiteral("Grüße 100%1"));
+        dir.log.flush();
+        QCOMPARE(dir.read(QStringLiteral("app.log")),
+                 QByteArray("[2024-05-13T09:20:00Z] store: first\n"
+                            "[2024-05-13T09:20:00Z] two\nlines\n"
+                            "[2024-05-13T09:20:01Z] \n"
+                            "[2024-05-13T09:20:01Z] Gr\xC3\xBC\xC3\x9F"
+                            "e 100%1\n"));
+    }
+
+    void aDeletedLogComesBack()
+    {
+        TestDataDir dir;
+        dir.log.log(QStringLiteral("before"));
+        dir.log.flush();
+        QVERIFY(QFile::remove(dir.path(QStringLiteral("app.log"))));
+        dir.log.log(QStringLiteral("after"));
+        QCOMPARE(dir.logged(), QStringList{QStringLiteral("after")});
+    }
+
+    void theLogIsForItsUserOnly()
+    {
+        TestDataDir dir;
+        const QString folder = dir.path(QStringLiteral("new/data"));
+        qputenv("PANOREL_DATA_DIR", folder.toUtf8());
+        dir.log.log(QStringLiteral("a window title"));
+        dir.log.flush();
+        const auto others = QFileDevice::Permissions(0x0077);
+        QVERIFY(QFile::exists(folder + QStringLiteral("/app.log")));
+        QVERIFY(!(QFile::permissions(folder + QStringLiteral("/app.log")) & others));
+        QVERIFY(!(QFile::permissions(folder) & others));
+    }
+
+    void linesOfTwoThreadsStayWholeAndInOrder()
+    {
+        TestDataDir dir;
+        const auto writeMany = [&dir](const QString &name) {
+            for (int i = 0; i < 200; ++i)
+                dir.log.log(name + QString::number(i));
+        };
+        std::thread other(writeMany, QStringLiteral("b"));
+        writeMany(QStringLiteral("a"));
+        other.join();
+        std::map<QChar, int> next;
+        const QStringList lines = dir.logged();
+        QCOMPARE(lines.size(), 400);
+        for (const QString &line : lines)
+            QCOMPARE(line.mid(1), QString::number(next[line.at(0)]++));
+    }
+
+    void aLogThatCannotBeWrittenIsReportedOnce()
+    {
+        TestDataDir dir;
+        dir.write(QStringLiteral("file"), {});
+        QProcess logger;
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("PANOREL_DATA_DIR"), dir.path(QStringLiteral("file/x")));
+        logger.setProcessEnvironment(environment);
+        logger.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--log-twice")});
+        QVERIFY(logger.waitForFinished());
+        const QByteArray said = logger.readAllStandardError();
+        QCOMPARE(said.count('\n'), 1);
+        QVERIFY2(said.contains("file/x/app.log"), said);
+        QCOMPARE(logger.exitCode(), 0);
+    }
+};
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    if (application.arguments().value(1) == QLatin1String("--log-twice")) {
+        const SystemClock clock;
+        AppLog log(clock);
+        log.log(QStringLiteral("one"));
+        log.log(QStringLiteral("two"));
+        return 0;
+    }
+    AppLogTests test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "AppLogTests.moc"

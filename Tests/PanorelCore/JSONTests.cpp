@@ -1,0 +1,271 @@
+#include "PanorelCore/JSON/FrameCodec.h"
+#include "PanorelCore/JSON/PanorelJSON.h"
+#include "PanorelCore/Records/ModelCoding.h"
+
+#include <QTest>
+
+#include <cmath>
+#include <limits>
+
+using namespace Panorel;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// A file with every kind of value once. A row of the table below replaces one piece of it.
+const QByteArray sceneFile = R"({
+  "lastAppliedByConfig": {"desk": "0A0B0C0D-0000-4000-8000-00000000000F"},
+  "scenes": [{
+    "id": "0A0B0C0D-0000-4000-8000-00000000000F",
+    "configID": "desk", "name": "Work", "createdAt": "2024-05-01T09:30:00Z",
+    "opensMissingApps": true, "hidesOtherApps": true, "wallpaperPath": "/a/b.png",
+    "hotKey": {"keyCode": 15, "modifiers": 768},
+    "layout": {
+      "configID": "desk", "name": "Home", "layoutName": "Default",
+      "savedAt": "2024-05-01T09:30:00Z",
+      "displays": [{"uuid": "U", "edidUUID": "E", "name": "N", "isBuiltin": false,
+        "frame": [[0,0],[1920,1080]], "visibleFrame": [[0,25],[1920,1055]]}],
+      "windows": [{"appName": "A", "bundleID": "B", "title": "T", "displayUUID": "U",
+        "frame": [[-1920.5,-3],[800,600]], "zOrder": 3}]
+    }
+  }]
+})";
+
+QByteArray with(const QByteArray &piece, const QByteArray &replacement)
+{
+    const qsizetype at = sceneFile.indexOf(piece);
+    return QByteArray(sceneFile).replace(at, piece.size(), replacement);
+}
+
+SceneFile decoded(const QByteArray &json)
+{
+    return PanorelJSON::decoder().decode<SceneFile>(json);
+}
+
+/// The failure's text; empty where decoding succeeds.
+QString failure(const QByteArray &json)
+{
+    try {
+        decoded(json);
+    } catch (const DecodingError &error) {
+        return error.description();
+    }
+    return {};
+}
+
+} // namespace
+
+class JSONTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyRecordComesBackAsWritten()
+    {
+        const auto encoder = PanorelJSON::encoder();
+        const auto decoder = PanorelJSON::decoder();
+        SceneFile scenes = decoded(sceneFile);
+        QCOMPARE(scenes.scenes.at(0).layout.windows.at(0).frame, (Rect{-1920.5, -3, 800, 600}));
+        QCOMPARE(scenes.scenes.at(0).hotKey.value(), (HotKeyCombo{15, 768}));
+        scenes.scenes.push_back(scenes.scenes[0]);
+        SceneRecord &second = scenes.scenes[1];
+        second.wallpaperPath.reset();
+        second.hotKey.reset();
+        second.layout.windows[0].title = QString::fromUtf8("\"\\/\u0001\n\t Grüße 😀") + QChar(0);
+        second.layout.windows[0].frame = {0.1, 1.0 / 3, 1e300, 5e-324};
+        QVERIFY(decoder.decode<SceneFile>(encoder.encode(scenes)) == scenes);
+
+        const LayoutFile layouts{{{QStringLiteral("desk"), QStringLiteral("Default")}},
+                                 {second.layout, scenes.scenes[0].layout}};
+        QVERIFY(decoder.decode<LayoutFile>(encoder.encode(layouts)) == layouts);
+        const std::vector<AppRule> rules{{QStringLiteral("a"), true, false}, {{}, false, true}};
+        QVERIFY(decoder.decode<std::vector<AppRule>>(encoder.encode(rules)) == rules);
+        const UsageData usage{{QStringLiteral("x"), QStringLiteral("x")}, Instant(1s), 1, 2, 3, 4,
+                              std::numeric_limits<qint64>::max()};
+        QVERIFY(decoder.decode<UsageData>(encoder.encode(usage)) == usage);
+
+        WindowRecord below = second.layout.windows[0];
+        below.zOrder += 1;
+        QVERIFY(below != second.layout.windows[0]);
+    }
+
+    void theWrittenFormIsFixed()
+    {
+        const auto encoder = PanorelJSON::encoder();
+        const UsageData usage{{QStringLiteral("a/b")}, Instant(1714555800750ms), 1, 0, 0, 0, 0};
+        QCOMPARE(
+            encoder.encode(usage),
+            QByteArray("{\n    \"deskIDs\": [\n        \"a\\/b\"\n    ],\n"
+                       "    \"firstRecordedAt\": \"2024-05-01T09:30:00Z\",\n"
+                       "    \"restores\": 1,\n    \"sceneSwitches\": 0,\n    \"stashUses\": 0,\n"
+                       "    \"undoUses\": 0,\n    \"windowsPutBack\": 0\n}\n"));
+        SceneFile file = decoded(sceneFile);
+        file.scenes[0].wallpaperPath.reset();
+        file.scenes[0].hotKey.reset();
+        const QByteArray json = encoder.encode(file).simplified().replace(' ', "");
+        QVERIFY(json.contains("[[-1920.5,-3],[800,600]]"));
+        QVERIFY(json.contains("\"id\":\"0A0B0C0D-0000-4000-8000-00000000000F\""));
+        QVERIFY(!json.contains("wallpaperPath") && !json.contains("hotKey"));
+    }
+
+    void whatHasNoFormIsNotWritten()
+    {
+        const auto encoder = PanorelJSON::encoder();
+        WindowRecord window;
+        for (const double bad : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+            window.frame = {0, 0, bad, 1};
+            QVERIFY_THROWS_EXCEPTION(EncodingError, encoder.encode(window));
+        }
+        UsageData usage;
+        usage.firstRecordedAt = Instant(std::chrono::hours(24 * 366 * 9000L));
+        QVERIFY_THROWS_EXCEPTION(EncodingError, encoder.encode(usage));
+    }
+
+    void aHandEditedFileIsReadOrSaysWhereItIsWrong_data()
+    {
+        QTest::addColumn<QByteArray>("json");
+        QTest::addColumn<QString>("description");
+        const auto row = [](const char *name, const QByteArray &piece,
+                            const QByteArray &replacement, const char *description = "") {
+            if (!sceneFile.contains(piece))
+                qFatal("no such piece in the file: %s", piece.constData());
+            QTest::newRow(name) << with(piece, replacement) << QString::fromLatin1(description);
+        };
+        const QByteArray frame = "[[-1920.5,-3],[800,600]]";
+        const char *badFrame = "frame must be [[x,y],[w,h]]";
+        row("unknown key", "\"opensMissingApps\"", "\"later\": [{}], \"opensMissingApps\"");
+        row("slash escaped", "/a/b.png", "\\/a\\/b.png");
+        row("optional keys missing", "\"hidesOtherApps\": true, \"wallpaperPath\": \"/a/b.png\",",
+            "");
+        row("optional values null", "\"/a/b.png\"", "null");
+        row("optional value of another type", "\"/a/b.png\"", "1",
+            "expected a string at scenes[0].wallpaperPath");
+        row("sibling of an optional key missing", "\"opensMissingApps\": true,", "",
+            "missing key at scenes[0].opensMissingApps");
+        row("null for a required value", "\"opensMissingApps\": true", "\"opensMissingApps\": null",
+            "expected true or false at scenes[0].opensMissingApps");
+        row("1 for true", "\"opensMissingApps\": true", "\"opensMissingApps\": 1",
+            "expected true or false at scenes[0].opensMissingApps");
+        row("key in another case", "\"zOrder\"", "\"ZOrder\"",
+            "missing key at scenes[0].layout.windows[0].zOrder");
+        row("map value of another type", "{\"desk\": \"0A0B0C0D-0000-4000-8000-00000000000F\"}",
+            "{\"desk\": 1}", "expected a string at lastAppliedByConfig.desk");
+        row("list for an object", "{\"keyCode\": 15, \"modifiers\": 768}", "[15, 768]",
+            "expected an object at scenes[0].hotKey");
+        row("frame of zeros", frame, "[[0,0],[0,0]]");
+        row("frame with a third number", frame, "[[1,2,3],[4,5]]", badFrame);
+        row("frame of one pair", frame, "[[1,2]]", badFrame);
+        row("frame of three pairs", frame, "[[1,2],[3,4],[5,6]]", badFrame);
+        row("frame empty", frame, "[]", badFrame);
+        row("frame flat", frame, "[1,2,3,4]",
+            "expected an array at scenes[0].layout.windows[0].frame[0]");
+        row("frame of texts", frame, "[[\"1\",2],[3,4]]",
+            "expected a number at scenes[0].layout.windows[0].frame[0][0]");
+        row("UUID in lower case", "\"id\": \"0A0B0C0D-0000-4000-8000-00000000000F\"",
+            "\"id\": \"0a0b0c0d-0000-4000-8000-00000000000f\"");
+        row("UUID in braces", "\"id\": \"0A0B0C0D-0000-4000-8000-00000000000F\"",
+            "\"id\": \"{0A0B0C0D-0000-4000-8000-00000000000F}\"",
+            "expected a UUID at scenes[0].id");
+        row("UUID all zero", "\"id\": \"0A0B0C0D-0000-4000-8000-00000000000F\"",
+            "\"id\": \"00000000-0000-0000-0000-000000000000\"");
+        row("UUID without hyphens", "\"id\": \"0A0B0C0D-0000-4000-8000-00000000000F\"",
+            "\"id\": \"0A0B0C0D00004000800000000000000F\"", "expected a UUID at scenes[0].id");
+        row("date without a zone", "\"createdAt\": \"2024-05-01T09:30:00Z\"",
+            "\"createdAt\": \"2024-05-01T09:30:00\"",
+            "bad date 2024-05-01T09:30:00 at scenes[0].createdAt");
+        QTest::newRow("empty") << QByteArray() << QStringLiteral("illegal value at byte 0");
+        QTest::newRow("array at the root")
+            << QByteArray("[]") << QStringLiteral("expected an object");
+        QTest::newRow("empty object")
+            << QByteArray("{}") << QStringLiteral("missing key at lastAppliedByConfig");
+    }
+
+    void aHandEditedFileIsReadOrSaysWhereItIsWrong()
+    {
+        QFETCH(QByteArray, json);
+        QTEST(failure(json), "description");
+    }
+
+    void aDateHasAZoneAndNoFractions_data()
+    {
+        QTest::addColumn<qint64>("seconds"); // -1: refused
+        const std::pair<const char *, qint64> rows[] = {
+            {"2024-05-01T09:30:00Z", 1714555800},
+            {"2024-05-01T11:30:00+02:00", 1714555800},
+            {"2024-05-01T00:00:00-09:30", 1714555800},
+            {"2024-02-29T00:00:00Z", 1709164800},
+            {"2023-02-29T00:00:00Z", -1},
+            {"2024-05-01T09:30:00", -1},
+            {"2024-05-01T09:30:00.750Z", -1},
+            {"2024-05-01T09:30:00,5Z", -1},
+            {"2024-05-01T09:30Z", -1},
+            {"2024-05-01 09:30:00Z", -1},
+            {"2024-05-01T24:00:00Z", -1},
+            {"2024-05-01T09:60:00Z", -1},
+            {"2024-13-01T09:30:00Z", -1},
+            {"2024-05-01T09:30:00+99:99", -1},
+            {"2024-05-01T09:30:00Z\n", -1},
+            {" 2024-05-01T09:30:00Z", -1},
+            {"20240501T093000Z", -1},
+            {"", -1},
+        };
+        for (const auto &[text, seconds] : rows)
+            QTest::newRow(text) << seconds;
+    }
+
+    void aDateHasAZoneAndNoFractions()
+    {
+        QFETCH(qint64, seconds);
+        const auto date = PanorelJSON::iso().date(QString::fromLatin1(QTest::currentDataTag()));
+        QCOMPARE(date.has_value(), seconds >= 0);
+        if (date)
+            QVERIFY(*date == Instant(std::chrono::seconds(seconds)));
+    }
+
+    void integersAreExactToTheirWidth_data()
+    {
+        QTest::addColumn<bool>("fits64");
+        QTest::addColumn<bool>("fits32");
+        const std::tuple<const char *, bool, bool> rows[] = {
+            {"0", true, true},
+            {"3.0", true, true},
+            {"3.5", false, false},
+            {"1e3", true, true},
+            {"-1", true, false},
+            {"4294967295", true, true},
+            {"4294967296", true, false},
+            {"9007199254740993", true, false},
+            {"9223372036854775807", true, false},
+            {"-9223372036854775808", true, false},
+            {"9223372036854775808", false, false},
+            {"1e300", false, false},
+            {"\"3\"", false, false},
+            {"true", false, false},
+            {"null", false, false},
+        };
+        for (const auto &[text, fits64, fits32] : rows)
+            QTest::newRow(text) << fits64 << fits32;
+    }
+
+    void integersAreExactToTheirWidth()
+    {
+        const QByteArray text = QTest::currentDataTag();
+        const auto read = [&text](auto value) -> std::optional<qint64> {
+            try {
+                std::vector<decltype(value)> list =
+                    PanorelJSON::decoder().decode<std::vector<decltype(value)>>('[' + text + ']');
+                return qint64(list.at(0));
+            } catch (const DecodingError &error) {
+                return error.path() == QLatin1String("[0]") ? std::nullopt
+                                                            : std::optional<qint64>(-99);
+            }
+        };
+        const qint64 expected = text.contains('e') ? 1000 : text.split('.').first().toLongLong();
+        QFETCH(bool, fits64);
+        QFETCH(bool, fits32);
+        QCOMPARE(read(qint64()), fits64 ? std::optional(expected) : std::nullopt);
+        QCOMPARE(read(quint32()), fits32 ? std::optional(expected) : std::nullopt);
+    }
+};
+
+QTEST_GUILESS_MAIN(JSONTests)
+#include "JSONTests.moc"

@@ -1,0 +1,286 @@
+#include "PanorelCore/Files/JSONStore.h"
+#include "PanorelCore/Files/Paths.h"
+#include "PanorelCore/Records/ModelCoding.h"
+#include "Support/TestDataDir.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTest>
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+using namespace Panorel;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString rules = QStringLiteral("rules.json");
+const QString aside = QStringLiteral("rules.json.corrupt-1715592000");
+
+using Rules = std::vector<AppRule>;
+
+Rules manyRules(const QString &bundleID, int count)
+{
+    return Rules(size_t(count), AppRule{bundleID, true, false});
+}
+
+struct Store {
+    explicit Store(TestDataDir &dir) : json(Paths::file(rules), dir.log, dir.clock) {}
+    JSONStore<Rules> json;
+};
+
+/// The test program again, doing one of the things below in a data directory of this one's.
+std::unique_ptr<QProcess> child(const QString &task, const QString &dataDir,
+                                const QString &workingDirectory)
+{
+    auto process = std::make_unique<QProcess>();
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("PANOREL_DATA_DIR"), dataDir);
+    process->setProcessEnvironment(environment);
+    process->setWorkingDirectory(workingDirectory);
+    process->start(QCoreApplication::applicationFilePath(), {task});
+    return process;
+}
+
+int runChild(const QString &task)
+{
+    const SystemClock clock;
+    AppLog log(clock);
+    JSONStore<Rules> store(Paths::file(rules), log, clock);
+    if (task == QLatin1String("--save-on-full-disk")) {
+        // No file can grow beyond this, for root neither; the signal would end the process.
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{4096, 4096};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        store.save(manyRules(QStringLiteral("new"), 1000));
+        return 0;
+    }
+    if (task == QLatin1String("--save-for-ever")) {
+        const Rules versions[] = {manyRules(QStringLiteral("old"), 3000),
+                                  manyRules(QStringLiteral("new"), 5000)};
+        for (int i = 0;; ++i) {
+            store.save(versions[i % 2]);
+            if (i == 0)
+                std::puts("saved");
+            std::fflush(stdout);
+        }
+    }
+    store.save({{task, true, true}}); // whatever the data directory
+    return 0;
+}
+
+} // namespace
+
+class StoreFileTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void whatIsSavedIsLoadedAndNothingElseLeft()
+    {
+        TestDataDir dir;
+        const Rules value{{QStringLiteral("org.example/a"), true, false}};
+        dir.write(rules, "[]");
+        QFile::setPermissions(dir.path(rules),
+                              QFile::permissions(dir.path(rules)) | QFile::ReadOther);
+        Store(dir).json.save(value);
+        const QByteArray bytes = dir.read(rules);
+        QCOMPARE(Store(dir).json.load(), value);
+        Store(dir).json.save(value);
+        QCOMPARE(dir.read(rules), bytes);
+        QCOMPARE(dir.names(), QStringList{rules});
+        QVERIFY(!(QFile::permissions(dir.path(rules)) & QFileDevice::Permissions(0x0077)));
+        QCOMPARE(dir.logged(), QStringList());
+    }
+
+    void aMissingFileIsSilent()
+    {
+        TestDataDir dir;
+        QVERIFY(!Store(dir).json.load());
+        QCOMPARE(dir.names(), QStringList());
+        QCOMPARE(dir.logged(), QStringList());
+    }
+
+    void aFileThatIsNotUnderstoodIsKeptAside_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("reason");
+        const QByteArray rule = R"({"bundleID": "a", "ignored": true, "restoreSize": true})";
+        QTest::newRow("no length") << QByteArray() << QString();
+        QTest::newRow("another record") << QByteArray("{}") << QStringLiteral("expected an array");
+        QTest::newRow("cut off") << '[' + rule << QString();
+        QTest::newRow("one bad element among good ones")
+            << '[' + rule + R"(, {"bundleID": "b", "ignored": 0, "restoreSize": true}])"
+            << QStringLiteral("expected true or false at [1].ignored");
+        QTest::newRow("more after the end") << '[' + rule + "]]" << QString();
+        QTest::newRow("bytes that are no text")
+            << "[\"\xFF\xFE\"]" + QByteArray(8, '\0') << QString();
+        QTest::newRow("a million levels deep") << QByteArray(1'000'000, '[') << QString();
+        QTest::newRow("100 MB of garbage") << QByteArray(100'000'000, 'x') << QString();
+    }
+
+    void aFileThatIsNotUnderstoodIsKeptAside()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, reason);
+        TestDataDir dir;
+        dir.clock.advance(999ms); // the name takes whole seconds
+        dir.write(rules, bytes);
+        Store store(dir);
+        QVERIFY(!store.json.load());
+        QVERIFY(dir.read(aside) == bytes);
+        QVERIFY(!QFile::exists(dir.path(rules)));
+        const QStringList logged = dir.logged();
+        QCOMPARE(logged.size(), 1);
+        const QString start = QStringLiteral("store: rules.json was corrupt, moved aside (");
+        QVERIFY2(logged[0].startsWith(start + reason) && logged[0].endsWith(QLatin1Char(')')),
+                 qPrintable(logged[0]));
+        store.json.save({});
+        QCOMPARE(Store(dir).json.load(), Rules());
+    }
+
+    void twoCorruptFilesInOneSecond()
+    {
+        TestDataDir dir;
+        dir.write(aside, "first");
+        dir.write(rules, "second");
+        Store store(dir);
+        QVERIFY(!store.json.load());
+        QCOMPARE(dir.read(rules), QByteArray("second"));
+        QCOMPARE(dir.read(aside), QByteArray("first"));
+        store.json.save({});
+        QCOMPARE(Store(dir).json.load(), Rules());
+    }
+
+    void whatCannotBeReadIsMovedAsideBeforeTheFirstSave_data()
+    {
+        QTest::addColumn<bool>("isFolder");
+        QTest::addColumn<bool>("isAsideTaken");
+        QTest::newRow("a folder") << true << false;
+        QTest::newRow("a pipe, which nobody writes to") << false << false;
+        QTest::newRow("a folder that can't be moved") << true << true;
+    }
+
+    void whatCannotBeReadIsMovedAsideBeforeTheFirstSave()
+    {
+        QFETCH(bool, isFolder);
+        QFETCH(bool, isAsideTaken);
+        TestDataDir dir;
+        const QByteArray path = dir.path(rules).toUtf8();
+        QCOMPARE(isFolder ? mkdir(path, 0700) : mkfifo(path, 0600), 0);
+        const QString inside = rules + QStringLiteral("/precious");
+        if (isFolder)
+            dir.write(inside, "kept");
+        if (isAsideTaken)
+            dir.write(aside, "older");
+
+        Store store(dir);
+        QVERIFY(!store.json.load());
+        QCOMPARE(dir.logged(), QStringList()); // unreadable is as good as missing, so far
+        const Rules value{{QStringLiteral("a"), true, true}};
+        store.json.save(value);
+        if (isAsideTaken) {
+            QCOMPARE(dir.read(inside), QByteArray("kept"));
+            QCOMPARE(dir.read(aside), QByteArray("older"));
+            QCOMPARE(dir.logged().size(), 1);
+            QVERIFY(
+                dir.logged()[0].startsWith(QLatin1String("store: failed to save rules.json: ")));
+            return;
+        }
+        QCOMPARE(Store(dir).json.load(), value);
+        QVERIFY(QFile::exists(dir.path(aside)));
+        if (isFolder)
+            QCOMPARE(dir.read(aside + QStringLiteral("/precious")), QByteArray("kept"));
+        QCOMPARE(dir.logged(),
+                 QStringList{QStringLiteral("store: rules.json could not be read, moved aside")});
+        store.json.save({});
+        QCOMPARE(Store(dir).json.load(), Rules());
+    }
+
+    void aValueWithoutAFormLeavesTheFile()
+    {
+        TestDataDir dir;
+        const QString name = QStringLiteral("windows.json");
+        JSONStore<std::vector<WindowRecord>> store(Paths::file(name), dir.log, dir.clock);
+        store.save({});
+        const QByteArray before = dir.read(name);
+        WindowRecord window;
+        window.frame.x = std::numeric_limits<double>::infinity();
+        store.save({window});
+        QCOMPARE(dir.read(name), before);
+        QCOMPARE(dir.logged(), QStringList{QStringLiteral(
+                                   "store: failed to save windows.json: a number is not finite")});
+    }
+
+    void aFullDiskLeavesTheOldFile()
+    {
+        TestDataDir dir;
+        const Rules old{{QStringLiteral("old"), true, true}};
+        Store(dir).json.save(old);
+        const auto process =
+            child(QStringLiteral("--save-on-full-disk"), dir.path({}), dir.path({}));
+        QVERIFY(process->waitForFinished());
+        QCOMPARE(process->exitStatus(), QProcess::NormalExit);
+        QCOMPARE(Store(dir).json.load(), old);
+        QCOMPARE(dir.names(), (QStringList{QStringLiteral("app.log"), rules}));
+        QCOMPARE(dir.logged().size(), 1);
+        QVERIFY(dir.logged()[0].startsWith(QLatin1String("store: failed to save rules.json: ")));
+    }
+
+    void aKillAtAnyMomentLeavesAWholeFile()
+    {
+        TestDataDir dir;
+        for (int round = 0; round < 40; ++round) {
+            const auto process =
+                child(QStringLiteral("--save-for-ever"), dir.path({}), dir.path({}));
+            QVERIFY(process->waitForReadyRead());
+            QTest::qSleep(round % 13); // somewhere within the saves that follow
+            process->kill();
+            QVERIFY(process->waitForFinished());
+            const auto found = Store(dir).json.load();
+            QVERIFY(found);
+            QVERIFY(*found == manyRules(QStringLiteral("old"), 3000)
+                    || *found == manyRules(QStringLiteral("new"), 5000));
+        }
+        QCOMPARE(dir.logged(), QStringList());
+    }
+
+    void theDataDirectoryIsTakenAsItStands_data()
+    {
+        QTest::addColumn<QString>("variable");
+        QTest::addColumn<QString>("file"); // from the working directory; empty: none is written
+        QTest::newRow("empty: the current directory") << QString() << rules;
+        QTest::newRow("relative") << QStringLiteral("a/b/") << QStringLiteral("a/b/rules.json");
+        QTest::newRow("no home") << QStringLiteral("~/x") << QStringLiteral("~/x/rules.json");
+        QTest::newRow("can't be made") << QStringLiteral("file/x") << QString();
+    }
+
+    void theDataDirectoryIsTakenAsItStands()
+    {
+        QFETCH(QString, variable);
+        QFETCH(QString, file);
+        TestDataDir dir;
+        dir.write(QStringLiteral("file"), "kept");
+        const auto process = child(QStringLiteral("--save"), variable, dir.path({}));
+        QVERIFY(process->waitForFinished());
+        QCOMPARE(process->exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process->exitCode(), 0);
+        QCOMPARE(dir.read(QStringLiteral("file")), QByteArray("kept"));
+        if (file.isEmpty())
+            return;
+        QVERIFY(dir.read(file).contains("--save"));
+        const QFileInfo folder(QFileInfo(dir.path(file)).absolutePath());
+        QVERIFY(!(folder.permissions() & QFileDevice::Permissions(0x0077)));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    if (application.arguments().value(1).startsWith(QLatin1String("--save")))
+        return runChild(application.arguments().value(1));
+    StoreFileTests test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "StoreFileTests.moc"

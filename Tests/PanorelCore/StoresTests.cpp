@@ -1,0 +1,243 @@
+#include "PanorelCore/Stores/AppRuleStore.h"
+#include "PanorelCore/Stores/LayoutStore.h"
+#include "PanorelCore/Stores/SceneStore.h"
+#include "PanorelCore/Stores/UsageStore.h"
+#include "Support/TestDataDir.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTest>
+
+using namespace Panorel;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString home = QStringLiteral("home");
+const QString office = QStringLiteral("office");
+const QString layoutsFile = QStringLiteral("layouts.json");
+const QString scenesFile = QStringLiteral("scenes.json");
+const QString usageFile = QStringLiteral("usage.json");
+
+Layout layout(const QString &configID, const QString &name, int windows)
+{
+    Layout result;
+    result.configID = configID;
+    result.name = name;
+    result.layoutName = QStringLiteral("Default");
+    result.savedAt = Instant(std::chrono::seconds(windows));
+    result.windows.resize(size_t(windows));
+    return result;
+}
+
+SceneRecord scene(const QUuid &id, const QString &configID, const QString &name)
+{
+    SceneRecord result;
+    result.id = id;
+    result.configID = configID;
+    result.name = name;
+    return result;
+}
+
+template <typename Element, typename Member>
+QStringList texts(const std::vector<Element> &elements, Member member)
+{
+    QStringList result;
+    for (const Element &element : elements)
+        result.append(element.*member);
+    return result;
+}
+
+const QUuid first(QStringLiteral("{0a0b0c0d-0000-4000-8000-00000000000f}"));
+const QUuid second(QStringLiteral("{00000000-0000-0000-0000-000000000000}"));
+
+} // namespace
+
+class StoresTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aDeskKeepsItsPlaceAndNameWhenLearnedAgain()
+    {
+        TestDataDir dir;
+        LayoutStore store(dir.log, dir.clock);
+        QCOMPARE(dir.names(), QStringList()); // the empty value is not written
+        QCOMPARE(store.deskName(home), QStringLiteral("Desk setup"));
+        store.renameDesk(home, QStringLiteral("Nowhere"));
+        QCOMPARE(dir.names(), QStringList());
+
+        store.saveLearned(layout(home, QStringLiteral("Desk setup"), 2));
+        store.saveLearned(layout(office, QStringLiteral("Desk setup"), 0));
+        store.renameDesk(home, QStringLiteral(" Home office "));
+        store.renameDesk(office, QString());
+        Layout again = layout(home, QStringLiteral("Whatever"), 7);
+        again.layoutName = QStringLiteral("Evening");
+        store.saveLearned(again);
+
+        again.name = QStringLiteral(" Home office ");
+        const LayoutStore reloaded(dir.log, dir.clock);
+        QCOMPARE(texts(reloaded.allLayouts(), &Layout::configID), (QStringList{home, office}));
+        QVERIFY(*reloaded.layoutFor(home) == again);
+        QCOMPARE(reloaded.deskName(office), QString());
+        QVERIFY(!reloaded.layoutFor(QStringLiteral("HOME")));
+        QCOMPARE(
+            dir.logged(),
+            (QStringList{QStringLiteral("learned layout: 2 windows for Desk setup [Default]"),
+                         QStringLiteral("learned layout: 0 windows for Desk setup [Default]"),
+                         QStringLiteral("learned layout: 7 windows for  Home office  [Evening]")}));
+    }
+
+    void forgettingADeskLeavesTheOthers()
+    {
+        TestDataDir dir;
+        LayoutFile file;
+        file.activeLayouts = {{home, QStringLiteral("Default")},
+                              {QStringLiteral("old"), QString()}};
+        file.layouts = {layout(home, home, 1), layout(office, office, 2), layout(home, home, 3)};
+        dir.write(layoutsFile, PanorelJSON::encoder().encode(file));
+        LayoutStore store(dir.log, dir.clock);
+        store.forgetDesk(home);
+        std::erase_if(file.layouts, [](const Layout &entry) { return entry.configID == home; });
+        QVERIFY(PanorelJSON::decoder().decode<LayoutFile>(dir.read(layoutsFile)) == file);
+    }
+
+    void aDeskThatIsThereTwiceCountsOnce()
+    {
+        TestDataDir dir;
+        const LayoutFile file{
+            {}, {layout(home, QStringLiteral("A"), 1), layout(home, QStringLiteral("B"), 2)}};
+        dir.write(layoutsFile, PanorelJSON::encoder().encode(file));
+        LayoutStore store(dir.log, dir.clock);
+        store.renameDesk(home, QStringLiteral("C"));
+        store.saveLearned(layout(home, QString(), 3));
+        QCOMPARE(texts(store.allLayouts(), &Layout::name),
+                 (QStringList{QStringLiteral("C"), QStringLiteral("B")}));
+        QCOMPARE(store.layoutFor(home)->windows.size(), 3u);
+    }
+
+    void aRuleIsAlwaysThereAndSetOnce()
+    {
+        TestDataDir dir;
+        AppRuleStore store(dir.log, dir.clock);
+        const auto mail = QStringLiteral("mail");
+        QVERIFY(store.rule(mail) == (AppRule{mail, false, false}));
+        QVERIFY(store.allRules().empty() && dir.names().isEmpty());
+        store.set({mail, true, false});
+        store.set({QStringLiteral("Mail"), false, true}); // another application
+        store.set({mail, false, false});                  // inert, and stays
+        const std::vector<AppRule> expected{{mail, false, false},
+                                            {QStringLiteral("Mail"), false, true}};
+        QVERIFY(AppRuleStore(dir.log, dir.clock).allRules() == expected);
+    }
+
+    void scenesStandInTheOrderAdded()
+    {
+        TestDataDir dir;
+        SceneStore store(dir.log, dir.clock);
+        store.update(scene(first, home, QStringLiteral("nothing to update")));
+        QCOMPARE(dir.names(), QStringList());
+        store.add(scene(first, home, QStringLiteral("1")));
+        store.add(scene(second, office, QStringLiteral("2")));
+        store.add(scene(first, home, QStringLiteral("3"))); // a copy by hand has the same id
+        store.update(scene(first, home, QStringLiteral("1b")));
+
+        const SceneStore reloaded(dir.log, dir.clock);
+        QCOMPARE(texts(reloaded.allScenes(), &SceneRecord::name),
+                 (QStringList{QStringLiteral("1b"), QStringLiteral("2"), QStringLiteral("3")}));
+        QCOMPARE(texts(reloaded.scenesFor(home), &SceneRecord::name),
+                 (QStringList{QStringLiteral("1b"), QStringLiteral("3")}));
+        QCOMPARE(reloaded.scene(first)->name, QStringLiteral("1b"));
+        QVERIFY(!reloaded.scene(QUuid::createUuid()));
+    }
+
+    void removingASceneForgetsWhereItWasApplied()
+    {
+        TestDataDir dir;
+        SceneStore store(dir.log, dir.clock);
+        store.remove(first); // nothing matched, and still saved
+        QCOMPARE(dir.names(), QStringList{scenesFile});
+        for (const QUuid &id : {first, second, first})
+            store.add(scene(id, home, QString()));
+        store.markApplied(second, home);
+        store.markApplied(first, home);
+        store.markApplied(first, office);
+        store.markApplied(second, QStringLiteral("third"));
+        QVERIFY(
+            dir.read(scenesFile).contains("\"office\": \"0A0B0C0D-0000-4000-8000-00000000000F\""));
+
+        store.remove(first);
+        const SceneStore reloaded(dir.log, dir.clock);
+        QCOMPARE(reloaded.allScenes().size(), 1u);
+        QVERIFY(!reloaded.lastApplied(home) && !reloaded.lastApplied(office));
+        QCOMPARE(reloaded.lastApplied(QStringLiteral("third")), second);
+    }
+
+    void whatWasAppliedLastMayBeGoneOrGarbage()
+    {
+        TestDataDir dir;
+        dir.write(scenesFile, R"({"scenes": [], "lastAppliedByConfig": {
+            "home": "0a0b0c0d-0000-4000-8000-00000000000f", "office": "yesterday", "x": ""}})");
+        const SceneStore store(dir.log, dir.clock);
+        QCOMPARE(store.lastApplied(home), first);
+        QVERIFY(!store.lastApplied(office));
+        QVERIFY(!store.lastApplied(QStringLiteral("x")));
+    }
+
+    void usageCountsWhatHappens()
+    {
+        TestDataDir dir;
+        UsageStore store(dir.log, dir.clock);
+        const Instant began = dir.clock.now();
+        QCOMPARE(dir.names(), QStringList());
+        dir.clock.advance(1h);
+        store.record(UsageEvents::Restore{5});
+        store.record(UsageEvents::Restore{0});
+        store.record(UsageEvents::Desk{office});
+        store.record(UsageEvents::Desk{home});
+        store.record(UsageEvents::SceneSwitch{});
+        store.record(UsageEvents::Stash{});
+        store.record(UsageEvents::Undo{});
+        const UsageData expected{{office, home}, began, 2, 1, 1, 1, 5};
+        QVERIFY(store.data() == expected);
+        QVERIFY(UsageStore(dir.log, dir.clock).data() == expected);
+
+        QVERIFY(QFile::remove(dir.path(usageFile)));
+        store.record(UsageEvents::Desk{office}); // known, so nothing to save
+        QVERIFY(!QFile::exists(dir.path(usageFile)));
+        QVERIFY(UsageStore(dir.log, dir.clock).data().firstRecordedAt == dir.clock.now());
+    }
+
+    void anOverflowOfACounterEndsTheProcess()
+    {
+        TestDataDir dir;
+        UsageData full;
+        full.windowsPutBack = std::numeric_limits<qint64>::max() - 1;
+        dir.write(usageFile, PanorelJSON::encoder().encode(full));
+        QProcess process;
+        const auto recorded = [&process](int windows) {
+            process.start(QCoreApplication::applicationFilePath(),
+                          {QStringLiteral("--record"), QString::number(windows)});
+            return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit;
+        };
+        QVERIFY(recorded(1));
+        const QByteArray atTheTop = dir.read(usageFile);
+        QVERIFY(atTheTop.contains("9223372036854775807"));
+        QVERIFY(!recorded(1));
+        QCOMPARE(dir.read(usageFile), atTheTop);
+    }
+};
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    if (application.arguments().value(1) == QLatin1String("--record")) {
+        const SystemClock clock;
+        AppLog log(clock);
+        UsageStore store(log, clock);
+        store.record(UsageEvents::Restore{application.arguments().value(2).toInt()});
+        return 0;
+    }
+    StoresTests test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "StoresTests.moc"
