@@ -41,12 +41,113 @@ class SettingsTests : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void valuesSurviveTheProcess();
-    void aValueOfAnotherTypeIsAbsent_data();
-    void aValueOfAnotherTypeIsAbsent();
-    void settingsAreForTheirUserOnly();
-    void theLoginItemStartsTheProgramAndGoes();
+    void init()
+    {
+        m_home = std::make_unique<QTemporaryDir>();
+        qputenv("XDG_CONFIG_HOME", m_home->path().toUtf8());
+    }
+
+    void valuesSurviveTheProcess()
+    {
+        IniUserDefaults defaults;
+        defaults.setBoolean(QStringLiteral("on"), true);
+        defaults.setBoolean(QStringLiteral("off"), false);
+        defaults.setNumber(QStringLiteral("third"), 1.0 / 3);
+        defaults.setNumber(QStringLiteral("whole"), 3);
+        defaults.setData(QStringLiteral("bytes"), everyByte());
+        defaults.setData(QStringLiteral("nothing"), QByteArray(""));
+        defaults.setBoolean(QStringLiteral("removed"), true);
+        defaults.remove(QStringLiteral("removed"));
+
+        const std::pair<const char *, QByteArray> expected[] = {
+            {"on", "boolean:true"},
+            {"off", "boolean:false"},
+            {"third", "number:0.33333333333333331"},
+            {"whole", "number:3"},
+            {"bytes", "data:" + everyByte().toHex()},
+            {"nothing", "data:"},
+            {"removed", "absent"},
+            {"never set", "absent"},
+        };
+        for (const auto &[name, value] : expected) {
+            const QString key = QString::fromLatin1(name);
+            QCOMPARE(readBack(defaults, key), value);
+            QCOMPARE(inAnotherProcess(key), value);
+        }
+    }
+
+    void aValueOfAnotherTypeIsAbsent_data()
+    {
+        QTest::addColumn<QByteArray>("stored");
+        QTest::addColumn<QByteArray>("read");
+        QTest::newRow("yes is no boolean") << QByteArray("yes") << QByteArray("other");
+        QTest::newRow("text is no number") << QByteArray("abc") << QByteArray("other");
+        QTest::newRow("empty") << QByteArray("") << QByteArray("other");
+        QTest::newRow("nan") << QByteArray("nan") << QByteArray("other");
+        QTest::newRow("infinity") << QByteArray("inf") << QByteArray("other");
+        QTest::newRow("beyond a double") << QByteArray("1e999") << QByteArray("other");
+        QTest::newRow("a list") << QByteArray("1, 2") << QByteArray("other");
+        QTest::newRow("1 is a number only") << QByteArray("1") << QByteArray("number:1");
+        QTest::newRow("edited by hand") << QByteArray("false") << QByteArray("boolean:false");
+    }
+
+    void aValueOfAnotherTypeIsAbsent()
+    {
+        QFETCH(QByteArray, stored);
+        QDir().mkpath(QFileInfo(path()).path());
+        QFile file(path());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("[General]\nkey=" + stored + '\n');
+        file.close();
+        QTEST(readBack(IniUserDefaults(), QStringLiteral("key")), "read");
+    }
+
+    void settingsAreForTheirUserOnly()
+    {
+        IniUserDefaults defaults;
+        defaults.setNumber(QStringLiteral("bad"), std::nan(""));
+        QVERIFY(!defaults.number(QStringLiteral("bad")));
+        const auto groupAndOthers = QFileDevice::Permissions(0x0077);
+        QVERIFY(QFile::exists(path()));
+        QVERIFY(!(QFile::permissions(path()) & groupAndOthers));
+        // A file that came from elsewhere, readable for all, is closed with the next write.
+        QFile::setPermissions(path(), QFile::permissions(path()) | QFileDevice::ReadOther);
+        defaults.setBoolean(QStringLiteral("more"), true);
+        QVERIFY(!(QFile::permissions(path()) & groupAndOthers));
+    }
+
+    void theLoginItemStartsTheProgramAndGoes()
+    {
+        const QString file =
+            m_home->filePath(QStringLiteral("autostart/org.panorel.Panorel.desktop"));
+        const QString folder = m_home->filePath(QStringLiteral("a \"$HOME\" `x` \\n 'é"));
+        const QString program = folder + QStringLiteral("/panorel");
+        QVERIFY(QDir().mkpath(folder));
+        QVERIFY(QFile::copy(QStringLiteral("/bin/true"), program));
+
+        XdgLoginItem item(program);
+        item.setRegistered(false);
+        item.setRegistered(true);
+        item.setRegistered(true);
+        // GIO undoes the escapes as a desktop session does, and refuses a program that is not
+        // there.
+        GDesktopAppInfo *entry = g_desktop_app_info_new_from_filename(file.toUtf8().constData());
+        QVERIFY(entry);
+        char **arguments = nullptr;
+        QVERIFY(g_shell_parse_argv(g_app_info_get_commandline(G_APP_INFO(entry)), nullptr,
+                                   &arguments, nullptr));
+        QCOMPARE(QString::fromUtf8(arguments[0]), program);
+        QVERIFY(!arguments[1]);
+        g_strfreev(arguments);
+        g_object_unref(entry);
+
+        XdgLoginItem(QStringLiteral("/opt/50%f/panorel")).setRegistered(true);
+        QFile written(file);
+        QVERIFY(written.open(QIODevice::ReadOnly));
+        QVERIFY(written.readAll().contains("Exec=\"/opt/50%%f/panorel\"\n"));
+        item.setRegistered(false);
+        QVERIFY(!QFile::exists(file));
+    }
 
 private:
     QByteArray inAnotherProcess(const QString &key) const;
@@ -55,12 +156,6 @@ private:
     std::unique_ptr<QTemporaryDir> m_home;
 };
 
-void SettingsTests::init()
-{
-    m_home = std::make_unique<QTemporaryDir>();
-    qputenv("XDG_CONFIG_HOME", m_home->path().toUtf8());
-}
-
 QByteArray SettingsTests::inAnotherProcess(const QString &key) const
 {
     QProcess reader;
@@ -68,106 +163,6 @@ QByteArray SettingsTests::inAnotherProcess(const QString &key) const
     if (!reader.waitForFinished() || reader.exitCode() != 0)
         return "reader failed";
     return reader.readAllStandardOutput();
-}
-
-void SettingsTests::valuesSurviveTheProcess()
-{
-    IniUserDefaults defaults;
-    defaults.setBoolean(QStringLiteral("on"), true);
-    defaults.setBoolean(QStringLiteral("off"), false);
-    defaults.setNumber(QStringLiteral("third"), 1.0 / 3);
-    defaults.setNumber(QStringLiteral("whole"), 3);
-    defaults.setData(QStringLiteral("bytes"), everyByte());
-    defaults.setData(QStringLiteral("nothing"), QByteArray(""));
-    defaults.setBoolean(QStringLiteral("removed"), true);
-    defaults.remove(QStringLiteral("removed"));
-
-    const std::pair<const char *, QByteArray> expected[] = {
-        {"on", "boolean:true"},
-        {"off", "boolean:false"},
-        {"third", "number:0.33333333333333331"},
-        {"whole", "number:3"},
-        {"bytes", "data:" + everyByte().toHex()},
-        {"nothing", "data:"},
-        {"removed", "absent"},
-        {"never set", "absent"},
-    };
-    for (const auto &[name, value] : expected) {
-        const QString key = QString::fromLatin1(name);
-        QCOMPARE(readBack(defaults, key), value);
-        QCOMPARE(inAnotherProcess(key), value);
-    }
-}
-
-void SettingsTests::aValueOfAnotherTypeIsAbsent_data()
-{
-    QTest::addColumn<QByteArray>("stored");
-    QTest::addColumn<QByteArray>("read");
-    QTest::newRow("yes is no boolean") << QByteArray("yes") << QByteArray("other");
-    QTest::newRow("text is no number") << QByteArray("abc") << QByteArray("other");
-    QTest::newRow("empty") << QByteArray("") << QByteArray("other");
-    QTest::newRow("nan") << QByteArray("nan") << QByteArray("other");
-    QTest::newRow("infinity") << QByteArray("inf") << QByteArray("other");
-    QTest::newRow("beyond a double") << QByteArray("1e999") << QByteArray("other");
-    QTest::newRow("a list") << QByteArray("1, 2") << QByteArray("other");
-    QTest::newRow("1 is a number only") << QByteArray("1") << QByteArray("number:1");
-    QTest::newRow("edited by hand") << QByteArray("false") << QByteArray("boolean:false");
-}
-
-void SettingsTests::aValueOfAnotherTypeIsAbsent()
-{
-    QFETCH(QByteArray, stored);
-    QDir().mkpath(QFileInfo(path()).path());
-    QFile file(path());
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("[General]\nkey=" + stored + '\n');
-    file.close();
-    QTEST(readBack(IniUserDefaults(), QStringLiteral("key")), "read");
-}
-
-void SettingsTests::settingsAreForTheirUserOnly()
-{
-    IniUserDefaults defaults;
-    defaults.setNumber(QStringLiteral("bad"), std::nan(""));
-    QVERIFY(!defaults.number(QStringLiteral("bad")));
-    const auto groupAndOthers = QFileDevice::Permissions(0x0077);
-    QVERIFY(QFile::exists(path()));
-    QVERIFY(!(QFile::permissions(path()) & groupAndOthers));
-    // A file that came from elsewhere, readable for all, is closed with the next write.
-    QFile::setPermissions(path(), QFile::permissions(path()) | QFileDevice::ReadOther);
-    defaults.setBoolean(QStringLiteral("more"), true);
-    QVERIFY(!(QFile::permissions(path()) & groupAndOthers));
-}
-
-void SettingsTests::theLoginItemStartsTheProgramAndGoes()
-{
-    const QString file = m_home->filePath(QStringLiteral("autostart/org.panorel.Panorel.desktop"));
-    const QString folder = m_home->filePath(QStringLiteral("a \"$HOME\" `x` \\n 'é"));
-    const QString program = folder + QStringLiteral("/panorel");
-    QVERIFY(QDir().mkpath(folder));
-    QVERIFY(QFile::copy(QStringLiteral("/bin/true"), program));
-
-    XdgLoginItem item(program);
-    item.setRegistered(false);
-    item.setRegistered(true);
-    item.setRegistered(true);
-    // GIO undoes the escapes as a desktop session does, and refuses a program that is not there.
-    GDesktopAppInfo *entry = g_desktop_app_info_new_from_filename(file.toUtf8().constData());
-    QVERIFY(entry);
-    char **arguments = nullptr;
-    QVERIFY(g_shell_parse_argv(g_app_info_get_commandline(G_APP_INFO(entry)), nullptr, &arguments,
-                               nullptr));
-    QCOMPARE(QString::fromUtf8(arguments[0]), program);
-    QVERIFY(!arguments[1]);
-    g_strfreev(arguments);
-    g_object_unref(entry);
-
-    XdgLoginItem(QStringLiteral("/opt/50%f/panorel")).setRegistered(true);
-    QFile written(file);
-    QVERIFY(written.open(QIODevice::ReadOnly));
-    QVERIFY(written.readAll().contains("Exec=\"/opt/50%%f/panorel\"\n"));
-    item.setRegistered(false);
-    QVERIFY(!QFile::exists(file));
 }
 
 } // namespace Panorel::X11
