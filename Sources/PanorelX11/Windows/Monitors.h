@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PanorelCore/Geometry.h"
+#include "PanorelX11/Displays/RandR.h"
 #include "PanorelX11/Windows/EventPump.h"
 
 #include <optional>
@@ -12,7 +13,7 @@ namespace Panorel::X11 {
 class Monitors {
 public:
     /// The connection and the pump outlive it.
-    Monitors(const XConnection &connection, EventPump &pump);
+    Monitors(XConnection &connection, EventPump &pump);
 
     /// In root coordinates; read again only after something about them may have changed.
     const std::vector<Rect> &workAreas();
@@ -24,11 +25,10 @@ public:
 
 private:
     void handle(const xcb_generic_event_t &event);
-    std::vector<Rect> readFrames() const;
 
     const XConnection &m_connection;
     EventPump &m_pump;
-    std::uint8_t m_firstRandREvent = 0; ///< 0: the server has no RandR
+    RandR m_randR;
     std::optional<std::vector<Rect>> m_workAreas;
     std::uint64_t m_changeCount = 0;
     std::optional<EventPump::TimePoint> m_lastChange;

@@ -15,7 +15,8 @@ constexpr auto patienceAfterDisplayChange = 6s;
 constexpr auto recentDisplayChange = 10s;
 
 /// The properties that a window's visible frame and state are read from.
-constexpr std::array watchedProperties{"_NET_WM_STATE", "_NET_FRAME_EXTENTS", "_GTK_FRAME_EXTENTS"};
+constexpr std::array watchedProperties{"WM_NORMAL_HINTS", "_NET_WM_STATE", "_NET_FRAME_EXTENTS",
+                                       "_GTK_FRAME_EXTENTS"};
 
 /// The window that an event tells a change of; none for events of other kinds.
 xcb_window_t changedWindow(const XConnection &connection, const xcb_generic_event_t &event)
@@ -58,11 +59,16 @@ WindowPlacer::WindowPlacer(const XConnection &connection, EventPump &pump,
     pump.addListener([this](const xcb_generic_event_t &event) { noteEvent(event); });
 }
 
+void WindowPlacer::remember(xcb_window_t window, const ClientReading &reading)
+{
+    m_known.insert_or_assign(window, reading);
+}
+
 void WindowPlacer::place(xcb_window_t window, const PlacementTarget &target)
 {
     const auto workAreas = m_monitors.workAreas();
     const bool isUnsure = m_pending.erase(window) > 0;
-    const auto reading = m_reader.read(window);
+    const auto reading = readingToStartFrom(window, isUnsure);
     if (!reading)
         return;
     const auto now = std::chrono::steady_clock::now();
@@ -110,11 +116,23 @@ std::optional<WindowPlacer::TimePoint> WindowPlacer::nextLook() const
 
 void WindowPlacer::noteEvent(const xcb_generic_event_t &event)
 {
-    const auto pending = m_pending.find(changedWindow(m_connection, event));
+    const xcb_window_t window = changedWindow(m_connection, event);
+    if (window == XCB_WINDOW_NONE)
+        return;
+    m_known.erase(window);
+    const auto pending = m_pending.find(window);
     if (pending == m_pending.end())
         return;
     m_lastAnswer = std::chrono::steady_clock::now();
     pending->second.placement.noteChange(m_lastAnswer);
+}
+
+std::optional<ClientReading> WindowPlacer::readingToStartFrom(xcb_window_t window, bool isUnsure)
+{
+    const auto known = m_known.extract(window);
+    if (known && !isUnsure)
+        return known.mapped();
+    return m_reader.read(window);
 }
 
 void WindowPlacer::look()

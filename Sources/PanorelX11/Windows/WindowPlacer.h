@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <map>
+#include <unordered_map>
 
 namespace Panorel::X11 {
 
@@ -22,6 +23,10 @@ public:
     /// All of them outlive it.
     WindowPlacer(const XConnection &connection, EventPump &pump, const ClientReader &reader,
                  const WindowManager &windowManager, Monitors &monitors);
+
+    /// A reading that was made for another purpose. As long as no event tells of a change, it
+    /// saves place() the round trip, for which it would have to queue behind every move before.
+    void remember(xcb_window_t window, const ClientReading &reading);
 
     void place(xcb_window_t window, const PlacementTarget &target);
 
@@ -48,6 +53,7 @@ private:
     };
 
     void noteEvent(const xcb_generic_event_t &event);
+    std::optional<ClientReading> readingToStartFrom(xcb_window_t window, bool isUnsure);
     void look();
     std::optional<Point> pointerWithButtonDown() const;
 
@@ -57,6 +63,7 @@ private:
     const WindowManager &m_windowManager;
     Monitors &m_monitors;
     std::map<xcb_window_t, Pending> m_pending;
+    std::unordered_map<xcb_window_t, ClientReading> m_known;
     TimePoint m_lastAnswer{};
     std::function<void()> m_nextLookChanged;
 };

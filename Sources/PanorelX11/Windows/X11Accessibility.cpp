@@ -41,6 +41,7 @@ std::vector<WindowAttributes> X11Accessibility::windows(ProcessIdentifier pid)
     for (std::size_t i = 0; i < ids.size(); ++i) {
         if (!readings[i])
             continue;
+        m_placer.remember(ids[i], *readings[i]);
         const Rect frame = readings[i]->geometry.visibleFrame().toRect();
         windows.push_back({std::make_shared<X11Window>(ids[i]), frame.origin(), frame.size(),
                            titles[i], readings[i]->isMinimized, readings[i]->isFullScreen});
