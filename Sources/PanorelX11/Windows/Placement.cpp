@@ -174,7 +174,7 @@ void Placement::startMaximizing(TimePoint now, const ClientReading &reading)
 void Placement::judgeUnmaximizing(const ClientReading &reading, TimePoint now)
 {
     if (!reading.isPartlyMaximized()) {
-        if (now >= calmTime(reading))
+        if (m_area || now >= calmTime(reading))
             startMoving(reading, now);
         else
             m_nextLook = calmTime(reading);
@@ -190,10 +190,10 @@ void Placement::judgeMoving(const ClientReading &reading, TimePoint now)
     const bool isAsGoodAsItGets = isPositioned && m_isDue && m_requests >= requestsForSize
                                   && now >= m_stableSince + selfDecoratedCalm;
     if ((isPositioned && isSizeRight(reading)) || isAsGoodAsItGets) {
-        if (now < calmTime(reading))
+        if (m_area)
+            startMaximizing(now, reading); // its calm is waited for in that state
+        else if (now < calmTime(reading))
             m_nextLook = calmTime(reading);
-        else if (m_area)
-            startMaximizing(now, reading);
         else
             m_phase = Phase::Done;
     } else if (m_isDue) {
