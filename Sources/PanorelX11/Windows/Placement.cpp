@@ -81,8 +81,9 @@ void Placement::judge(const std::optional<ClientReading> &reading, TimePoint now
         return giveUp();
     const FrameGeometry &geometry = reading->geometry;
     if (geometry.client.width != m_lastGeometry.client.width
-        || geometry.client.height != m_lastGeometry.client.height
-        || geometry.decorations != m_lastGeometry.decorations
+        || geometry.client.height != m_lastGeometry.client.height)
+        m_resized = m_stableSince = now;
+    if (geometry.decorations != m_lastGeometry.decorations
         || geometry.shadow != m_lastGeometry.shadow)
         m_stableSince = now;
     m_lastGeometry = geometry;
@@ -136,7 +137,10 @@ void Placement::chooseRectangle(const ClientReading &reading)
         // Window managers maximise a window on the monitor that it is on; the rectangle is what
         // it returns to when the user un-maximises it.
         m_rectangle = movedInto(*m_area, frame);
-        m_aspect = WindowManager::Aspect::PositionAndSize;
+        const bool keepsSize =
+            m_rectangle.width == frame.width && m_rectangle.height == frame.height;
+        m_aspect =
+            keepsSize ? WindowManager::Aspect::Position : WindowManager::Aspect::PositionAndSize;
         return;
     }
     const Rect current = frame.toRect();
@@ -174,10 +178,13 @@ void Placement::startMaximizing(TimePoint now, const ClientReading &reading)
 void Placement::judgeUnmaximizing(const ClientReading &reading, TimePoint now)
 {
     if (!reading.isPartlyMaximized()) {
-        if (m_area || now >= calmTime(reading))
+        // What is to be maximised again has to have its own size back first, or it would lose it;
+        // how its shadow grows meanwhile does not matter.
+        const TimePoint calm = m_area ? m_resized + stateChangeCalm : calmTime(reading);
+        if (now >= calm)
             startMoving(reading, now);
         else
-            m_nextLook = calmTime(reading);
+            m_nextLook = calm;
     } else if (m_isDue) {
         sendState(false, now, reading);
     }
@@ -249,7 +256,7 @@ void Placement::sendState(bool maximized, TimePoint now, const ClientReading &re
     m_windowManager.setMaximized(m_window, maximized);
     m_stateChanged = true;
     // Calm is counted from here: the extents of before are not yet those that go with the state.
-    m_stableSince = now;
+    m_resized = m_stableSince = now;
     countRequest(now, reading);
 }
 

@@ -97,6 +97,7 @@ private:
     bool m_hasChanged = false;
     FrameGeometry m_lastGeometry;
     TimePoint m_stableSince{}; ///< extents and size; the position may change meanwhile
+    TimePoint m_resized{};     ///< when the client's size last changed, or the state was asked for
     TimePoint m_nextLook{};
 };
 

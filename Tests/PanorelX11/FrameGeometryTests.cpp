@@ -1,0 +1,143 @@
+#include "PanorelX11/Windows/FrameGeometry.h"
+#include "PanorelX11/Windows/SizeHints.h"
+
+#include <QObject>
+#include <QTest>
+
+#include <limits>
+
+using namespace Panorel;
+using namespace Panorel::X11;
+
+/// The arithmetic between what the user sees, what the protocol speaks of, and what a client is
+/// able to be.
+class FrameGeometryTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theFrameHasTheTitleBarButNotTheShadow()
+    {
+        const FrameGeometry decorated{{105, 220, 400, 300}, {5, 5, 20, 5}, std::nullopt};
+        QVERIFY(decorated.visibleFrame() == (PixelRect{100, 200, 410, 325}));
+        QVERIFY(decorated.clientFor({0, 0, 410, 325}) == (PixelRect{5, 20, 400, 300}));
+
+        const FrameGeometry selfDecorated{{74, 177, 552, 452}, {}, Extents{26, 26, 23, 29}};
+        QVERIFY(selfDecorated.visibleFrame() == (PixelRect{100, 200, 500, 400}));
+        QVERIFY(selfDecorated.clientFor({100, 200, 500, 400}) == selfDecorated.client);
+
+        QVERIFY(decorated.clientFor({0, 0, 3, 3}) == (PixelRect{5, 20, 1, 1}));
+    }
+
+    void bordersThatNoWindowHasAreIgnored_data()
+    {
+        QTest::addColumn<std::vector<std::uint32_t>>("values");
+        QTest::newRow("none") << std::vector<std::uint32_t>{};
+        QTest::newRow("three") << std::vector<std::uint32_t>{1, 2, 3};
+        QTest::newRow("five") << std::vector<std::uint32_t>{1, 2, 3, 4, 5};
+        QTest::newRow("negative") << std::vector<std::uint32_t>{1, 2, 0xffffffff, 4};
+        QTest::newRow("huge") << std::vector<std::uint32_t>{1, 2, 3, 100000};
+    }
+
+    void bordersThatNoWindowHasAreIgnored()
+    {
+        QFETCH(std::vector<std::uint32_t>, values);
+        QVERIFY(!extentsFromValues(values));
+    }
+
+    void aStoredFrameIsAskedForInPixelsTheProtocolCanSay()
+    {
+        QVERIFY(nearestPixels({10.4, -10.6, 300.5, 200.2}) == (PixelRect{10, -11, 301, 200}));
+        QVERIFY(nearestPixels({1e300, -1e300, 0, 1e300}) == (PixelRect{32767, -32768, 1, 32767}));
+        const double nan = std::numeric_limits<double>::quiet_NaN();
+        QVERIFY(nearestPixels({nan, nan, nan, nan}) == (PixelRect{0, 0, 1, 1}));
+    }
+
+    void aRequestNamesThePointThatTheGravityMeans_data()
+    {
+        QTest::addColumn<std::uint32_t>("gravity");
+        QTest::addColumn<double>("x");
+        QTest::addColumn<double>("y");
+        // Client at 100, 200; borders left 4, right 6, top 20, bottom 10.
+        QTest::newRow("north west") << 1u << 96.0 << 180.0;
+        QTest::newRow("north") << 2u << 101.0 << 180.0;
+        QTest::newRow("east") << 6u << 106.0 << 195.0;
+        QTest::newRow("south east") << 9u << 106.0 << 210.0;
+        QTest::newRow("static") << 10u << 100.0 << 200.0;
+        QTest::newRow("no such gravity") << 77u << 96.0 << 180.0;
+    }
+
+    void aRequestNamesThePointThatTheGravityMeans()
+    {
+        QFETCH(std::uint32_t, gravity);
+        const Point origin = requestedOrigin({100, 200, 300, 150}, {4, 6, 20, 10}, gravity);
+        QTEST(origin.x, "x");
+        QTEST(origin.y, "y");
+    }
+
+    void aWindowIsBroughtIntoAnAreaByTheShortestWay()
+    {
+        const Rect area{1920, 30, 1280, 994};
+        QVERIFY(movedInto(area, {2000, 100, 500, 400}) == (PixelRect{2000, 100, 500, 400}));
+        QVERIFY(movedInto(area, {100, 900, 500, 400}) == (PixelRect{1920, 624, 500, 400}));
+        QVERIFY(movedInto(area, {0, 0, 5000, 400}) == (PixelRect{1920, 30, 1280, 400}));
+    }
+
+    void aClientsHintsTellWhichSizeItWillTake_data()
+    {
+        QTest::addColumn<std::vector<std::uint32_t>>("values");
+        QTest::addColumn<int>("width");
+        QTest::addColumn<int>("height");
+        const auto hints = [](std::uint32_t flags, std::pair<std::uint32_t, std::uint32_t> minimum,
+                              std::pair<std::uint32_t, std::uint32_t> maximum,
+                              std::pair<std::uint32_t, std::uint32_t> increment,
+                              std::pair<std::uint32_t, std::uint32_t> base) {
+            return std::vector<std::uint32_t>{flags,
+                                              0,
+                                              0,
+                                              0,
+                                              0,
+                                              minimum.first,
+                                              minimum.second,
+                                              maximum.first,
+                                              maximum.second,
+                                              increment.first,
+                                              increment.second,
+                                              0,
+                                              0,
+                                              0,
+                                              0,
+                                              base.first,
+                                              base.second,
+                                              0};
+        };
+        const std::uint32_t min = 1 << 4;
+        const std::uint32_t max = 1 << 5;
+        const std::uint32_t inc = 1 << 6;
+        const std::uint32_t base = 1 << 8;
+        // Asked for: 500 x 333.
+        QTest::newRow("no hints") << std::vector<std::uint32_t>{} << 500 << 333;
+        QTest::newRow("terminal") << hints(min | inc | base, {10, 17}, {}, {6, 13}, {4, 4}) << 496
+                                  << 329;
+        QTest::newRow("steps from the minimum")
+            << hints(min | inc, {20, 20}, {}, {100, 100}, {}) << 420 << 320;
+        QTest::newRow("fixed") << hints(min | max, {640, 480}, {640, 480}, {}, {}) << 640 << 480;
+        QTest::newRow("limits that contradict each other")
+            << hints(min | max, {600, 400}, {300, 200}, {}, {}) << 600 << 400;
+        QTest::newRow("absurd numbers") << hints(min | max | inc | base, {0, 0}, {0xffffffff, 0},
+                                                 {0, 0xfffffff0}, {0x80000000, 1})
+                                        << 500 << 333;
+        QTest::newRow("cut short")
+            << std::vector<std::uint32_t>{min | max | inc | base, 0, 0} << 500 << 333;
+    }
+
+    void aClientsHintsTellWhichSizeItWillTake()
+    {
+        QFETCH(std::vector<std::uint32_t>, values);
+        const PixelRect taken = SizeHints::fromValues(values).constrained({0, 0, 500, 333});
+        QTEST(taken.width, "width");
+        QTEST(taken.height, "height");
+    }
+};
+
+QTEST_GUILESS_MAIN(FrameGeometryTests)
+#include "FrameGeometryTests.moc"
