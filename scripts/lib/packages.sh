@@ -6,12 +6,13 @@ PACKAGES_BUILD="ca-certificates g++ cmake ninja-build pkg-config qt6-base-dev li
 
 # A private X server with hot-plug, window managers and windows to manage.
 PACKAGES_DESKTOP="xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils x11-xkb-utils
-    xkb-data dbus-daemon openbox xfwm4 xterm file-roller qt6-qpa-plugins"
+    xkb-data dbus-daemon openbox xfwm4 xterm file-roller fonts-dejavu-core
+    qt6-qpa-plugins"
 
 PACKAGES_TEST="clang-format libasan8 libubsan1"
 
 PACKAGES_DEMO="x11-utils x11-apps wmctrl imagemagick geany galculator l3afpad linguist-qt6
-    fonts-dejavu-core fontconfig adwaita-icon-theme hicolor-icon-theme"
+    adwaita-icon-theme hicolor-icon-theme"
 
 # Runs a command as root, through sudo where need be.
 as_root() {

@@ -84,7 +84,7 @@ std::optional<xcb_window_t> DesktopProbe::find(const QString &wanted) const
 {
     const std::vector<xcb_window_t> windows = stacking();
     const auto found =
-        std::ranges::find_if(windows, [&](xcb_window_t window) { return title(window) == wanted; });
+        std::ranges::find_if(windows, [&](xcb_window_t window) { return title(window).trimmed() == wanted; });
     return found == windows.end() ? std::nullopt : std::optional(*found);
 }
 
@@ -214,10 +214,12 @@ std::optional<std::uint32_t> DesktopProbe::currentDesktop() const
 
 void DesktopProbe::setDesktopCount(std::uint32_t count)
 {
-    message(m_root, "_NET_NUMBER_OF_DESKTOPS", {count});
+    const std::vector<std::uint32_t> wanted{count};
     require(
         [&] {
-            return values(m_root, "_NET_NUMBER_OF_DESKTOPS") == std::vector<std::uint32_t>{count};
+            // Again each time: a window manager that is just starting may not listen yet.
+            message(m_root, "_NET_NUMBER_OF_DESKTOPS", {count});
+            return values(m_root, "_NET_NUMBER_OF_DESKTOPS") == wanted;
         },
         "the number of desktops");
 }

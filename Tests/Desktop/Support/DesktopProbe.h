@@ -22,6 +22,7 @@ public:
     /// The managed windows, bottom to top.
     std::vector<xcb_window_t> stacking() const;
     std::vector<QString> stackedTitles() const;
+    /// Blanks around the title don't count.
     std::optional<xcb_window_t> find(const QString &title) const;
     QString title(xcb_window_t window) const;
 

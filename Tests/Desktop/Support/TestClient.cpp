@@ -47,6 +47,7 @@ QStringList argumentsOf(ClientKind kind, const QString &title)
         return {titleOption, title, QStringLiteral("--gravity"), QStringLiteral("9")};
     case ClientKind::Increments:
         return {QStringLiteral("-T"),   title,
+                QStringLiteral("-fa"),  QStringLiteral("DejaVu Sans Mono"),
                 QStringLiteral("-xrm"), QStringLiteral("*allowTitleOps: false"),
                 QStringLiteral("-e"),   QStringLiteral("sleep"),
                 QStringLiteral("86400")};
