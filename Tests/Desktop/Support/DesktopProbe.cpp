@@ -62,7 +62,9 @@ std::vector<std::uint32_t> DesktopProbe::values(xcb_window_t window, const char 
 
 std::vector<xcb_window_t> DesktopProbe::stacking() const
 {
-    return values(m_root, "_NET_CLIENT_LIST_STACKING");
+    // xfwm4 does not set the first before there is something to stack.
+    const std::vector<xcb_window_t> stacked = values(m_root, "_NET_CLIENT_LIST_STACKING");
+    return stacked.empty() ? values(m_root, "_NET_CLIENT_LIST") : stacked;
 }
 
 std::vector<QString> DesktopProbe::stackedTitles() const
@@ -83,8 +85,8 @@ QString DesktopProbe::title(xcb_window_t window) const
 std::optional<xcb_window_t> DesktopProbe::find(const QString &wanted) const
 {
     const std::vector<xcb_window_t> windows = stacking();
-    const auto found =
-        std::ranges::find_if(windows, [&](xcb_window_t window) { return title(window).trimmed() == wanted; });
+    const auto found = std::ranges::find_if(
+        windows, [&](xcb_window_t window) { return title(window).trimmed() == wanted; });
     return found == windows.end() ? std::nullopt : std::optional(*found);
 }
 
@@ -114,20 +116,30 @@ std::optional<Rect> DesktopProbe::frame(xcb_window_t window) const
 
 Rect DesktopProbe::restingFrame(xcb_window_t window) const
 {
+    return restingFrames({window}).front();
+}
+
+std::vector<Rect> DesktopProbe::restingFrames(const std::vector<xcb_window_t> &windows) const
+{
     // GTK animates the shadow of its windows: at rest means unchanged for longer than one step.
-    std::optional<Rect> last;
+    std::vector<std::optional<Rect>> last;
     QElapsedTimer unchanged;
-    unchanged.start();
     require(
         [&] {
-            const std::optional<Rect> now = frame(window);
+            std::vector<std::optional<Rect>> now;
+            for (const xcb_window_t window : windows)
+                now.push_back(frame(window));
             if (now != last)
-                unchanged.restart();
+                unchanged.start();
             last = now;
-            return last && unchanged.elapsed() > 120;
+            return std::ranges::all_of(last, [](const auto &one) { return one.has_value(); })
+                   && unchanged.elapsed() > 120;
         },
-        "a window at rest");
-    return *last;
+        "windows at rest");
+    std::vector<Rect> frames;
+    for (const std::optional<Rect> &one : last)
+        frames.push_back(*one);
+    return frames;
 }
 
 bool DesktopProbe::hasState(xcb_window_t window, const char *state) const

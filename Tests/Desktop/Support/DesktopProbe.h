@@ -31,6 +31,7 @@ public:
 
     /// The frame once it and its extents have come to rest. Fatal where they don't.
     Rect restingFrame(xcb_window_t window) const;
+    std::vector<Rect> restingFrames(const std::vector<xcb_window_t> &windows) const;
 
     bool hasState(xcb_window_t window, const char *state) const;
     void setState(xcb_window_t window, bool on, const char *first, const char *second = nullptr);

@@ -52,22 +52,26 @@ RestoreReport DesktopSession::restore(const Layout &layout)
 
 std::map<QString, Rect> DesktopSession::frames() const
 {
+    const std::vector<xcb_window_t> windows = probe.stacking();
+    const std::vector<Rect> resting = probe.restingFrames(windows);
     std::map<QString, Rect> frames;
-    for (const xcb_window_t window : probe.stacking())
-        frames[probe.title(window)] = probe.restingFrame(window);
+    for (std::size_t i = 0; i < windows.size(); ++i)
+        frames[probe.title(windows[i])] = resting[i];
     return frames;
 }
 
 void DesktopSession::moveAndWait(const TestClient &client, const Rect &frame)
 {
+    probe.move(client.window(), frame);
     // Close is enough: a size that goes in steps, or gravity, may keep the window from the rest.
-    const auto near = [&] {
+    const bool moved = waitUntil([&] {
         const std::optional<Rect> now = probe.frame(client.window());
         return now && std::abs(now->x - frame.x) < 40 && std::abs(now->y - frame.y) < 40;
-    };
-    probe.move(client.window(), frame);
-    require(near, "a moved window");
-    probe.restingFrame(client.window());
+    });
+    const Rect now = probe.restingFrame(client.window());
+    if (!moved)
+        qFatal("%s is at %g, %g and not at %g, %g", qPrintable(probe.title(client.window())), now.x,
+               now.y, frame.x, frame.y);
 }
 
 void DesktopSession::setStateAndWait(const TestClient &client, bool on, const char *first,
