@@ -17,7 +17,7 @@ const std::vector<Rect> &Monitors::workAreas()
     m_pump.drain();
     if (!m_workAreas) {
         const auto struts = readStruts(m_connection);
-        const Size rootSize = m_randR.rootSize();
+        const Size rootSize = readRootSize(m_connection).value_or(Size{});
         std::vector<Rect> areas;
         for (const Monitor &monitor : m_randR.monitors())
             areas.push_back(workArea(monitor.frame, struts, rootSize));

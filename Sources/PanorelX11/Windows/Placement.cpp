@@ -106,7 +106,8 @@ void Placement::judge(const std::optional<ClientReading> &reading, TimePoint now
     case Phase::Done:
         break;
     }
-    m_nextLook = std::min(m_nextLook, m_deadline);
+    // Nothing more to send: only an event, or the end of the time, can change anything.
+    m_nextLook = m_nextLook > now ? std::min(m_nextLook, m_deadline) : m_deadline;
 }
 
 void Placement::noteChange(TimePoint now)
