@@ -139,10 +139,10 @@ private Q_SLOTS:
         g_strfreev(arguments);
         g_object_unref(entry);
 
-        XdgLoginItem(QStringLiteral("/opt/50%f/panorel")).setRegistered(true);
+        XdgLoginItem(QStringLiteral("/opt/$x 50%f/panorel")).setRegistered(true);
         QFile written(file);
         QVERIFY(written.open(QIODevice::ReadOnly));
-        QVERIFY(written.readAll().contains("Exec=\"/opt/50%%f/panorel\"\n"));
+        QVERIFY(written.readAll().contains("Exec=\"/opt/\\\\$x 50%%f/panorel\"\n"));
         item.setRegistered(false);
         QVERIFY(!QFile::exists(file));
     }
