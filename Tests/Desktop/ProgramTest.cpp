@@ -1,0 +1,173 @@
+#include "Desktop/Support/DesktopProbe.h"
+#include "Desktop/Support/TestClient.h"
+#include "Desktop/Support/TestServer.h"
+#include "Desktop/Support/TestWindowManager.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTest>
+
+#include <csignal>
+
+using namespace Panorel;
+using namespace Panorel::Desktop;
+
+namespace {
+
+QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// The program itself, with a data directory of its own.
+class Program {
+public:
+    Program()
+    {
+        qputenv("PANOREL_DATA_DIR", QFile::encodeName(m_data.path()));
+        m_child.process().setProcessChannelMode(QProcess::SeparateChannels);
+        m_child.start();
+    }
+    ~Program() { qunsetenv("PANOREL_DATA_DIR"); }
+
+    qsizetype logged(const char *text) const
+    {
+        return contents(m_data.filePath(QStringLiteral("app.log"))).count(text);
+    }
+    void awaitLogged(qsizetype count, const char *text) const
+    {
+        require([&] { return logged(text) >= count; }, text);
+    }
+    QJsonObject layouts() const
+    {
+        return QJsonDocument::fromJson(contents(m_data.filePath(QStringLiteral("layouts.json"))))
+            .object();
+    }
+    QStringList files() const { return QDir(m_data.path()).entryList(QDir::Files | QDir::Hidden); }
+
+    void send(int signal) { ::kill(static_cast<pid_t>(m_child.processID()), signal); }
+
+    /// The exit status once it has ended by itself; absent where a signal ended it.
+    std::optional<int> awaitEnd()
+    {
+        require([this] { return !m_child.running(); }, "the end of the program");
+        return m_child.process().exitStatus() == QProcess::NormalExit
+                   ? std::optional(m_child.process().exitCode())
+                   : std::nullopt;
+    }
+    QByteArray errors() { return m_child.process().readAllStandardError(); }
+
+private:
+    QTemporaryDir m_data;
+    ChildProcess m_child{QStringLiteral(PANOREL_PROGRAM)};
+};
+
+} // namespace
+
+/// The program as the user starts it.
+class ProgramTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aReplugPutsEveryWindowBack();
+    void aSignalEndsItCleanly_data();
+    void aSignalEndsItCleanly();
+    void theServersEndIsSaidOnceAndLosesNothing();
+    void withoutADisplayItSaysSo();
+};
+
+void ProgramTest::aReplugPutsEveryWindowBack()
+{
+    TestServer server;
+    server.setEdid(0, buildEdid({.model = 1, .serial = 11, .name = "Left"}));
+    server.setEdid(1, buildEdid({.model = 1, .serial = 12, .name = "Right"}));
+    server.plug(sideBySide());
+    const TestWindowManager manager(QStringLiteral("openbox"));
+    DesktopProbe probe;
+    const TestClient left(ClientKind::Plain, QStringLiteral("left"));
+    const TestClient right(ClientKind::Qt, QStringLiteral("right"));
+    const TestClient terminal(ClientKind::Increments, QStringLiteral("terminal"));
+    probe.move(left.window(), {100, 100, 500, 400});
+    probe.move(right.window(), {3100, 500, 600, 450});
+    probe.move(terminal.window(), {2000, 80, 640, 420});
+    const std::vector<xcb_window_t> windows{left.window(), right.window(), terminal.window()};
+    require([&] { return probe.frame(right.window())->x == 3100; }, "placed windows");
+    require([&] { return probe.frame(terminal.window())->x == 2000; }, "placed windows");
+    const std::vector<Rect> before = probe.restingFrames(windows);
+    const std::vector<xcb_window_t> order = probe.stacking();
+    const auto focus = probe.activeWindow();
+
+    Program program;
+    program.awaitLogged(1, "learned layout: 3 windows");
+    for (int round = 1; round <= 2; ++round) {
+        server.plug({{.output = 0}});
+        program.awaitLogged(round, "display settled: 1 displays");
+        require([&] { return probe.frame(right.window())->x < 1920; }, "a window pushed aside");
+        probe.restingFrames(windows);
+        server.plug(sideBySide());
+        program.awaitLogged(round, "restore report: 3/3 restored, 0 failed");
+        QVERIFY(probe.restingFrames(windows) == before);
+        QCOMPARE(probe.stacking(), order);
+        QCOMPARE(probe.activeWindow(), focus);
+    }
+    program.send(SIGTERM);
+    QCOMPARE(program.awaitEnd(), std::optional(0));
+    QCOMPARE(program.errors(), QByteArray());
+}
+
+void ProgramTest::aSignalEndsItCleanly_data()
+{
+    QTest::addColumn<int>("signal");
+    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::newRow("SIGINT") << SIGINT;
+}
+
+void ProgramTest::aSignalEndsItCleanly()
+{
+    QFETCH(int, signal);
+    TestServer server;
+    const TestWindowManager manager(QStringLiteral("openbox"));
+    const TestClient client(ClientKind::Plain, QStringLiteral("window"));
+    Program program;
+    program.awaitLogged(1, "learned layout: 1 windows");
+    program.send(signal);
+    QCOMPARE(program.awaitEnd(), std::optional(0));
+    QCOMPARE(program.errors(), QByteArray());
+    QVERIFY(!program.layouts().isEmpty());
+}
+
+void ProgramTest::theServersEndIsSaidOnceAndLosesNothing()
+{
+    TestServer server;
+    const TestWindowManager manager(QStringLiteral("openbox"));
+    const TestClient client(ClientKind::Plain, QStringLiteral("window"));
+    Program program;
+    program.awaitLogged(1, "learned layout: 1 windows");
+    const QJsonObject layouts = program.layouts();
+    const QStringList files = program.files();
+    server.kill();
+    const std::optional<int> status = program.awaitEnd();
+    QVERIFY(status.has_value() && *status != 0);
+    const QByteArray errors = program.errors();
+    QVERIFY2(errors.count('\n') == 1 && errors.startsWith("panorel: "), errors.constData());
+    QVERIFY(!layouts.isEmpty());
+    QVERIFY(program.layouts() == layouts);
+    QCOMPARE(program.files(), files); // nothing half-written is left behind
+}
+
+void ProgramTest::withoutADisplayItSaysSo()
+{
+    qunsetenv("DISPLAY");
+    Program program;
+    const std::optional<int> status = program.awaitEnd();
+    QVERIFY(status.has_value() && *status != 0);
+    const QByteArray errors = program.errors();
+    QVERIFY2(errors.count('\n') == 1 && errors.startsWith("panorel: "), errors.constData());
+    QVERIFY(errors.contains("DISPLAY") || errors.contains("X"));
+}
+
+QTEST_GUILESS_MAIN(ProgramTest)
+#include "ProgramTest.moc"
