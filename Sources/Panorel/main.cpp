@@ -8,6 +8,7 @@
 #include <QCoreApplication>
 
 #include <cstdio>
+#include <functional>
 #include <stdexcept>
 
 using namespace Panorel;
@@ -16,6 +17,13 @@ namespace {
 
 int run(QCoreApplication &application, Platform &platform)
 {
+    // In force before the first learning, which may be writing when the session ends.
+    std::function<void()> prepareToEnd = [] {};
+    const TerminationSignals signals([&] {
+        prepareToEnd();
+        application.quit();
+    });
+
     const SystemClock clock;
     AppLog &log = AppLog::shared();
     QtScheduler scheduler;
@@ -23,13 +31,10 @@ int run(QCoreApplication &application, Platform &platform)
     DisplayWatcher watcher(platform.screens(), scheduler, log);
     PanelModel panelModel;
     AppController controller(panelModel, {platform, watcher, prefs, scheduler, log, clock});
+    prepareToEnd = [&] { controller.prepareToEnd(); };
 
-    const TerminationSignals signals([&] {
-        controller.prepareToEnd();
-        application.quit();
-    });
     platform.setLostCallback([&](const QString &reason) {
-        controller.prepareToEnd();
+        prepareToEnd();
         std::fprintf(stderr, "panorel: %s\n", qPrintable(reason));
         application.exit(1);
     });
