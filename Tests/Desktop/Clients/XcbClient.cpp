@@ -59,11 +59,10 @@ void becomePanel(const Window &window, const QString &strut)
 
 void describe(const Window &window, const QCommandLineParser &options)
 {
-    // A raw title is given in hexadecimal: it need not be text at all.
-    const QByteArray title =
-        options.isSet(QStringLiteral("raw-title"))
-            ? QByteArray::fromHex(options.value(QStringLiteral("raw-title")).toLatin1())
-            : options.value(QStringLiteral("title")).toUtf8();
+    QByteArray title = options.value(QStringLiteral("title")).toUtf8();
+    if (options.isSet(QStringLiteral("raw-title"))) // in base64: it need not be text at all
+        title = QByteArray::fromBase64(options.value(QStringLiteral("raw-title")).toLatin1())
+                    .repeated(options.value(QStringLiteral("repeats")).toInt());
     setText(window, "_NET_WM_NAME", "UTF8_STRING", title);
     setText(window, "WM_NAME", "STRING", title);
     const QByteArray name = options.value(QStringLiteral("class")).toLatin1();
@@ -140,7 +139,8 @@ int main(int argc, char **argv)
     QCommandLineParser options;
     options.addOptions({
         {QStringLiteral("title"), {}, QStringLiteral("text")},
-        {QStringLiteral("raw-title"), {}, QStringLiteral("hexadecimal")},
+        {QStringLiteral("raw-title"), {}, QStringLiteral("base64")},
+        {QStringLiteral("repeats"), {}, QStringLiteral("count"), QStringLiteral("1")},
         {QStringLiteral("class"), {}, QStringLiteral("name"), QStringLiteral("Panorel-test")},
         {QStringLiteral("geometry"),
          {},
