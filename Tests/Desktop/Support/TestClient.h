@@ -32,7 +32,6 @@ public:
     /// It kills itself, without a word to the window manager, as soon as it is next moved.
     void dieWhenMoved();
     void dieNow();
-    bool alive() const { return m_process.running(); }
 
 private:
     ChildProcess m_process;
