@@ -8,7 +8,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto stackingPatience = 200ms;
+constexpr auto stackingPatience = 100ms;
 /// Within this a window manager has handled an activation, whether it announced it or not.
 constexpr auto activationPatience = 80ms;
 constexpr auto focusPatience = 150ms;
