@@ -56,7 +56,8 @@ std::vector<std::uint32_t> DesktopProbe::values(xcb_window_t window, const char 
 {
     const QByteArray raw = bytes(window, property);
     std::vector<std::uint32_t> result(static_cast<std::size_t>(raw.size()) / 4);
-    std::memcpy(result.data(), raw.constData(), result.size() * 4);
+    if (!result.empty())
+        std::memcpy(result.data(), raw.constData(), result.size() * 4);
     return result;
 }
 
