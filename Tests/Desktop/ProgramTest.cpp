@@ -146,8 +146,10 @@ void ProgramTest::theServersEndIsSaidOnceAndLosesNothing()
     const TestClient client(ClientKind::Plain, QStringLiteral("window"));
     Program program;
     program.awaitLogged(1, "learned layout: 1 windows");
+    const QStringList files{QStringLiteral("app.log"), QStringLiteral("layouts.json"),
+                            QStringLiteral("usage.json")};
+    require([&] { return program.files() == files; }, "the last file of the first learning");
     const QJsonObject layouts = program.layouts();
-    const QStringList files = program.files();
     server.kill();
     const std::optional<int> status = program.awaitEnd();
     QVERIFY(status.has_value() && *status != 0);
