@@ -13,6 +13,12 @@ namespace {
 
 constexpr std::chrono::seconds learnInterval(90);
 
+namespace HotKeyID {
+const QString restore = QStringLiteral("restore");
+const QString saveLayout = QStringLiteral("savelayout");
+const QString undo = QStringLiteral("undo");
+} // namespace HotKeyID
+
 /// A preference that is no usable number counts as the default.
 double usableSettleSeconds(double stored)
 {
@@ -30,8 +36,7 @@ AppController::AppController(PanelModel &panelModel, const AppServices &services
       m_engine(m_rules, m_snapshotter, services.platform.accessibility(), services.log,
                services.clock)
 {
-    m_panelModel.onRestoreNow = [this] { restoreNow(); };
-    m_panelModel.onGrantPermission = [this] { m_permission.promptAccessibility(); };
+    installPanelActions();
 
     DisplayWatcher &watcher = m_services.displayWatcher;
     watcher.setOnDeskSettled(
@@ -41,14 +46,27 @@ AppController::AppController(PanelModel &panelModel, const AppServices &services
 
     m_learnTimer = m_services.scheduler.repeat(learnInterval, [this] { learn(); });
     learn();
+    reloadHotKeys();
     refreshPanel();
 }
 
 AppController::~AppController()
 {
     m_services.displayWatcher.setOnDeskSettled({});
+    for (const auto &id : {HotKeyID::restore, HotKeyID::saveLayout, HotKeyID::undo})
+        m_services.hotKeys.unregister(id);
     m_panelModel.onRestoreNow = {};
+    m_panelModel.onUndo = {};
     m_panelModel.onGrantPermission = {};
+    m_panelModel.onOpening = {};
+}
+
+void AppController::installPanelActions()
+{
+    m_panelModel.onRestoreNow = [this] { restoreNow(); };
+    m_panelModel.onUndo = [this] { undoLastRestore(); };
+    m_panelModel.onGrantPermission = [this] { m_permission.promptAccessibility(); };
+    m_panelModel.onOpening = [this] { refreshPanel(); };
 }
 
 void AppController::learn()
@@ -161,6 +179,31 @@ void AppController::saveLayoutNow()
     refreshPanel();
 }
 
+void AppController::reloadHotKeys()
+{
+    const Prefs &prefs = m_services.prefs;
+    reloadHotKey(HotKeyID::restore, QStringLiteral("Restore now"), prefs.restoreHotKey(),
+                 &AppController::restoreNow);
+    reloadHotKey(HotKeyID::saveLayout, QStringLiteral("Save layout now"), prefs.saveLayoutHotKey(),
+                 &AppController::saveLayoutNow);
+    reloadHotKey(HotKeyID::undo, QStringLiteral("Undo last restore"), prefs.undoHotKey(),
+                 &AppController::undoLastRestore);
+}
+
+void AppController::reloadHotKey(const QString &id, const QString &name,
+                                 const std::optional<HotKeyCombo> &combo,
+                                 void (AppController::*action)())
+{
+    HotKeyCenter &keys = m_services.hotKeys;
+    if (!combo) {
+        keys.unregister(id);
+        return;
+    }
+    if (!keys.registerHotKey(id, name, *combo, [this, action] { (this->*action)(); }))
+        m_services.log.log(QStringLiteral("hotkey: %1 is taken, \"%2\" has no key")
+                               .arg(m_services.platform.hotKeys().text(*combo), name));
+}
+
 void AppController::refreshPanel()
 {
     const DisplayWatcher &watcher = m_services.displayWatcher;
@@ -170,6 +213,7 @@ void AppController::refreshPanel()
     const Layout *layout = currentLayout();
     m_panelModel.setWindowCount(layout ? qint64(layout->windows.size()) : 0);
     m_panelModel.setScenes(m_scenes.scenesFor(watcher.configID()));
+    m_panelModel.setCanUndo(m_engine.lastUndo().has_value());
 }
 
 void AppController::prepareToEnd()

@@ -5,6 +5,7 @@
 #include "PanorelCore/Stores/SceneStore.h"
 #include "PanorelCore/Stores/UsageStore.h"
 #include "PanorelEngine/Displays/DisplayWatcher.h"
+#include "PanorelEngine/HotKeys/HotKeyCenter.h"
 #include "PanorelEngine/Windows/PermissionCenter.h"
 #include "PanorelEngine/Windows/RestoreEngine.h"
 #include "PanorelEngine/Windows/WindowSnapshotter.h"
@@ -23,6 +24,7 @@ class Prefs;
 struct AppServices {
     Platform &platform;
     DisplayWatcher &displayWatcher;
+    HotKeyCenter &hotKeys;
     Prefs &prefs;
     Scheduler &scheduler;
     AppLog &log;
@@ -54,6 +56,9 @@ public:
     /// Saves the desk as it is, also where learning would wait.
     void saveLayoutNow();
 
+    /// Registers the global keys anew, as the preferences have them now.
+    void reloadHotKeys();
+
     /// Copies the current state into the panel's model, all but the last action.
     void refreshPanel();
 
@@ -62,6 +67,9 @@ public:
     void prepareToEnd();
 
 private:
+    void installPanelActions();
+    void reloadHotKey(const QString &id, const QString &name,
+                      const std::optional<HotKeyCombo> &combo, void (AppController::*action)());
     bool hasAccessibility();
     bool mayLearn() const;
     void refreshWhileSettling();

@@ -27,6 +27,7 @@ public:
     const std::vector<DisplayInfo> &displays() const { return m_displays; }
     const std::vector<SceneRecord> &scenes() const { return m_scenes; } ///< of this desk
     bool isStashed() const { return m_isStashed; }
+    bool canUndo() const { return m_canUndo; } ///< the last restore can be undone
 
     /// The displays' names, joined with " + ".
     QString displayNames() const;
@@ -38,10 +39,22 @@ public:
     void setDisplays(const std::vector<DisplayInfo> &displays) { set(m_displays, displays); }
     void setScenes(const std::vector<SceneRecord> &scenes) { set(m_scenes, scenes); }
     void setIsStashed(bool stashed) { set(m_isStashed, stashed); }
+    void setCanUndo(bool possible) { set(m_canUndo, possible); }
 
-    // Empty until AppController installs them.
+    // What the panel's rows do. A row whose action is empty is not offered.
     Action onRestoreNow;
+    Action onUndo;
+    Action onStash;
+    std::function<void(const QUuid &scene)> onApplyScene;
+    Action onSaveScene;
+    Action onOpenLayouts;
+    Action onOpenSettings;
+    Action onOpenShortcuts;
+    Action onCheckForUpdates;
     Action onGrantPermission;
+    Action onQuit;
+    /// The panel is about to open: bring the values up to date.
+    Action onOpening;
 
 Q_SIGNALS:
     /// A value was set to another one.
@@ -63,6 +76,7 @@ private:
     std::vector<DisplayInfo> m_displays;
     std::vector<SceneRecord> m_scenes;
     bool m_isStashed = false;
+    bool m_canUndo = false;
 };
 
 } // namespace Panorel

@@ -1,5 +1,8 @@
 #include "Panorel/Prefs.h"
 
+#include "PanorelCore/JSON/PanorelJSON.h"
+#include "PanorelCore/Records/ModelCoding.h"
+
 namespace Panorel {
 
 namespace {
@@ -15,7 +18,15 @@ constexpr char placeNewApps[] = "placeNewApps";
 constexpr char hideOthersOnSwitch[] = "hideOthersOnSwitch";
 constexpr char displaySettleSeconds[] = "displaySettleSeconds";
 constexpr char tipDismissed[] = "tipDismissed";
+constexpr char stashHotKey[] = "stashHotKey";
+constexpr char restoreHotKey[] = "restoreHotKey";
+constexpr char saveLayoutHotKey[] = "saveLayoutHotKey";
+constexpr char undoHotKey[] = "undoHotKey";
 } // namespace Key
+
+constexpr HotKeyCombo defaultStash{1, HotKeyCombo::option | HotKeyCombo::shift};
+constexpr HotKeyCombo defaultRestore{15, HotKeyCombo::command | HotKeyCombo::shift};
+constexpr HotKeyCombo defaultSaveLayout{1, HotKeyCombo::command | HotKeyCombo::shift};
 
 bool readBoolean(const UserDefaultsPort &defaults, const char *key, bool otherwise)
 {
@@ -38,7 +49,57 @@ Prefs::Prefs(UserDefaultsPort &defaults, ActivationPolicyPort &activationPolicy,
       m_displaySettleSeconds(
           defaults.number(QLatin1String(Key::displaySettleSeconds)).value_or(1.5)),
       m_tipDismissed(readBoolean(defaults, Key::tipDismissed, false))
-{}
+{
+    readHotKeys();
+}
+
+void Prefs::readHotKeys()
+{
+    // A stash key that can't be read gets its default, the other two then have none.
+    const auto stash = load(Key::stashHotKey);
+    m_stashHotKey = stash ? *stash : defaultStash;
+    m_restoreHotKey = loadOrDefault(Key::restoreHotKey, defaultRestore);
+    m_saveLayoutHotKey = loadOrDefault(Key::saveLayoutHotKey, defaultSaveLayout);
+    m_undoHotKey = load(Key::undoHotKey);
+
+    save(m_stashHotKey, Key::stashHotKey);
+    save(m_restoreHotKey, Key::restoreHotKey);
+    save(m_saveLayoutHotKey, Key::saveLayoutHotKey);
+    save(m_undoHotKey, Key::undoHotKey);
+}
+
+std::optional<HotKeyCombo> Prefs::load(const char *key) const
+{
+    const auto stored = m_defaults.data(QLatin1String(key));
+    if (!stored)
+        return {};
+    try {
+        return PanorelJSON::decoder().decode<HotKeyCombo>(*stored);
+    } catch (const DecodingError &) {
+        return {};
+    }
+}
+
+std::optional<HotKeyCombo> Prefs::loadOrDefault(const char *key, const HotKeyCombo &otherwise) const
+{
+    return m_defaults.contains(QLatin1String(key)) ? load(key) : otherwise;
+}
+
+void Prefs::save(const std::optional<HotKeyCombo> &combo, const char *key)
+{
+    if (combo)
+        m_defaults.setData(QLatin1String(key), PanorelJSON::encoder().encode(*combo));
+    else
+        m_defaults.remove(QLatin1String(key));
+}
+
+void Prefs::assign(std::optional<HotKeyCombo> &member, const char *key,
+                   const std::optional<HotKeyCombo> &combo)
+{
+    member = combo;
+    save(combo, key);
+    Q_EMIT changed();
+}
 
 void Prefs::assign(bool &member, const char *key, bool value)
 {
@@ -108,6 +169,26 @@ void Prefs::setTipDismissed(bool value)
 {
     assign(m_tipDismissed, Key::tipDismissed, value);
     Q_EMIT changed();
+}
+
+void Prefs::setStashHotKey(const std::optional<HotKeyCombo> &combo)
+{
+    assign(m_stashHotKey, Key::stashHotKey, combo);
+}
+
+void Prefs::setRestoreHotKey(const std::optional<HotKeyCombo> &combo)
+{
+    assign(m_restoreHotKey, Key::restoreHotKey, combo);
+}
+
+void Prefs::setSaveLayoutHotKey(const std::optional<HotKeyCombo> &combo)
+{
+    assign(m_saveLayoutHotKey, Key::saveLayoutHotKey, combo);
+}
+
+void Prefs::setUndoHotKey(const std::optional<HotKeyCombo> &combo)
+{
+    assign(m_undoHotKey, Key::undoHotKey, combo);
 }
 
 } // namespace Panorel

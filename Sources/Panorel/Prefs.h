@@ -1,9 +1,12 @@
 #pragma once
 
+#include "PanorelCore/Records/Models.h"
 #include "PanorelPorts/ApplicationPorts.h"
 #include "PanorelPorts/UserDefaultsPort.h"
 
 #include <QObject>
+
+#include <optional>
 
 namespace Panorel {
 
@@ -14,7 +17,8 @@ class Prefs : public QObject {
     Q_OBJECT
 
 public:
-    /// The ports must outlive it. Defaults are not written.
+    /// The ports must outlive it. Of the defaults only the hot keys are written: the database
+    /// then shows what is in force.
     Prefs(UserDefaultsPort &defaults, ActivationPolicyPort &activationPolicy,
           LoginItemPort &loginItem);
 
@@ -40,6 +44,14 @@ public:
     /// The panel's hot-key tip was closed. Default: off.
     bool tipDismissed() const { return m_tipDismissed; }
 
+    // The global keys of the fixed actions; absent: none. A key that is cleared comes back with
+    // its default at the next launch, but for undo, which has none. Assigning registers nothing:
+    // AppController::reloadHotKeys() does.
+    const std::optional<HotKeyCombo> &stashHotKey() const { return m_stashHotKey; }
+    const std::optional<HotKeyCombo> &restoreHotKey() const { return m_restoreHotKey; }
+    const std::optional<HotKeyCombo> &saveLayoutHotKey() const { return m_saveLayoutHotKey; }
+    const std::optional<HotKeyCombo> &undoHotKey() const { return m_undoHotKey; }
+
     void setEnabled(bool value);
     void setRestoreAutomatically(bool value);
     void setAlsoRestoreSizes(bool value);
@@ -50,12 +62,22 @@ public:
     void setHideOthersOnSwitch(bool value);
     void setDisplaySettleSeconds(double value);
     void setTipDismissed(bool value);
+    void setStashHotKey(const std::optional<HotKeyCombo> &combo);
+    void setRestoreHotKey(const std::optional<HotKeyCombo> &combo);
+    void setSaveLayoutHotKey(const std::optional<HotKeyCombo> &combo);
+    void setUndoHotKey(const std::optional<HotKeyCombo> &combo);
 
 Q_SIGNALS:
     void changed();
 
 private:
     void assign(bool &member, const char *key, bool value);
+    void assign(std::optional<HotKeyCombo> &member, const char *key,
+                const std::optional<HotKeyCombo> &combo);
+    void readHotKeys();
+    std::optional<HotKeyCombo> load(const char *key) const;
+    std::optional<HotKeyCombo> loadOrDefault(const char *key, const HotKeyCombo &otherwise) const;
+    void save(const std::optional<HotKeyCombo> &combo, const char *key);
 
     UserDefaultsPort &m_defaults;
     ActivationPolicyPort &m_activationPolicy;
@@ -70,6 +92,10 @@ private:
     bool m_hideOthersOnSwitch;
     double m_displaySettleSeconds;
     bool m_tipDismissed;
+    std::optional<HotKeyCombo> m_stashHotKey;
+    std::optional<HotKeyCombo> m_restoreHotKey;
+    std::optional<HotKeyCombo> m_saveLayoutHotKey;
+    std::optional<HotKeyCombo> m_undoHotKey;
 };
 
 } // namespace Panorel

@@ -29,8 +29,10 @@ int run(QCoreApplication &application, Platform &platform)
     QtScheduler scheduler;
     Prefs prefs(platform.userDefaults(), platform.activationPolicy(), platform.loginItem());
     DisplayWatcher watcher(platform.screens(), scheduler, log);
+    HotKeyCenter hotKeys(platform.hotKeys());
     PanelModel panelModel;
-    AppController controller(panelModel, {platform, watcher, prefs, scheduler, log, clock});
+    AppController controller(panelModel,
+                             {platform, watcher, hotKeys, prefs, scheduler, log, clock});
     prepareToEnd = [&] { controller.prepareToEnd(); };
 
     platform.setLostCallback([&](const QString &reason) {

@@ -2,6 +2,7 @@
 
 #include "PanorelPorts/AccessibilityPort.h"
 #include "PanorelPorts/ApplicationPorts.h"
+#include "PanorelPorts/HotKeyPort.h"
 #include "PanorelPorts/ScreensPort.h"
 #include "PanorelPorts/UserDefaultsPort.h"
 #include "PanorelPorts/WindowListPort.h"
@@ -21,6 +22,7 @@ public:
     virtual WindowListPort &windowList() = 0;
     virtual WorkspacePort &workspace() = 0;
     virtual ScreensPort &screens() = 0;
+    virtual HotKeyPort &hotKeys() = 0;
     virtual UserDefaultsPort &userDefaults() = 0;
     virtual LoginItemPort &loginItem() = 0;
     virtual ActivationPolicyPort &activationPolicy() = 0;

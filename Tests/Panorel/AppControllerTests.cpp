@@ -29,6 +29,7 @@ struct Program {
     PanelModel panel;
     std::unique_ptr<Prefs> prefs;
     std::unique_ptr<DisplayWatcher> watcher;
+    HotKeyCenter hotKeys{platform.keys};
     std::unique_ptr<AppController> controller;
 
     Program()
@@ -48,7 +49,7 @@ struct Program {
                                         platform.loginItem());
         watcher = std::make_unique<DisplayWatcher>(platform.display, scheduler, dir.log);
         controller = std::make_unique<AppController>(
-            panel, AppServices{platform, *watcher, *prefs, scheduler, dir.log, dir.clock});
+            panel, AppServices{platform, *watcher, hotKeys, *prefs, scheduler, dir.log, dir.clock});
         return *controller;
     }
     void end()
@@ -340,6 +341,32 @@ private Q_SLOTS:
         program.platform.defaults.setNumber(QStringLiteral("displaySettleSeconds"), stored);
         program.start();
         QCOMPARE(program.watcher->settleSeconds(), used);
+    }
+
+    void theGlobalKeysDoWhatThePanelDoes()
+    {
+        const HotKeyCombo undoKey{32, HotKeyCombo::control};
+        Program program;
+        program.start();
+        program.prefs->setUndoHotKey(undoKey);
+        program.controller->reloadHotKeys();
+        QCOMPARE(program.platform.keys.registered.size(), 3u);
+        program.desktop.window(program.mail).frame = clampedPlace;
+        program.platform.keys.press(*program.prefs->restoreHotKey());
+        QVERIFY(program.mailFrame() == rightPlace);
+        program.platform.keys.press(undoKey);
+        QVERIFY(program.mailFrame() == clampedPlace);
+        program.platform.keys.press(*program.prefs->saveLayoutHotKey());
+        QVERIFY(program.logged(QStringLiteral("hotkey: layout saved (2 windows)")));
+
+        program.prefs->setUndoHotKey({});
+        program.platform.keys.refused = {*program.prefs->restoreHotKey()};
+        program.controller->reloadHotKeys();
+        QCOMPARE(program.platform.keys.registered.size(), 1u);
+        QVERIFY(program.logged(
+            QStringLiteral("hotkey: Shift+Super+R is taken, \"Restore now\" has no key")));
+        program.controller.reset();
+        QVERIFY(program.platform.keys.registered.empty());
     }
 
     void nothingReachesAControllerThatIsGone()

@@ -48,14 +48,13 @@ private Q_SLOTS:
         InMemoryPlatform platform;
         Prefs prefs(platform.defaults, platform.activationPolicy(), platform.loginItem());
         QCOMPARE((prefs.*which.get)(), byDefault);
-        QVERIFY(platform.defaults.values.empty());
+        QVERIFY(!platform.defaults.contains(key)); // a default is not written
 
         QSignalSpy changed(&prefs, &Prefs::changed);
         (prefs.*which.set)(!byDefault);
         (prefs.*which.set)(!byDefault);
         QCOMPARE(changed.count(), 2); // every assignment notifies
         QCOMPARE(platform.defaults.boolean(key), !byDefault);
-        QCOMPARE(platform.defaults.values.size(), 1u);
 
         const Prefs later(platform.defaults, platform.activationPolicy(), platform.loginItem());
         QCOMPARE((later.*which.get)(), !byDefault);
@@ -88,6 +87,56 @@ private Q_SLOTS:
         prefs.setLaunchAtLogin(false);
         QVERIFY(platform.policy == ActivationPolicy::Accessory);
         QCOMPARE(platform.registeredAtLogin, false);
+    }
+
+    void hotKeysAreRepairedEachInItsOwnWay_data()
+    {
+        const auto text = [](const char16_t *glyphs) { return QString::fromUtf16(glyphs); };
+        QTest::addColumn<QByteArray>("stored"); // null: nothing
+        QTest::addColumn<QStringList>("shown"); // stash, restore, save layout, undo
+        QTest::newRow("a fresh user")
+            << QByteArray() << QStringList{text(u"⌥⇧S"), text(u"⇧⌘R"), text(u"⇧⌘S"), text(u"")};
+        QTest::newRow("garbage") << QByteArray("{\"keyCode\":")
+                                 << QStringList{text(u"⌥⇧S"), text(u""), text(u""), text(u"")};
+        QTest::newRow("a choice") << QByteArray("{\"keyCode\":49,\"modifiers\":4096}")
+                                  << QStringList(4, text(u"⌃Space"));
+    }
+
+    void hotKeysAreRepairedEachInItsOwnWay()
+    {
+        QFETCH(QByteArray, stored);
+        QFETCH(QStringList, shown);
+        const QStringList keys{QStringLiteral("stashHotKey"), QStringLiteral("restoreHotKey"),
+                               QStringLiteral("saveLayoutHotKey"), QStringLiteral("undoHotKey")};
+        InMemoryPlatform platform;
+        if (!stored.isNull()) {
+            for (const QString &key : keys)
+                platform.defaults.setData(key, stored);
+        }
+        const Prefs prefs(platform.defaults, platform.activationPolicy(), platform.loginItem());
+        const std::array combos{prefs.stashHotKey(), prefs.restoreHotKey(),
+                                prefs.saveLayoutHotKey(), prefs.undoHotKey()};
+        for (std::size_t i = 0; i < combos.size(); ++i) {
+            const QString key = keys[qsizetype(i)];
+            QCOMPARE(combos[i] ? combos[i]->displayString() : QString(), shown[qsizetype(i)]);
+            QCOMPARE(platform.defaults.contains(key), combos[i].has_value()); // saved back
+        }
+    }
+
+    void aClearedKeyComesBackAtTheNextLaunchButUndo()
+    {
+        InMemoryPlatform platform;
+        Prefs prefs(platform.defaults, platform.activationPolicy(), platform.loginItem());
+        prefs.setUndoHotKey(HotKeyCombo{6, HotKeyCombo::command});
+        QVERIFY(platform.defaults.contains(QStringLiteral("undoHotKey")));
+        for (const auto set : {&Prefs::setStashHotKey, &Prefs::setRestoreHotKey,
+                               &Prefs::setSaveLayoutHotKey, &Prefs::setUndoHotKey})
+            (prefs.*set)(std::nullopt);
+        QVERIFY(!prefs.restoreHotKey() && platform.defaults.values.empty());
+
+        const Prefs later(platform.defaults, platform.activationPolicy(), platform.loginItem());
+        QVERIFY(later.stashHotKey() && later.restoreHotKey() && later.saveLayoutHotKey());
+        QVERIFY(!later.undoHotKey());
     }
 };
 

@@ -46,4 +46,32 @@ void InMemoryScreens::setChangeCallback(std::function<void()> changed)
     ++callbacksSet;
 }
 
+void InMemoryHotKeys::press(const HotKeyCombo &combo)
+{
+    for (const auto &[number, held] : registered) {
+        if (held == combo)
+            return deliver(number);
+    }
+}
+
+std::unique_ptr<HotKeyRegistration> InMemoryHotKeys::registerHotKey(const HotKeyCombo &combo,
+                                                                    HotKeyNumber number)
+{
+    class Registration final : public HotKeyRegistration {
+    public:
+        Registration(InMemoryHotKeys &keys, HotKeyNumber held) : m_keys(keys), m_number(held) {}
+        ~Registration() override { m_keys.registered.erase(m_number); }
+        Registration(const Registration &) = delete;
+        Registration &operator=(const Registration &) = delete;
+
+    private:
+        InMemoryHotKeys &m_keys;
+        HotKeyNumber m_number;
+    };
+    if (std::ranges::find(refused, combo) != refused.end())
+        return nullptr;
+    registered[number] = combo;
+    return std::make_unique<Registration>(*this, number);
+}
+
 } // namespace Panorel

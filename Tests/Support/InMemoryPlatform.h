@@ -64,10 +64,37 @@ private:
     }
 };
 
+class InMemoryHotKeys final : public HotKeyPort {
+public:
+    std::vector<HotKeyCombo> refused; ///< held by some other program
+    std::map<HotKeyNumber, HotKeyCombo> registered;
+
+    /// The user presses the keys.
+    void press(const HotKeyCombo &combo);
+    /// The platform delivers a press, possibly late.
+    void deliver(HotKeyNumber number)
+    {
+        if (m_pressed)
+            m_pressed(number);
+    }
+
+    void setPressedCallback(std::function<void(HotKeyNumber)> pressed) override
+    {
+        m_pressed = std::move(pressed);
+    }
+    std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKeyCombo &combo,
+                                                       HotKeyNumber number) override;
+    QString text(const HotKeyCombo &combo) const override { return combo.pcString(); }
+
+private:
+    std::function<void(HotKeyNumber)> m_pressed;
+};
+
 class InMemoryPlatform final : public Platform, LoginItemPort, ActivationPolicyPort {
 public:
     InMemoryDesktop desktop;
     InMemoryScreens display;
+    InMemoryHotKeys keys;
     InMemoryDefaults defaults;
     std::optional<bool> registeredAtLogin;
     std::optional<ActivationPolicy> policy;
@@ -76,6 +103,7 @@ public:
     WindowListPort &windowList() override { return desktop; }
     WorkspacePort &workspace() override { return desktop; }
     ScreensPort &screens() override { return display; }
+    HotKeyPort &hotKeys() override { return keys; }
     UserDefaultsPort &userDefaults() override { return defaults; }
     LoginItemPort &loginItem() override { return *this; }
     ActivationPolicyPort &activationPolicy() override { return *this; }

@@ -62,8 +62,18 @@ struct LayoutFile {
 /// A global key combination: a macOS virtual key code and Carbon modifier flags, also on X11,
 /// where both name key positions.
 struct HotKeyCombo {
+    static constexpr quint32 command = 0x100; ///< Super on a PC keyboard
+    static constexpr quint32 shift = 0x200;
+    static constexpr quint32 option = 0x800; ///< Alt
+    static constexpr quint32 control = 0x1000;
+
     quint32 keyCode = 0;
     quint32 modifiers = 0;
+
+    /// In a Mac's glyphs, for example "⌥⇧S"; "?" for a key without a name.
+    QString displayString() const;
+    /// As on a PC keyboard, for example "Alt+Shift+S".
+    QString pcString() const;
 
     bool operator==(const HotKeyCombo &) const = default;
 };
