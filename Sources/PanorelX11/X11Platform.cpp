@@ -7,7 +7,7 @@ namespace Panorel {
 namespace X11 {
 
 X11Platform::X11Platform()
-    : m_screens(m_events), m_loginItem(QCoreApplication::applicationFilePath())
+    : m_screens(m_events), m_hotKeys(m_events), m_loginItem(QCoreApplication::applicationFilePath())
 {}
 
 } // namespace X11

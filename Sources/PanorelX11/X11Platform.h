@@ -3,6 +3,7 @@
 #include "PanorelPorts/Platform.h"
 #include "PanorelX11/Connection/EventConnection.h"
 #include "PanorelX11/Displays/X11Screens.h"
+#include "PanorelX11/HotKeys/X11HotKeys.h"
 #include "PanorelX11/Settings/IniUserDefaults.h"
 #include "PanorelX11/Settings/NoActivationPolicy.h"
 #include "PanorelX11/Settings/XdgLoginItem.h"
@@ -21,6 +22,7 @@ public:
     WindowListPort &windowList() override { return m_windows.windowList(); }
     WorkspacePort &workspace() override { return m_windows.workspace(); }
     ScreensPort &screens() override { return m_screens; }
+    HotKeyPort &hotKeys() override { return m_hotKeys; }
     UserDefaultsPort &userDefaults() override { return m_userDefaults; }
     LoginItemPort &loginItem() override { return m_loginItem; }
     ActivationPolicyPort &activationPolicy() override { return m_activationPolicy; }
@@ -33,6 +35,7 @@ public:
 private:
     EventConnection m_events;
     X11Screens m_screens;
+    X11HotKeys m_hotKeys;
     WindowSystem m_windows;
     IniUserDefaults m_userDefaults;
     XdgLoginItem m_loginItem;

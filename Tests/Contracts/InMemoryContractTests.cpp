@@ -1,4 +1,5 @@
 #include "Contracts/AccessibilityContract.h"
+#include "Contracts/HotKeysContract.h"
 #include "Contracts/ScreensContract.h"
 #include "Contracts/UserDefaultsContract.h"
 #include "Support/InMemoryPlatform.h"
@@ -58,6 +59,29 @@ private:
     std::map<QString, int> m_numbers;
 };
 
+class InMemoryKeyboard final : public HotKeysRig {
+public:
+    InMemoryHotKeys keys;
+
+    HotKeyPort &hotKeys() override { return keys; }
+    void press(const HotKeyCombo &combo) override { keys.press(combo); }
+    void hold(const HotKeyCombo &combo) override { keys.press(combo); }
+    bool takeByAnother(const HotKeyCombo &combo) override
+    {
+        for (const auto &[number, held] : keys.registered) {
+            if (held == combo)
+                return false;
+        }
+        keys.refused.push_back(combo);
+        return true;
+    }
+    void endTheOther() override { keys.refused.clear(); }
+    void toggleCapsLock() override {}
+    void toggleNumLock() override {}
+    void setLayout(const QString &) override {}
+    bool waitUntil(const std::function<bool()> &condition) override { return condition(); }
+};
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -67,5 +91,8 @@ int main(int argc, char **argv)
     AccessibilityContract windows(rig);
     ScreensContract screens(rig);
     UserDefaultsContract defaults(rig.platform.defaults);
-    return QTest::qExec(&windows) + QTest::qExec(&screens) + QTest::qExec(&defaults);
+    InMemoryKeyboard keyboard;
+    HotKeysContract hotKeys(keyboard);
+    return QTest::qExec(&windows) + QTest::qExec(&screens) + QTest::qExec(&defaults)
+           + QTest::qExec(&hotKeys);
 }

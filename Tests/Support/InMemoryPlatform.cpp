@@ -68,7 +68,7 @@ std::unique_ptr<HotKeyRegistration> InMemoryHotKeys::registerHotKey(const HotKey
         InMemoryHotKeys &m_keys;
         HotKeyNumber m_number;
     };
-    if (std::ranges::find(refused, combo) != refused.end())
+    if (combo.keyCode > lastKeyCode || std::ranges::find(refused, combo) != refused.end())
         return nullptr;
     registered[number] = combo;
     return std::make_unique<Registration>(*this, number);

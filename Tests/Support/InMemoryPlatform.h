@@ -69,6 +69,9 @@ public:
     std::vector<HotKeyCombo> refused; ///< held by some other program
     std::map<HotKeyNumber, HotKeyCombo> registered;
 
+    /// Keys with a higher code are on no keyboard.
+    static constexpr quint32 lastKeyCode = 127;
+
     /// The user presses the keys.
     void press(const HotKeyCombo &combo);
     /// The platform delivers a press, possibly late.

@@ -1,0 +1,169 @@
+#include "PanorelX11/HotKeys/HotKeyTable.h"
+
+#include <QTest>
+
+using namespace Panorel;
+using namespace Panorel::X11;
+
+namespace {
+
+const HotKeyCombo altS{1, HotKeyCombo::option};
+const HotKeyCombo altD{2, HotKeyCombo::option};
+const HotKeyCombo superS{1, HotKeyCombo::command};
+
+constexpr std::uint16_t shift = XCB_MOD_MASK_SHIFT;
+constexpr std::uint16_t caps = XCB_MOD_MASK_LOCK;
+constexpr std::uint16_t alt = XCB_MOD_MASK_1;
+constexpr std::uint16_t num = XCB_MOD_MASK_2;
+constexpr std::uint16_t super = XCB_MOD_MASK_4;
+
+Keyboard keyboard(xcb_keycode_t s, xcb_keycode_t d)
+{
+    return {{{"AC02", s}, {"AC03", d}}, super, alt, num};
+}
+
+/// A server that notes what is grabbed.
+struct Server {
+    Server() { table.setKeyboard(keyboard(39, 40)); }
+
+    std::set<KeyGrab> grabbed;
+    std::vector<xcb_keycode_t> refused;
+    int calls = 0;
+    HotKeyTable table{[this](const KeyGrab &grab) {
+                          ++calls;
+                          if (std::ranges::find(refused, grab.key) != refused.end())
+                              return false;
+                          return grabbed.insert(grab).second;
+                      },
+                      [this](const KeyGrab &grab) {
+                          ++calls;
+                          grabbed.erase(grab);
+                      }};
+};
+
+} // namespace
+
+class HotKeyTableTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void locksMakeNoDifferenceToAGrab_data()
+    {
+        QTest::addColumn<QList<int>>("variants");
+        QTest::addColumn<quint32>("modifiers");
+        QTest::addColumn<quint32>("numLock");
+        const auto row = [](const char *name, std::uint16_t modifiers, std::uint16_t numLock,
+                            const QList<int> &variants) {
+            QTest::newRow(name) << variants << quint32(modifiers) << quint32(numLock);
+        };
+        row("the usual four", alt, num, {alt, alt | caps, alt | num, alt | caps | num});
+        row("no NumLock", alt, 0, {alt, alt | caps});
+        row("NumLock shares the modifier", alt, alt, {alt, alt | caps});
+        row("NumLock is CapsLock", alt, caps, {alt, alt | caps});
+        row("no modifier", 0, num, {0, caps, num, caps | num});
+    }
+
+    void locksMakeNoDifferenceToAGrab()
+    {
+        QFETCH(quint32, modifiers);
+        QFETCH(quint32, numLock);
+        const KeyGrab grab{39, std::uint16_t(modifiers), std::uint16_t(numLock)};
+        QList<int> variants;
+        for (const std::uint16_t variant : grab.variants()) {
+            variants.append(variant);
+            QVERIFY(grab.matches(39, variant));
+            QVERIFY(grab.matches(39, variant | 0x2000 | XCB_BUTTON_MASK_1)); // group, mouse
+            QVERIFY(!grab.matches(39, variant | shift));
+            QVERIFY(!grab.matches(40, variant));
+        }
+        QTEST(variants, "variants");
+    }
+
+    void modifiersAreFoundByTheirKeys_data()
+    {
+        QTest::addColumn<QList<quint32>>("rows");
+        QTest::addColumn<QList<quint32>>("found"); // command, option, NumLock
+        using List = QList<quint32>;
+        QTest::newRow("the usual places")
+            << List{alt, 0xffe9, num, 0xff7f, super, 0xffeb, super, 0xffec}
+            << List{super, alt, num};
+        QTest::newRow("right-hand keys only")
+            << List{alt, 0xffec, super, 0xffea} << List{alt, super, 0};
+        QTest::newRow("the lowest of several")
+            << List{super, 0xffeb, num, 0xffec} << List{num, 0, 0};
+        QTest::newRow("none") << List{shift, 0xffe1} << List{0, 0, 0};
+    }
+
+    void modifiersAreFoundByTheirKeys()
+    {
+        QFETCH(QList<quint32>, rows);
+        std::vector<ModifierKey> modifierKeys;
+        for (qsizetype i = 0; i < rows.size(); i += 2)
+            modifierKeys.push_back({std::uint16_t(rows[i]), rows[i + 1]});
+        Keyboard board = keyboard(39, 40);
+        board.setModifiers(modifierKeys);
+        QTEST((QList<quint32>{board.command, board.option, board.numLock}), "found");
+        QCOMPARE(board.find(superS).has_value(), board.command != 0);
+    }
+
+    void oneGrabServesTwoRegistrations()
+    {
+        Server server;
+        QVERIFY(server.table.add(7, altS));
+        QVERIFY(server.table.add(3, altS));
+        QCOMPARE(server.calls, 1);
+        QCOMPARE(server.table.pressed(39, alt), 7u);
+        server.table.remove(7);
+        QCOMPARE(server.calls, 1);
+        QCOMPARE(server.table.pressed(39, alt | num), 3u);
+        server.table.remove(3);
+        QVERIFY(server.grabbed.empty());
+        QVERIFY(!server.table.pressed(39, alt));
+    }
+
+    void aKeymapChangeMovesOnlyWhatHasMoved()
+    {
+        Server server;
+        server.table.add(1, altS);
+        server.table.add(2, altD);
+        server.calls = 0;
+        server.table.setKeyboard(keyboard(39, 41));
+        QCOMPARE(server.calls, 2);
+        QCOMPARE(server.grabbed, (std::set<KeyGrab>{{39, alt, num}, {41, alt, num}}));
+        server.table.setKeyboard(keyboard(41, 39)); // they change places
+        QCOMPARE(server.grabbed.size(), 2u);
+        QCOMPARE(server.table.pressed(41, alt), 1u);
+        QCOMPARE(server.table.pressed(39, alt), 2u);
+    }
+
+    void aKeyThatIsGoneComesBackWithALaterKeymap()
+    {
+        Server server;
+        server.table.add(1, altS);
+        server.table.setKeyboard({});
+        QVERIFY(server.grabbed.empty());
+        QVERIFY(!server.table.add(2, altS));
+        server.refused = {50};
+        server.table.setKeyboard(keyboard(50, 40));
+        QVERIFY(!server.table.pressed(50, alt));
+        server.refused.clear();
+        server.table.setKeyboard(keyboard(50, 40));
+        QCOMPARE(server.table.pressed(50, alt), 1u);
+    }
+
+    void twoModifiersOnOneKeyAreOneCombination()
+    {
+        Server server;
+        Keyboard board = keyboard(39, 40);
+        board.command = board.option;
+        server.table.setKeyboard(board);
+        QVERIFY(server.table.add(1, superS));
+        QVERIFY(server.table.add(2, altS));
+        QCOMPARE(server.grabbed.size(), 1u);
+        server.table.remove(1);
+        QCOMPARE(server.table.pressed(39, alt), 2u);
+    }
+};
+
+QTEST_GUILESS_MAIN(HotKeyTableTests)
+#include "HotKeyTableTests.moc"
