@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QLocalServer>
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <list>
+#include <optional>
+
+class QLocalSocket;
+
+namespace Panorel {
+
+/// Answers other programs of the same user over a local socket. One line of UTF-8 is the request,
+/// one line the reply, and then the connection ends. Nothing a client does, or leaves undone, takes
+/// more than a bounded amount of memory and time from us.
+class RequestServer : public QObject {
+    Q_OBJECT
+
+public:
+    /// In bytes, line feed included.
+    static constexpr qint64 maximumRequest = 4096;
+    static constexpr std::size_t maximumClients = 16;
+    static constexpr int patienceMilliseconds = 2000; ///< with one client
+
+    /// The reply to a request, both without line feeds. Must not run the event loop.
+    using Handler = std::function<QString(const QString &request)>;
+
+    explicit RequestServer(Handler handler);
+    ~RequestServer() override;
+
+    /// The caller has made sure that nobody else is to be heard under this path: what is left there
+    /// is replaced. False where no socket can be made; then nobody reaches us.
+    bool listen(const QString &path);
+
+private:
+    void acceptAll();
+    void read(QLocalSocket *client);
+    void drop(QLocalSocket *client);
+
+    Handler m_handler;
+    QLocalServer m_server;
+    std::list<QLocalSocket *> m_clients; ///< the oldest first; the server is their parent
+};
+
+/// What the server at the path replies; absent: none is there, or the time is over.
+std::optional<QString> askServer(const QString &path, const QString &request, int milliseconds);
+
+} // namespace Panorel

@@ -1,0 +1,255 @@
+#include "Panorel/SingleInstance.h"
+
+#include "Support/TestDataDir.h"
+
+#include <QLocalSocket>
+#include <QProcess>
+#include <QSocketNotifier>
+#include <QTest>
+
+#include <cstdio>
+#include <unistd.h>
+
+using namespace Panorel;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// A start of the program: this test program in another role. It says "runs" and goes on until its
+/// input ends, or says "told" and ends, or gives the reason why it can't.
+class Start {
+public:
+    Start()
+    {
+        m_process.setProcessChannelMode(QProcess::MergedChannels);
+        m_process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--start")});
+    }
+    ~Start()
+    {
+        m_process.closeWriteChannel();
+        m_process.waitForFinished();
+    }
+    Start(const Start &) = delete;
+    Start &operator=(const Start &) = delete;
+
+    /// Its first line; the event loop runs meanwhile.
+    QString outcome()
+    {
+        if (!QTest::qWaitFor([this] { return m_process.canReadLine(); }, 10'000))
+            return QStringLiteral("nothing");
+        return QString::fromUtf8(m_process.readLine()).trimmed();
+    }
+    void killNow()
+    {
+        m_process.kill();
+        m_process.waitForFinished();
+    }
+
+private:
+    QProcess m_process;
+};
+
+const QString runs = QStringLiteral("runs");
+const QString told = QStringLiteral("told");
+
+int runStart()
+{
+    try {
+        const auto instance = SingleInstance::acquire();
+        std::puts(instance ? "runs" : "told");
+        std::fflush(stdout);
+        if (!instance)
+            return 0;
+        QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
+        QObject::connect(&input, &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
+        return QCoreApplication::exec();
+    } catch (const std::runtime_error &error) {
+        std::puts(error.what());
+        return 1;
+    }
+}
+
+/// One data directory and one runtime directory.
+struct Session {
+    Session() { qputenv("XDG_RUNTIME_DIR", QFile::encodeName(runtime.path())); }
+    ~Session() { qunsetenv("XDG_RUNTIME_DIR"); }
+
+    QString socket() const
+    {
+        const QDir directory(runtime.path());
+        const QStringList sockets = directory.entryList({QStringLiteral("*.socket")}, QDir::System);
+        return sockets.isEmpty() ? QString() : directory.filePath(sockets.first());
+    }
+
+    QTemporaryDir runtime;
+    TestDataDir data;
+};
+
+} // namespace
+
+class SingleInstanceTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aSecondStartOpensThePanelOfTheFirst()
+    {
+        const Session session;
+        const auto first = SingleInstance::acquire();
+        QVERIFY(first);
+        int opened = 0;
+        first->setActivatedCallback([&] { ++opened; });
+        QCOMPARE(Start().outcome(), told);
+        QTRY_COMPARE(opened, 1);
+        QCOMPARE(Start().outcome(), told);
+        QTRY_COMPARE(opened, 2);
+    }
+
+    void aStartThatComesTooEarlyIsRemembered()
+    {
+        const Session session;
+        const auto first = SingleInstance::acquire();
+        QCOMPARE(Start().outcome(), told);
+        QCoreApplication::processEvents();
+        bool opened = false;
+        first->setActivatedCallback([&] { opened = true; });
+        QTRY_VERIFY(opened);
+    }
+
+    void afterAnEndOfAnyKindTheNextStartRuns()
+    {
+        const Session session;
+        {
+            Start killed;
+            QCOMPARE(killed.outcome(), runs);
+            killed.killNow();
+        }
+        QVERIFY(!session.socket().isEmpty()); // left behind
+        for (int round = 0; round < 2; ++round) {
+            const auto next = SingleInstance::acquire();
+            QVERIFY(next);
+            QCOMPARE(Start().outcome(), told);
+        }
+        QVERIFY(session.socket().isEmpty());
+    }
+
+    void ofManyStartsAtOnceExactlyOneRuns()
+    {
+        const Session session;
+        for (int round = 0; round < 10; ++round) {
+            std::list<Start> starts(4);
+            QStringList outcomes;
+            for (Start &start : starts)
+                outcomes.append(start.outcome());
+            QCOMPARE(outcomes.count(runs), 1);
+            QCOMPARE(outcomes.count(told), 3);
+            for (Start &start : starts)
+                start.killNow(); // so that the next round finds what a crash leaves
+        }
+    }
+
+    void aProgramThatHangsIsReportedInTime()
+    {
+        const Session session;
+        const auto hanging = SingleInstance::acquire(); // no event loop runs here
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error, (void)SingleInstance::acquire(100ms));
+    }
+
+    void aDirectoryIsTheSameHoweverItIsSpelled()
+    {
+        const Session session;
+        const auto first = SingleInstance::acquire();
+        QTemporaryDir other;
+        const QString link = other.filePath(QStringLiteral("link"));
+        QVERIFY(QFile::link(session.data.path(QString()), link));
+        qputenv("PANOREL_DATA_DIR", QFile::encodeName(link));
+        QCOMPARE(Start().outcome(), told);
+        qputenv("PANOREL_DATA_DIR", QFile::encodeName(other.filePath(QStringLiteral("new/data"))));
+        QVERIFY(SingleInstance::acquire());
+        QCOMPARE(Start().outcome(), runs);
+    }
+
+    void onlyTheUserGetsIn()
+    {
+        const Session session;
+        const auto first = SingleInstance::acquire();
+        const QDir directory(session.runtime.path());
+        const auto files = directory.entryInfoList(QDir::Files | QDir::System);
+        QCOMPARE(files.size(), 2);
+        for (const QFileInfo &file : files)
+            QVERIFY(!(file.permissions() & ~(QFile::Permissions(0x7700)))); // owner, user
+    }
+
+    void withoutARuntimeDirectoryTheDataDirectoryServes()
+    {
+        const Session session;
+        for (const char *unusable : {"", "relative", "/nowhere/at/all", "/"}) {
+            qputenv("XDG_RUNTIME_DIR", unusable);
+            const auto first = SingleInstance::acquire();
+            QVERIFY(session.data.names().contains(QStringLiteral("instance.lock")));
+            QCOMPARE(Start().outcome(), told);
+        }
+        // A path that no socket can have: it runs, but nobody can tell it anything.
+        qputenv("PANOREL_DATA_DIR", QFile::encodeName(session.data.path(QString(120, u'd'))));
+        const auto first = SingleInstance::acquire();
+        QVERIFY(first);
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error, (void)SingleInstance::acquire(20ms));
+    }
+
+    void aBadClientDisturbsNobody_data()
+    {
+        QTest::addColumn<QByteArray>("sent");
+        QTest::addColumn<QByteArray>("reply");
+        const QByteArray unknown = "error: unknown request\n";
+        QTest::newRow("silent") << QByteArray() << QByteArray();
+        QTest::newRow("no line feed") << QByteArray("open-panel") << QByteArray();
+        QTest::newRow("endless") << QByteArray(1'000'000, 'x') << QByteArray();
+        QTest::newRow("just too long") << QByteArray(4096, 'x') + '\n' << QByteArray();
+        QTest::newRow("empty") << QByteArray("\n") << unknown;
+        QTest::newRow("unknown") << QByteArray("format-disk now\n") << unknown;
+        QTest::newRow("not text") << QByteArray("\xff\xfe\0\x01\n", 5) << unknown;
+        QTest::newRow("the longest") << QByteArray(4095, 'x') + '\n' << unknown;
+        QTest::newRow("several at once") << QByteArray("a\nopen-panel\nopen-panel\n") << unknown;
+    }
+
+    void aBadClientDisturbsNobody()
+    {
+        QFETCH(QByteArray, sent);
+        const Session session;
+        const auto first = SingleInstance::acquire();
+        int opened = 0;
+        first->setActivatedCallback([&] { ++opened; });
+        QLocalSocket client;
+        client.connectToServer(session.socket());
+        client.write(sent);
+        QCOMPARE(Start().outcome(), told);
+        QTRY_COMPARE(client.state(), QLocalSocket::UnconnectedState);
+        QTEST(client.readAll(), "reply");
+        QCOMPARE(opened, 1);
+    }
+
+    void manyClientsDisturbNobody()
+    {
+        const Session session;
+        const auto first = SingleInstance::acquire();
+        std::list<QLocalSocket> silent(60);
+        for (QLocalSocket &client : silent)
+            client.connectToServer(session.socket());
+        QCOMPARE(Start().outcome(), told);
+        const auto isConnected = [](const QLocalSocket &client) {
+            return client.state() == QLocalSocket::ConnectedState;
+        };
+        QTRY_VERIFY(std::ranges::count_if(silent, isConnected)
+                    <= qsizetype(RequestServer::maximumClients));
+    }
+};
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    if (application.arguments().contains(QStringLiteral("--start")))
+        return runStart();
+    SingleInstanceTests tests;
+    return QTest::qExec(&tests, argc, argv);
+}
+
+#include "SingleInstanceTests.moc"
