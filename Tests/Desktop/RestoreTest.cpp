@@ -302,8 +302,9 @@ void RestoreTest::hostileTitlesAreKeptAndMatched()
 
     session.moveAndWait(hostile, {900, 500, 450, 350});
     session.restore(*stored);
+    // Not the frame it was opened with: laying out a long title takes openbox its time.
     QCOMPARE(described(session.probe.restingFrame(hostile.window())),
-             QStringLiteral("300,300 400x300"));
+             described(learned.windows[0].frame));
 }
 
 void RestoreTest::withoutAWindowManagerNothingIsTouched()

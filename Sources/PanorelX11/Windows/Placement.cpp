@@ -25,6 +25,7 @@ constexpr auto stateChangeCalm = 40ms;
 constexpr auto maximizedCalm = 300ms;
 
 constexpr int requestsForSize = 3;
+constexpr int requestsForSizeUnanswered = 5;
 constexpr int requestsForMaximizing = 4;
 constexpr int nudge = 8;
 
@@ -195,8 +196,10 @@ void Placement::judgeMoving(const ClientReading &reading, TimePoint now)
 {
     const bool isPositioned = isPositionRight(reading);
     // A client may refuse a size for reasons that its hints don't tell.
-    const bool isAsGoodAsItGets = isPositioned && m_isDue && m_requests >= requestsForSize
-                                  && now >= m_stableSince + selfDecoratedCalm;
+    // A window manager that says nothing may still be at work on it: it moves the frame first.
+    const int enough = m_changed > m_sent ? requestsForSize : requestsForSizeUnanswered;
+    const bool isAsGoodAsItGets =
+        isPositioned && m_isDue && m_requests >= enough && now >= m_stableSince + selfDecoratedCalm;
     if ((isPositioned && isSizeRight(reading)) || isAsGoodAsItGets) {
         if (m_area)
             startMaximizing(now, reading); // its calm is waited for in that state
