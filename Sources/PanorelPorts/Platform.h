@@ -4,6 +4,7 @@
 #include "PanorelPorts/ApplicationPorts.h"
 #include "PanorelPorts/HotKeyPort.h"
 #include "PanorelPorts/ScreensPort.h"
+#include "PanorelPorts/ShellPort.h"
 #include "PanorelPorts/UserDefaultsPort.h"
 #include "PanorelPorts/WindowListPort.h"
 #include "PanorelPorts/WorkspacePort.h"
@@ -26,6 +27,7 @@ public:
     virtual UserDefaultsPort &userDefaults() = 0;
     virtual LoginItemPort &loginItem() = 0;
     virtual ActivationPolicyPort &activationPolicy() = 0;
+    virtual ShellPort &shell() = 0;
 
     /// `lost` is called on the main thread, once, when the window system has gone away and
     /// nothing can be read or moved any more; `reason` is fit for the user. From then on the

@@ -7,6 +7,7 @@
 #include "PanorelX11/Settings/IniUserDefaults.h"
 #include "PanorelX11/Settings/NoActivationPolicy.h"
 #include "PanorelX11/Settings/XdgLoginItem.h"
+#include "PanorelX11/Shell/X11Shell.h"
 #include "PanorelX11/Windows/WindowSystem.h"
 
 namespace Panorel::X11 {
@@ -26,6 +27,7 @@ public:
     UserDefaultsPort &userDefaults() override { return m_userDefaults; }
     LoginItemPort &loginItem() override { return m_loginItem; }
     ActivationPolicyPort &activationPolicy() override { return m_activationPolicy; }
+    ShellPort &shell() override { return m_shell; }
 
     void setLostCallback(std::function<void(const QString &reason)> lost) override
     {
@@ -40,6 +42,7 @@ private:
     IniUserDefaults m_userDefaults;
     XdgLoginItem m_loginItem;
     NoActivationPolicy m_activationPolicy;
+    X11Shell m_shell{m_events.connection()};
 };
 
 } // namespace Panorel::X11

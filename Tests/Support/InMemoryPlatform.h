@@ -93,7 +93,7 @@ private:
     std::function<void(HotKeyNumber)> m_pressed;
 };
 
-class InMemoryPlatform final : public Platform, LoginItemPort, ActivationPolicyPort {
+class InMemoryPlatform final : public Platform, LoginItemPort, ActivationPolicyPort, ShellPort {
 public:
     InMemoryDesktop desktop;
     InMemoryScreens display;
@@ -101,6 +101,8 @@ public:
     InMemoryDefaults defaults;
     std::optional<bool> registeredAtLogin;
     std::optional<ActivationPolicy> policy;
+    std::vector<WindowHandle> onAllDesktops;
+    bool composited = true;
 
     AccessibilityPort &accessibility() override { return desktop; }
     WindowListPort &windowList() override { return desktop; }
@@ -110,11 +112,15 @@ public:
     UserDefaultsPort &userDefaults() override { return defaults; }
     LoginItemPort &loginItem() override { return *this; }
     ActivationPolicyPort &activationPolicy() override { return *this; }
+    ShellPort &shell() override { return *this; }
     void setLostCallback(std::function<void(const QString &)>) override {}
 
 private:
     void setRegistered(bool registered) override { registeredAtLogin = registered; }
     void setActivationPolicy(ActivationPolicy asked) override { policy = asked; }
+    bool isComposited() const override { return composited; }
+    bool hasEmbeddingTray() const override { return true; }
+    void showOnAllDesktops(WindowHandle window) override { onAllDesktops.push_back(window); }
 };
 
 } // namespace Panorel
