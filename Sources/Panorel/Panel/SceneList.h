@@ -1,0 +1,39 @@
+#pragma once
+
+#include "PanorelCore/Records/Models.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QVBoxLayout;
+
+namespace Panorel {
+
+class ListRow;
+class PanelModel;
+
+/// How the platform's users know a key combination.
+using HotKeyText = std::function<QString(const HotKeyCombo &)>;
+
+/// The scenes of the desk, each a row that switches to it, and the row that adds one.
+class SceneList : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The model must outlive it.
+    SceneList(const PanelModel &model, const HotKeyText &textOf, QWidget *parent = nullptr);
+
+    void refresh();
+
+private:
+    void buildRows();
+
+    const PanelModel &m_model;
+    HotKeyText m_textOf;
+    std::vector<SceneRecord> m_shown;
+    QVBoxLayout *m_rows;
+    ListRow *m_save;
+};
+
+} // namespace Panorel

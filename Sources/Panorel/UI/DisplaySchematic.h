@@ -1,0 +1,46 @@
+#pragma once
+
+#include "PanorelCore/Records/Models.h"
+
+#include <QIcon>
+#include <QTransform>
+#include <QWidget>
+
+#include <functional>
+
+namespace Panorel {
+
+/// The displays of a desk, to scale, and optionally the windows on them. From 64 pixels wide to a
+/// whole window, the same widget everywhere: what has no room is left out.
+class DisplaySchematic : public QWidget {
+    Q_OBJECT
+
+public:
+    using IconOf = std::function<QIcon(const QString &bundleID)>;
+
+    explicit DisplaySchematic(QWidget *parent = nullptr);
+
+    void setDisplays(const std::vector<DisplayInfo> &displays);
+    /// In any order; the frontmost (zOrder 0) is drawn last.
+    void setWindows(const std::vector<WindowRecord> &windows);
+    /// By default from the icon theme; a null icon gives a neutral symbol.
+    void setIconOf(IconOf iconOf);
+
+    /// From global coordinates to the widget's; identity without displays.
+    QTransform transform() const;
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void drawDisplay(QPainter &painter, const DisplayInfo &display) const;
+    void drawWindow(QPainter &painter, const WindowRecord &window) const;
+
+    std::vector<DisplayInfo> m_displays;
+    std::vector<WindowRecord> m_windows; ///< backmost first
+    IconOf m_iconOf;
+};
+
+} // namespace Panorel
