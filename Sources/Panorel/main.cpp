@@ -1,58 +1,67 @@
-#include "Panorel/AppController.h"
-#include "Panorel/PanelModel.h"
+#include "Panorel/AppDelegate.h"
+#include "Panorel/AppIcon.h"
 #include "Panorel/Prefs.h"
 #include "Panorel/QtScheduler.h"
+#include "Panorel/SessionBus.h"
+#include "Panorel/SingleInstance.h"
 #include "Panorel/TerminationSignals.h"
 #include "PanorelCore/Files/AppLog.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 #include <cstdio>
-#include <functional>
 #include <stdexcept>
 
 using namespace Panorel;
 
 namespace {
 
-int run(QCoreApplication &application, Platform &platform)
+int run(QApplication &application, SingleInstance &instance, Platform &platform)
 {
-    // In force before the first learning, which may be writing when the session ends.
-    std::function<void()> prepareToEnd = [] {};
-    const TerminationSignals signals([&] {
-        prepareToEnd();
-        application.quit();
-    });
-
     const SystemClock clock;
     AppLog &log = AppLog::shared();
     QtScheduler scheduler;
     Prefs prefs(platform.userDefaults(), platform.activationPolicy(), platform.loginItem());
     DisplayWatcher watcher(platform.screens(), scheduler, log);
     HotKeyCenter hotKeys(platform.hotKeys());
-    PanelModel panelModel;
-    AppController controller(panelModel,
-                             {platform, watcher, hotKeys, prefs, scheduler, log, clock});
-    prepareToEnd = [&] { controller.prepareToEnd(); };
+    AppDelegate delegate({platform, watcher, hotKeys, prefs, scheduler, log, clock});
 
+    // In force before the first learning, which may be writing when the session ends.
+    const TerminationSignals signals([&] {
+        delegate.prepareToEnd();
+        application.quit();
+    });
     platform.setLostCallback([&](const QString &reason) {
-        prepareToEnd();
+        delegate.prepareToEnd();
         std::fprintf(stderr, "panorel: %s\n", qPrintable(reason));
         application.exit(1);
     });
-    return application.exec();
+    delegate.applicationDidFinishLaunching();
+    instance.setActivatedCallback([&] { delegate.openPanel(); });
+    const int status = application.exec();
+    instance.setActivatedCallback({});
+    return status;
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("panorel"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(PANOREL_VERSION));
     try {
+        preparePlatform();
+        SessionBus::preventAutolaunch();
+        QApplication application(argc, argv);
+        QApplication::setApplicationName(QStringLiteral("panorel"));
+        QApplication::setApplicationDisplayName(QStringLiteral("Panorel"));
+        QApplication::setApplicationVersion(QStringLiteral(PANOREL_VERSION));
+        QApplication::setDesktopFileName(QStringLiteral("org.panorel.Panorel"));
+        QApplication::setWindowIcon(appIcon());
+        QApplication::setQuitOnLastWindowClosed(false);
+        const auto instance = SingleInstance::acquire();
+        if (!instance)
+            return 0; // the running one shows its panel
         const auto platform = makePlatform();
-        return run(application, *platform);
+        return run(application, *instance, *platform);
     } catch (const std::runtime_error &error) {
         std::fprintf(stderr, "panorel: %s\n", error.what());
         return 1;

@@ -35,6 +35,10 @@ public:
     virtual void setLostCallback(std::function<void(const QString &reason)> lost) = 0;
 };
 
+/// To be called before the application object is made, which can't report that the window system
+/// can't be reached. Throws as makePlatform() does.
+void preparePlatform();
+
 /// Built for the running session. Throws std::runtime_error, its text fit for the user, where the
 /// window system can't be reached. The one place where the platform is chosen: exactly one
 /// platform module is linked and defines it.

@@ -1,5 +1,7 @@
 #include "PanorelX11/X11Platform.h"
 
+#include "PanorelX11/Connection/ToolkitMessages.h"
+
 #include <QCoreApplication>
 
 namespace Panorel {
@@ -8,9 +10,25 @@ namespace X11 {
 
 X11Platform::X11Platform()
     : m_screens(m_events), m_hotKeys(m_events), m_loginItem(QCoreApplication::applicationFilePath())
-{}
+{
+    ToolkitMessages::setConnectionBroke([this] { m_events.announceLost(); });
+}
+
+X11Platform::~X11Platform()
+{
+    ToolkitMessages::setConnectionBroke({});
+}
 
 } // namespace X11
+
+void preparePlatform()
+{
+    const X11::XConnection reachable;
+    X11::ToolkitMessages::install();
+    // Windows are placed through X11, also where the session offers the toolkit something newer.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "xcb");
+}
 
 std::unique_ptr<Platform> makePlatform()
 {

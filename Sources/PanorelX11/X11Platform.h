@@ -18,6 +18,7 @@ class X11Platform final : public Platform {
 public:
     /// Throws std::runtime_error where there is no X server.
     X11Platform();
+    ~X11Platform() override;
 
     AccessibilityPort &accessibility() override { return m_windows.accessibility(); }
     WindowListPort &windowList() override { return m_windows.windowList(); }

@@ -15,33 +15,51 @@
 namespace Panorel {
 
 RestoreArea::RestoreArea(const PanelModel &model, QWidget *parent)
-    : QWidget(parent), m_model(model), m_permissionText(new StatusLine(TextLabel::Fit::Wrap)),
+    : QWidget(parent), m_model(model),
       m_grant(new PrimaryButton(QStringLiteral("Grant permission…"))),
-      m_restore(new PrimaryButton(QStringLiteral("Restore Now"))), m_result(new QWidget),
+      m_restore(new PrimaryButton(QStringLiteral("Restore Now"))),
       m_lastAction(new TextLabel(TextStyle::Secondary)),
       m_undo(new TextButton(QStringLiteral("Undo")))
 {
-    m_permissionText->setObjectName(QStringLiteral("permission"));
-    m_permissionText->setStatus(
-        Status::Attention,
-        QStringLiteral("Panorel needs Accessibility permission to move windows."));
-    m_lastAction->setObjectName(QStringLiteral("lastAction"));
-
-    auto *result = new QHBoxLayout(m_result);
-    result->setContentsMargins(Metrics::small, 0, 0, 0);
-    result->setSpacing(Metrics::small);
-    result->addWidget(m_lastAction, 1);
-    result->addWidget(m_undo);
+    m_permission = makePermission();
+    m_result = makeResult();
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(Metrics::tight);
-    for (QWidget *part : std::initializer_list<QWidget *>{m_permissionText, m_grant, m_restore})
-        layout->addWidget(part);
+    layout->addWidget(m_permission);
+    layout->addWidget(m_restore);
     layout->addWidget(m_result);
 
     connect(m_grant, &PrimaryButton::clicked, this, [this] { m_model.onGrantPermission(); });
     connect(m_restore, &PrimaryButton::clicked, this, [this] { m_model.onRestoreNow(); });
     connect(m_undo, &TextButton::clicked, this, [this] { m_model.onUndo(); });
+}
+
+QWidget *RestoreArea::makePermission()
+{
+    auto *text = new StatusLine(TextLabel::Fit::Wrap);
+    text->setObjectName(QStringLiteral("permission"));
+    text->setStatus(Status::Attention,
+                    QStringLiteral("Panorel needs Accessibility permission to move windows."));
+    auto *permission = new QWidget;
+    auto *layout = new QVBoxLayout(permission);
+    layout->setContentsMargins({});
+    layout->setSpacing(Metrics::medium);
+    layout->addWidget(text);
+    layout->addWidget(m_grant);
+    return permission;
+}
+
+QWidget *RestoreArea::makeResult()
+{
+    m_lastAction->setObjectName(QStringLiteral("lastAction"));
+    auto *result = new QWidget;
+    auto *layout = new QHBoxLayout(result);
+    layout->setContentsMargins(Metrics::small, 0, 0, 0);
+    layout->setSpacing(Metrics::small);
+    layout->addWidget(m_lastAction, 1);
+    layout->addWidget(m_undo);
+    return result;
 }
 
 void RestoreArea::setKeys(const QString &restoreKey, const QString &undoKey)
@@ -55,8 +73,8 @@ void RestoreArea::setKeys(const QString &restoreKey, const QString &undoKey)
 void RestoreArea::refresh()
 {
     const bool granted = m_model.hasPermission();
-    m_permissionText->setVisible(!granted);
-    m_grant->setVisible(!granted && m_model.onGrantPermission);
+    m_permission->setVisible(!granted);
+    m_grant->setVisible(bool(m_model.onGrantPermission));
     m_restore->setVisible(granted && m_model.onRestoreNow);
     showLastAction();
 }

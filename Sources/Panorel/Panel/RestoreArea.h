@@ -6,7 +6,6 @@ namespace Panorel {
 
 class PanelModel;
 class PrimaryButton;
-class StatusLine;
 class TextButton;
 class TextLabel;
 
@@ -23,10 +22,12 @@ public:
     void setKeys(const QString &restoreKey, const QString &undoKey);
 
 private:
+    QWidget *makePermission();
+    QWidget *makeResult();
     void showLastAction();
 
     const PanelModel &m_model;
-    StatusLine *m_permissionText;
+    QWidget *m_permission;
     PrimaryButton *m_grant;
     PrimaryButton *m_restore;
     QWidget *m_result;

@@ -33,8 +33,12 @@ void EventConnection::readEvents()
         for (const auto &listener : m_listeners)
             listener(*event);
     }
-    if (m_connection.alive())
-        return;
+    if (!m_connection.alive())
+        announceLost();
+}
+
+void EventConnection::announceLost()
+{
     m_notifier.setEnabled(false);
     if (const auto lost = std::exchange(m_lost, nullptr))
         lost(QStringLiteral("the connection to the X server is gone"));

@@ -25,6 +25,9 @@ public:
     /// Called once when the server has gone.
     void setLostCallback(std::function<void(const QString &reason)> lost);
 
+    /// Somebody else has noticed that the server has gone.
+    void announceLost();
+
 private:
     void readEvents();
 

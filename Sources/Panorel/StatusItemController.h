@@ -1,0 +1,47 @@
+#pragma once
+
+#include "Panorel/StatusMenu.h"
+#include "Panorel/TrayWatcher.h"
+
+#include <QSystemTrayIcon>
+
+#include <memory>
+#include <optional>
+
+namespace Panorel {
+
+class PanelController;
+struct PanelAnchor;
+class ShellPort;
+
+/// The program's icon in the tray. Waits for a tray that comes up later; without any the program
+/// runs all the same and is reached by starting it again.
+class StatusItemController : public QObject {
+    Q_OBJECT
+
+public:
+    /// What panels and docks leave of the screen that the point is on, in Qt's coordinates.
+    using VisibleFrameAt = std::function<QRect(const QPoint &)>;
+
+    /// All must outlive the controller.
+    StatusItemController(PanelModel &model, PanelController &panel, ShellPort &shell,
+                         VisibleFrameAt visibleFrameAt);
+
+    /// For a second start of the program: opens the panel and gives it the keyboard.
+    void openPanel();
+
+private:
+    void showIcon();
+    void clicked(QSystemTrayIcon::ActivationReason reason);
+    PanelAnchor anchor(bool isPointer) const;
+    void refresh();
+
+    PanelModel &m_model;
+    PanelController &m_panel;
+    VisibleFrameAt m_visibleFrameAt;
+    StatusMenu m_menu;
+    std::optional<TrayWatcher> m_trayWatcher;
+    std::unique_ptr<QSystemTrayIcon> m_item; ///< absent until a tray can be there
+};
+
+} // namespace Panorel
