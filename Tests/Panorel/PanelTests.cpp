@@ -2,13 +2,14 @@
 #include "Panorel/Panel/PanelWindow.h"
 #include "Panorel/PanelModel.h"
 #include "Panorel/Prefs.h"
-#include "Panorel/UI/ListRow.h"
-#include "Panorel/UI/Theme.h"
+#include "Panorel/UI/ActionControl.h"
 #include "Support/InMemoryPlatform.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QLabel>
+#include <QPointer>
 #include <QTest>
 
 using namespace Panorel;
@@ -109,6 +110,16 @@ struct Panel {
         }
         qFatal("no control %s", qPrintable(title));
     }
+    QString focused()
+    {
+        const QWidget *widget = controller.window()->focusWidget();
+        return widget ? widget->accessibleName() : QString();
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QWidget *widget = controller.window()->focusWidget();
+        QTest::keyClick(widget ? widget : controller.window(), key, modifiers);
+    }
     /// Of a label or status line; empty where it does not show.
     QString text(const char *name)
     {
@@ -139,6 +150,20 @@ class PanelTests : public QObject {
 
 private Q_SLOTS:
     void init();
+    void everythingCanBePressedInOrder();
+    void keysReachWhatTheyShow_data();
+    void keysReachWhatTheyShow();
+    void aRowWithoutActionIsNotOffered();
+    void theStatusLineSaysHowThingsStand_data();
+    void theStatusLineSaysHowThingsStand();
+    void theDeskCardShowsTheDesk();
+    void thePermissionTakesThePlaceOfRestoreNow();
+    void theLastActionCanBeUndoneWhereItCan();
+    void theTipStaysClosed();
+    void scenesComeAndGoWhileOneIsPressed();
+    void everyControlHasAName();
+    void thePanelOpensAnewEachTime();
+    void aPanelHigherThanTheScreenScrolls();
     void screenshots_data();
     void screenshots();
 
@@ -150,6 +175,237 @@ void PanelTests::init()
 {
     QApplication::setPalette(lightPalette);
     QApplication::setFont(m_font);
+}
+
+void PanelTests::everythingCanBePressedInOrder()
+{
+    Panel panel;
+    panel.model.setScenes({scene(QStringLiteral("Writing")), scene(QStringLiteral("R&D"))});
+    panel.model.setCanUndo(true);
+    panel.open();
+    const QStringList expected{QStringLiteral("Restore Now"),
+                               QStringLiteral("Undo"),
+                               QStringLiteral("Set one"),
+                               QStringLiteral("Close tip"),
+                               QStringLiteral("Stash the desk"),
+                               QStringLiteral("Writing"),
+                               QStringLiteral("R&D"),
+                               QStringLiteral("Save current as scene"),
+                               QStringLiteral("Layouts…"),
+                               QStringLiteral("Settings…"),
+                               QStringLiteral("Check for Updates…"),
+                               QStringLiteral("Quit Panorel")};
+    QTRY_COMPARE(panel.focused(), expected.first());
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Down}) {
+        QStringList visited;
+        for (qsizetype i = 0; i < expected.size(); ++i) {
+            visited << panel.focused();
+            panel.press(key);
+        }
+        QCOMPARE(visited, expected);
+        QCOMPARE(panel.focused(), expected.first()); // and round again
+    }
+    panel.press(Qt::Key_Up);
+    QCOMPARE(panel.focused(), expected.last());
+
+    for (const QString &title : expected) {
+        if (title == u"Close tip")
+            continue;
+        panel.open();
+        QTest::mouseClick(&panel.control(title), Qt::LeftButton);
+    }
+    panel.pressed.removeAll(QStringLiteral("opening"));
+    QCOMPARE(
+        panel.pressed,
+        QStringList({QStringLiteral("restore"), QStringLiteral("undo"), QStringLiteral("shortcuts"),
+                     QStringLiteral("stash"), scene(QStringLiteral("Writing")).id.toString(),
+                     scene(QStringLiteral("R&D")).id.toString(), QStringLiteral("save"),
+                     QStringLiteral("layouts"), QStringLiteral("settings"),
+                     QStringLiteral("updates"), QStringLiteral("quit")}));
+}
+
+void PanelTests::keysReachWhatTheyShow_data()
+{
+    QTest::addColumn<QKeyCombination>("keys");
+    QTest::addColumn<QString>("did");
+    QTest::addColumn<bool>("staysOpen");
+    const auto row = [](const char *name, QKeyCombination keys, const char *did, bool staysOpen) {
+        QTest::newRow(name) << keys << QString::fromLatin1(did) << staysOpen;
+    };
+    row("Enter", Qt::Key_Return, "restore", true);
+    row("Enter on the keypad", Qt::Key_Enter, "restore", true);
+    row("Space", Qt::Key_Space, "restore", true);
+    row("Layouts", Qt::CTRL | Qt::Key_L, "layouts", false);
+    row("Settings", Qt::CTRL | Qt::Key_Comma, "settings", false);
+    row("Quit", Qt::CTRL | Qt::Key_Q, "quit", false);
+    row("Escape", Qt::Key_Escape, "", false);
+}
+
+void PanelTests::keysReachWhatTheyShow()
+{
+    QFETCH(QKeyCombination, keys);
+    QFETCH(QString, did);
+    QFETCH(bool, staysOpen);
+    Panel panel;
+    panel.open();
+    QTRY_COMPARE(panel.focused(), QStringLiteral("Restore Now"));
+    panel.pressed.clear();
+    panel.press(keys.key(), keys.keyboardModifiers());
+    QTRY_COMPARE(panel.pressed.join(u' '), did);
+    QTRY_COMPARE(panel.controller.isOpen(), staysOpen);
+}
+
+void PanelTests::aRowWithoutActionIsNotOffered()
+{
+    Panel panel;
+    panel.model.setCanUndo(true);
+    for (PanelModel::Action *action :
+         {&panel.model.onUndo, &panel.model.onStash, &panel.model.onSaveScene,
+          &panel.model.onOpenLayouts, &panel.model.onOpenSettings, &panel.model.onOpenShortcuts,
+          &panel.model.onCheckForUpdates})
+        *action = {};
+    panel.model.onApplyScene = {};
+    panel.open();
+    QCOMPARE(panel.titles(),
+             QStringList({QStringLiteral("Restore Now"), QStringLiteral("Quit Panorel")}));
+}
+
+void PanelTests::theStatusLineSaysHowThingsStand_data()
+{
+    QTest::addColumn<bool>("enabled");
+    QTest::addColumn<qint64>("windows");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("off") << false << qint64(12) << QStringLiteral("Panorel is off");
+    QTest::newRow("none yet") << true << qint64(0) << QStringLiteral("No layout saved yet");
+    QTest::newRow("one") << true << qint64(1) << QStringLiteral("1 windows remembered");
+    QTest::newRow("many") << true << qint64(12) << QStringLiteral("12 windows remembered");
+}
+
+void PanelTests::theStatusLineSaysHowThingsStand()
+{
+    QFETCH(bool, enabled);
+    QFETCH(qint64, windows);
+    QFETCH(QString, expected);
+    Panel panel;
+    panel.open();
+    panel.prefs.setEnabled(enabled);
+    panel.model.setWindowCount(windows);
+    QCOMPARE(panel.text("status"), expected);
+}
+
+void PanelTests::theDeskCardShowsTheDesk()
+{
+    Panel panel;
+    panel.open();
+    QCOMPARE(panel.text("deskName"), QStringLiteral("Office"));
+    QCOMPARE(panel.text("displayNames"), QStringLiteral("Built-in Display + U2720Q"));
+    panel.model.setDisplays({});
+    QCOMPARE(panel.text("displayNames"), QStringLiteral("No displays detected"));
+}
+
+void PanelTests::thePermissionTakesThePlaceOfRestoreNow()
+{
+    Panel panel;
+    panel.model.setHasPermission(false);
+    panel.open();
+    QCOMPARE(panel.text("permission"),
+             QStringLiteral("Panorel needs Accessibility permission to move windows."));
+    QVERIFY(!panel.titles().contains(QStringLiteral("Restore Now")));
+    QTest::mouseClick(&panel.control(QStringLiteral("Grant permission…")), Qt::LeftButton);
+    QCOMPARE(panel.pressed.last(), QStringLiteral("grant"));
+    panel.model.setHasPermission(true);
+    QCOMPARE(panel.text("permission"), QString());
+    QVERIFY(panel.titles().contains(QStringLiteral("Restore Now")));
+}
+
+void PanelTests::theLastActionCanBeUndoneWhereItCan()
+{
+    Panel panel;
+    panel.open();
+    QCOMPARE(panel.text("lastAction"), QString());
+    panel.model.setLastAction(QStringLiteral("No layout saved yet"));
+    QCOMPARE(panel.text("lastAction"), QStringLiteral("No layout saved yet"));
+    QVERIFY(!panel.titles().contains(QStringLiteral("Undo")));
+    panel.model.setCanUndo(true);
+    QVERIFY(panel.titles().contains(QStringLiteral("Undo")));
+}
+
+void PanelTests::theTipStaysClosed()
+{
+    Panel panel;
+    panel.open();
+    QTest::mouseClick(&panel.control(QStringLiteral("Close tip")), Qt::LeftButton);
+    QVERIFY(panel.prefs.tipDismissed());
+    QVERIFY(!panel.titles().contains(QStringLiteral("Set one")));
+    panel.controller.close();
+    panel.open();
+    QVERIFY(!panel.titles().contains(QStringLiteral("Set one")));
+}
+
+void PanelTests::scenesComeAndGoWhileOneIsPressed()
+{
+    Panel panel;
+    const HotKeyCombo key{18, HotKeyCombo::command};
+    panel.model.setScenes({scene(QStringLiteral("Writing"), key)});
+    panel.model.onApplyScene = [&](const QUuid &) {
+        panel.model.setScenes({scene(QStringLiteral("Other"))});
+    };
+    panel.open();
+    ActionControl &row = panel.control(QStringLiteral("Writing"));
+    QCOMPARE(row.accessibleDescription(), QStringLiteral("Super+1"));
+    QTest::mouseClick(&row, Qt::LeftButton);
+    QVERIFY(!panel.titles().contains(QStringLiteral("Writing")));
+    QTRY_VERIFY(panel.titles().contains(QStringLiteral("Other")));
+}
+
+void PanelTests::everyControlHasAName()
+{
+    Panel panel;
+    panel.model.setScenes({scene(QStringLiteral("Writing"))});
+    panel.model.setCanUndo(true);
+    panel.open();
+    int count = 0;
+    for (const QWidget *widget : panel.shown<QWidget>()) {
+        if (widget->focusPolicy() == Qt::NoFocus)
+            continue;
+        const QAccessibleInterface *accessible =
+            QAccessible::queryAccessibleInterface(const_cast<QWidget *>(widget));
+        QVERIFY2(!accessible->text(QAccessible::Name).isEmpty(), widget->metaObject()->className());
+        QVERIFY(widget->height() >= 28);
+        ++count;
+    }
+    QCOMPARE(count, 11);
+}
+
+void PanelTests::thePanelOpensAnewEachTime()
+{
+    Panel panel;
+    QPointer<PanelWindow> first = &panel.open(PanelController::Keyboard::Leave);
+    QCOMPARE(panel.pressed, QStringList{QStringLiteral("opening")});
+    QVERIFY(first->testAttribute(Qt::WA_ShowWithoutActivating));
+    QVERIFY(first->windowFlags().testFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint));
+    QCOMPARE(panel.platform.onAllDesktops.size(), 1u);
+    panel.controller.toggle({});
+    QVERIFY(!panel.controller.isOpen());
+    QTRY_VERIFY(!first);
+    panel.controller.toggle({{}, QRect(0, 0, 1920, 1080), {}});
+    QCOMPARE(panel.pressed.size(), 2);
+    QCOMPARE(panel.controller.window()->geometry().right(), 1920 - 8 - 1);
+}
+
+void PanelTests::aPanelHigherThanTheScreenScrolls()
+{
+    Panel panel;
+    std::vector<SceneRecord> many;
+    for (int i = 0; i < 60; ++i)
+        many.push_back(scene(QStringLiteral("Scene %1").arg(i)));
+    panel.model.setScenes(many);
+    PanelWindow &window = panel.open();
+    QTRY_COMPARE(window.height(), 1056 - 16);
+    panel.control(QStringLiteral("Quit Panorel")).setFocus(Qt::TabFocusReason);
+    panel.press(Qt::Key_Up); // focusing by keyboard scrolls there
+    const ActionControl &near = panel.control(QStringLiteral("Check for Updates…"));
+    QTRY_VERIFY(window.rect().contains(near.mapTo(&window, near.rect().center())));
 }
 
 void PanelTests::screenshots_data()

@@ -53,6 +53,9 @@ void PanelController::close()
 {
     if (!isOpen())
         return;
+    // It still lives for a while, but is nobody's panel any more.
+    disconnect(m_panel.get(), nullptr, this, nullptr);
+    disconnect(&m_panel->view(), nullptr, this, nullptr);
     // The window manager gives the keyboard back to the window that had it.
     m_panel->hide();
     m_panel.reset();

@@ -10,6 +10,7 @@
 #include "Panorel/UI/Separator.h"
 #include "Panorel/UI/StatusLine.h"
 #include "Panorel/UI/SymbolView.h"
+#include "Panorel/UI/TabOrder.h"
 #include "Panorel/UI/TextLabel.h"
 
 #include <QEvent>
@@ -134,6 +135,7 @@ void PanelView::refresh()
     refreshStash();
     m_scenes->setVisible(m_model.onApplyScene || m_model.onSaveScene);
     m_scenes->refresh();
+    orderTabsByLayout(*this);
 }
 
 void PanelView::refreshStatus()

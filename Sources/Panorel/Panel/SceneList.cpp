@@ -41,19 +41,13 @@ void SceneList::buildRows()
         item->widget()->deleteLater(); // it may be the row whose press led here
         delete item;
     }
-    QWidget *before = nullptr;
     for (const SceneRecord &scene : m_shown) {
         auto *row = new ListRow(Symbol::Scene, scene.name);
         if (scene.hotKey)
             row->setTrailingText(m_textOf(*scene.hotKey));
         connect(row, &ListRow::clicked, this, [this, id = scene.id] { m_model.onApplyScene(id); });
         m_rows->addWidget(row);
-        if (before)
-            setTabOrder(before, row);
-        before = row;
     }
-    if (before)
-        setTabOrder(before, m_save);
 }
 
 } // namespace Panorel

@@ -55,8 +55,9 @@ Theme Theme::of(const QPalette &palette)
     Theme theme;
     theme.window = palette.color(group, QPalette::Window);
     theme.text = readableOn(theme.window, palette.color(group, QPalette::WindowText));
-    theme.secondaryText = readableOn(theme.window, blended(theme.text, theme.window, 0.65));
     theme.card = blended(theme.text, theme.window, 0.05);
+    // What is readable on a card is so on the window: the card is nearer to the text.
+    theme.secondaryText = readableOn(theme.card, blended(theme.text, theme.window, 0.65));
     theme.screen = blended(theme.text, theme.window, 0.10);
     theme.line = blended(theme.text, theme.window, 0.12);
     theme.border = blended(theme.text, theme.window, 0.25);
@@ -69,7 +70,7 @@ Theme Theme::of(const QPalette &palette)
     theme.accent = readableOn(theme.accentText, highlight);
     theme.accentHover = blended(theme.text, theme.accent, 0.08);
     theme.accentPressed = blended(theme.text, theme.accent, 0.18);
-    theme.accentInk = readableOn(theme.window, highlight);
+    theme.accentInk = readableOn(theme.card, highlight);
 
     theme.good = readableOn(theme.card, QColor(0x2e, 0xa0, 0x5a));
     theme.attention = readableOn(theme.card, QColor(0xd0, 0x7c, 0x00));
