@@ -23,8 +23,9 @@ TestWindowManager::TestWindowManager(const QString &name)
     m_bus.process().setStandardErrorFile(QProcess::nullDevice());
     m_bus.process().setProcessChannelMode(QProcess::SeparateChannels);
     m_bus.start();
+    m_busAddress = m_bus.readLine();
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus.readLine());
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_busAddress);
     m_manager.process().setProcessEnvironment(environment);
     m_manager.process().setStandardErrorFile(QProcess::nullDevice());
     m_manager.process().setProcessChannelMode(QProcess::SeparateChannels);

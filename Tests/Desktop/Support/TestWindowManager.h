@@ -12,8 +12,12 @@ public:
     explicit TestWindowManager(const QString &name);
     ~TestWindowManager();
 
+    /// Of the session bus.
+    QString busAddress() const { return m_busAddress; }
+
 private:
     ChildProcess m_bus;
+    QString m_busAddress;
     ChildProcess m_manager;
 };
 
