@@ -16,10 +16,9 @@ using namespace Panorel;
 
 namespace {
 
-int run(QApplication &application, SingleInstance &instance, Platform &platform)
+int run(QApplication &application, SingleInstance &instance, Platform &platform, AppLog &log,
+        const Clock &clock)
 {
-    const SystemClock clock;
-    AppLog &log = AppLog::shared();
     QtScheduler scheduler;
     Prefs prefs(platform.userDefaults(), platform.activationPolicy(), platform.loginItem());
     DisplayWatcher watcher(platform.screens(), scheduler, log);
@@ -60,8 +59,10 @@ int main(int argc, char **argv)
         const auto instance = SingleInstance::acquire();
         if (!instance)
             return 0; // the running one shows its panel
-        const auto platform = makePlatform();
-        return run(application, *instance, *platform);
+        const SystemClock clock;
+        AppLog &log = AppLog::shared();
+        const auto platform = makePlatform(log, clock);
+        return run(application, *instance, *platform, log, clock);
     } catch (const std::runtime_error &error) {
         std::fprintf(stderr, "panorel: %s\n", error.what());
         return 1;

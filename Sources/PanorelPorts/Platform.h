@@ -14,6 +14,9 @@
 
 namespace Panorel {
 
+class AppLog;
+class Clock;
+
 /// The ports of the platform the program runs on. Owns them; they live as long as it does.
 class Platform {
 public:
@@ -41,7 +44,7 @@ void preparePlatform();
 
 /// Built for the running session. Throws std::runtime_error, its text fit for the user, where the
 /// window system can't be reached. The one place where the platform is chosen: exactly one
-/// platform module is linked and defines it.
-std::unique_ptr<Platform> makePlatform();
+/// platform module is linked and defines it. The log and the clock outlive the platform.
+std::unique_ptr<Platform> makePlatform(AppLog &log, const Clock &clock);
 
 } // namespace Panorel

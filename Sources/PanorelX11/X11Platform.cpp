@@ -8,8 +8,9 @@ namespace Panorel {
 
 namespace X11 {
 
-X11Platform::X11Platform()
-    : m_screens(m_events), m_hotKeys(m_events), m_loginItem(QCoreApplication::applicationFilePath())
+X11Platform::X11Platform(AppLog &log, const Clock &clock)
+    : m_screens(m_events), m_hotKeys(m_events), m_userDefaults(log, clock),
+      m_loginItem(QCoreApplication::applicationFilePath())
 {
     ToolkitMessages::setConnectionBroke([this] { m_events.announceLost(); });
 }
@@ -30,9 +31,9 @@ void preparePlatform()
         qputenv("QT_QPA_PLATFORM", "xcb");
 }
 
-std::unique_ptr<Platform> makePlatform()
+std::unique_ptr<Platform> makePlatform(AppLog &log, const Clock &clock)
 {
-    return std::make_unique<X11::X11Platform>();
+    return std::make_unique<X11::X11Platform>(log, clock);
 }
 
 } // namespace Panorel

@@ -17,7 +17,8 @@ namespace Panorel::X11 {
 class X11Platform final : public Platform {
 public:
     /// Throws std::runtime_error where there is no X server.
-    X11Platform();
+    /// Both outlive it.
+    X11Platform(AppLog &log, const Clock &clock);
     ~X11Platform() override;
 
     AccessibilityPort &accessibility() override { return m_windows.accessibility(); }

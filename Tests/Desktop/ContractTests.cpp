@@ -6,6 +6,7 @@
 #include "Desktop/Support/TestServer.h"
 #include "Desktop/Support/TestWindowManager.h"
 #include "PanorelPorts/Platform.h"
+#include "Support/TestDataDir.h"
 
 #include <QTest>
 
@@ -77,7 +78,8 @@ public:
 
     TestServer server;
     TestWindowManager manager{QStringLiteral("openbox")};
-    std::unique_ptr<Platform> platform = makePlatform();
+    TestDataDir data;
+    std::unique_ptr<Platform> platform = makePlatform(data.log, data.clock);
 
 private:
     xcb_window_t window(const QString &title) const { return m_clients.at(title).window(); }

@@ -48,7 +48,7 @@ void ScreensTest::init()
     m_server = std::make_unique<TestServer>();
     m_data = std::make_unique<TestDataDir>();
     m_scheduler = std::make_unique<FakeScheduler>(m_data->clock);
-    m_platform = makePlatform();
+    m_platform = makePlatform(m_data->log, m_data->clock);
     m_watcher = std::make_unique<DisplayWatcher>(m_platform->screens(), *m_scheduler, m_data->log);
 }
 

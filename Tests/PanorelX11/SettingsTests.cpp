@@ -1,6 +1,7 @@
 #include "Contracts/UserDefaultsContract.h"
 #include "PanorelX11/Settings/IniUserDefaults.h"
 #include "PanorelX11/Settings/XdgLoginItem.h"
+#include "Support/TestDataDir.h"
 
 #include <QFile>
 #include <QProcess>
@@ -49,7 +50,7 @@ private Q_SLOTS:
 
     void valuesSurviveTheProcess()
     {
-        IniUserDefaults defaults;
+        IniUserDefaults defaults(m_data.log, m_data.clock);
         defaults.setBoolean(QStringLiteral("on"), true);
         defaults.setBoolean(QStringLiteral("off"), false);
         defaults.setNumber(QStringLiteral("third"), 1.0 / 3);
@@ -97,12 +98,41 @@ private Q_SLOTS:
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("[General]\nkey=" + stored + '\n');
         file.close();
-        QTEST(readBack(IniUserDefaults(), QStringLiteral("key")), "read");
+        QTEST(readBack(IniUserDefaults(m_data.log, m_data.clock), QStringLiteral("key")), "read");
+    }
+
+    void aFileOfGarbageIsKeptAside()
+    {
+        const QByteArray garbage("\x89PNG\r\n\x1a\n\0\0 no setting at all\nenabled=false\n", 43);
+        QDir().mkpath(QFileInfo(path()).path());
+        QFile file(path());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(garbage);
+        file.close();
+        IniUserDefaults defaults(m_data.log, m_data.clock);
+        QVERIFY(!defaults.contains(QStringLiteral("enabled")));
+        defaults.setBoolean(QStringLiteral("enabled"), true);
+        QCOMPARE(inAnotherProcess(QStringLiteral("enabled")), "boolean:true");
+        QFile aside(path() + QStringLiteral(".corrupt-1715592000"));
+        QVERIFY(aside.open(QIODevice::ReadOnly));
+        QCOMPARE(aside.readAll(), garbage);
+        QVERIFY(m_data.logged().contains(
+            QStringLiteral("settings: Panorel.ini was corrupt, moved aside")));
+    }
+
+    void aFileThatCantBeWrittenIsLoggedOnce()
+    {
+        QVERIFY(QDir().mkpath(path())); // a folder in the file's place
+        IniUserDefaults defaults(m_data.log, m_data.clock);
+        defaults.setBoolean(QStringLiteral("enabled"), false);
+        defaults.setBoolean(QStringLiteral("enabled"), true);
+        QCOMPARE(defaults.boolean(QStringLiteral("enabled")), true); // this run has it
+        QCOMPARE(m_data.logged().filter(QStringLiteral("settings: failed to save")).size(), 1);
     }
 
     void settingsAreForTheirUserOnly()
     {
-        IniUserDefaults defaults;
+        IniUserDefaults defaults(m_data.log, m_data.clock);
         defaults.setNumber(QStringLiteral("bad"), std::nan(""));
         QVERIFY(!defaults.number(QStringLiteral("bad")));
         const auto groupAndOthers = QFileDevice::Permissions(0x0077);
@@ -151,6 +181,7 @@ private:
     QByteArray inAnotherProcess(const QString &key) const;
     QString path() const { return m_home->filePath(QStringLiteral("Panorel/Panorel.ini")); }
 
+    TestDataDir m_data;
     std::unique_ptr<QTemporaryDir> m_home;
 };
 
@@ -169,14 +200,15 @@ int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
     const QStringList arguments = application.arguments();
+    Panorel::TestDataDir data;
     if (arguments.value(1) == QLatin1String("--read-back")) {
-        const QByteArray text =
-            Panorel::X11::readBack(Panorel::X11::IniUserDefaults(), arguments.value(2));
+        const QByteArray text = Panorel::X11::readBack({data.log, data.clock}, arguments.value(2));
         std::fwrite(text.constData(), 1, size_t(text.size()), stdout);
         return 0;
     }
     const QTemporaryDir folder;
-    Panorel::X11::IniUserDefaults defaults(folder.filePath(QStringLiteral("Panorel.ini")));
+    Panorel::X11::IniUserDefaults defaults(folder.filePath(QStringLiteral("Panorel.ini")), data.log,
+                                           data.clock);
     Panorel::UserDefaultsContract contract(defaults);
     Panorel::X11::SettingsTests test;
     return QTest::qExec(&contract) + QTest::qExec(&test, argc, argv);

@@ -1,7 +1,11 @@
 #include "PanorelX11/Settings/IniUserDefaults.h"
 
+#include "PanorelCore/Clock.h"
+#include "PanorelCore/Files/AppLog.h"
+
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 #include <cmath>
@@ -28,9 +32,29 @@ QString scalarText(const QVariant &value)
 
 } // namespace
 
-IniUserDefaults::IniUserDefaults() : IniUserDefaults(defaultPath()) {}
+IniUserDefaults::IniUserDefaults(AppLog &log, const Clock &clock)
+    : IniUserDefaults(defaultPath(), log, clock)
+{}
 
-IniUserDefaults::IniUserDefaults(const QString &path) : m_settings(path, QSettings::IniFormat) {}
+IniUserDefaults::IniUserDefaults(const QString &path, AppLog &log, const Clock &clock)
+    : m_log(log), m_settings(path, QSettings::IniFormat)
+{
+    m_settings.allKeys(); // a section is read when it is first asked for
+    if (m_settings.status() == QSettings::FormatError)
+        setCorruptAside(clock);
+}
+
+/// QSettings would drop the lines that it does not understand with the next write.
+void IniUserDefaults::setCorruptAside(const Clock &clock)
+{
+    const QString path = m_settings.fileName();
+    const auto seconds =
+        std::chrono::duration_cast<std::chrono::seconds>(clock.now().time_since_epoch());
+    QFile::rename(path, path + QStringLiteral(".corrupt-%1").arg(seconds.count()));
+    m_settings.clear(); // what it did understand may be as wrong as the rest
+    m_log.log(
+        QStringLiteral("settings: %1 was corrupt, moved aside").arg(QFileInfo(path).fileName()));
+}
 
 bool IniUserDefaults::contains(const QString &key) const
 {
@@ -89,6 +113,8 @@ void IniUserDefaults::remove(const QString &key)
 void IniUserDefaults::writeThrough()
 {
     m_settings.sync();
+    if (m_settings.status() == QSettings::AccessError && !std::exchange(m_loggedFailure, true))
+        m_log.log(QStringLiteral("settings: failed to save %1").arg(m_settings.fileName()));
     QFile::setPermissions(m_settings.fileName(), QFileDevice::ReadOwner | QFileDevice::WriteOwner);
 }
 

@@ -12,7 +12,7 @@ std::unique_ptr<TestWindowManager> startManager(TestServer &server, const QStrin
 } // namespace
 
 DesktopSession::DesktopSession(const QString &windowManager)
-    : manager(startManager(server, windowManager)), platform(makePlatform()),
+    : manager(startManager(server, windowManager)), platform(makePlatform(data.log, data.clock)),
       m_rules(data.log, data.clock),
       m_snapshotter(platform->accessibility(), platform->windowList(), platform->workspace()),
       m_engine(m_rules, m_snapshotter, platform->accessibility(), data.log, data.clock),
