@@ -7,8 +7,6 @@
 #include <QDir>
 #include <QTest>
 
-#include <csignal>
-
 using namespace Panorel;
 using namespace Panorel::Desktop;
 
@@ -39,38 +37,6 @@ const char xfcePanel[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 </channel>
 )";
 
-/// The program itself, as its user starts it.
-class Program {
-public:
-    explicit Program(const QString &busAddress = {}) : m_process(QStringLiteral(PANOREL_PROGRAM))
-    {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        if (!busAddress.isEmpty())
-            environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), busAddress);
-        m_process.process().setProcessEnvironment(environment);
-        m_process.process().setProcessChannelMode(QProcess::SeparateChannels);
-    }
-    void start() { m_process.start(); }
-    /// Its exit status, once it has ended.
-    int status()
-    {
-        if (m_process.running() && !m_process.process().waitForFinished(20'000))
-            qFatal("the program does not end");
-        return m_process.process().exitStatus() == QProcess::NormalExit
-                   ? m_process.process().exitCode()
-                   : -1;
-    }
-    QStringList complaints()
-    {
-        return QString::fromUtf8(m_process.process().readAllStandardError())
-            .split(u'\n', Qt::SkipEmptyParts);
-    }
-    qint64 processID() const { return m_process.processID(); }
-
-private:
-    ChildProcess m_process;
-};
-
 /// A desktop with one window that the program has learned.
 struct Desk {
     TestServer server;
@@ -78,6 +44,7 @@ struct Desk {
     DesktopProbe probe;
     TestPointer pointer;
     TestClient client{ClientKind::Plain, QStringLiteral("notes")};
+    ChildProcess program{QStringLiteral(PANOREL_PROGRAM)};
     std::unique_ptr<ChildProcess> tray;
 
     Desk() { moveClient(learnedPlace); }
@@ -87,12 +54,16 @@ struct Desk {
         probe.move(client.window(), frame);
         require([&] { return probe.frame(client.window()) == frame; }, "a moved window");
     }
+    void giveBus(ChildProcess &child) const
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), manager.busAddress());
+        child.process().setProcessEnvironment(environment);
+    }
     void startTray(const QString &name, const QStringList &arguments)
     {
         tray = std::make_unique<ChildProcess>(name, arguments);
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), manager.busAddress());
-        tray->process().setProcessEnvironment(environment);
+        giveBus(*tray);
         tray->process().setStandardErrorFile(QProcess::nullDevice());
         tray->process().setProcessChannelMode(QProcess::SeparateChannels);
         tray->start();
@@ -106,8 +77,9 @@ struct Desk {
         }
         QCOMPARE(panelShows(), panelIsToShow);
     }
-    void waitUntilLearned() const
+    void startProgram()
     {
+        program.start();
         const QString layouts = server.home() + QStringLiteral("/data/Panorel/layouts.json");
         require([&] { return QFile::exists(layouts); }, "a learned desk");
     }
@@ -125,10 +97,6 @@ private Q_SLOTS:
     void anEmbeddedIconOpensAndClosesThePanel();
     void anAnnouncedIconOpensThePanelThoughTheTrayCameLater();
     void withoutATrayASecondStartOpensThePanel();
-    void theProgramEndsAsItIsAsked_data();
-    void theProgramEndsAsItIsAsked();
-    void aLostServerIsSaidOnce();
-    void withoutAServerTheProgramSaysSo();
 };
 
 void TrayTest::anEmbeddedIconOpensAndClosesThePanel()
@@ -143,10 +111,8 @@ void TrayTest::anEmbeddedIconOpensAndClosesThePanel()
         return window ? desk.probe.frame(*window).value_or(Rect()) : Rect();
     };
     require([&] { return trayFrame().height == 24; }, "the tray");
-    Program program;
-    program.start();
+    desk.startProgram();
     require([&] { return trayFrame().width >= 20; }, "the icon");
-    desk.waitUntilLearned();
     const int iconX = int(trayFrame().maxX()) - 10;
     desk.clickUntil(iconX, 12, true);
     const Rect panel = desk.panelFrame();
@@ -163,9 +129,8 @@ void TrayTest::anEmbeddedIconOpensAndClosesThePanel()
 void TrayTest::anAnnouncedIconOpensThePanelThoughTheTrayCameLater()
 {
     Desk desk;
-    Program program(desk.manager.busAddress());
-    program.start();
-    desk.waitUntilLearned();
+    desk.giveBus(desk.program);
+    desk.startProgram();
     const QString folder =
         desk.server.home() + QStringLiteral("/config/xfce4/xfconf/xfce-perchannel-xml");
     QVERIFY(QDir().mkpath(folder));
@@ -191,13 +156,12 @@ void TrayTest::withoutATrayASecondStartOpensThePanel()
 {
     Desk desk;
     TestKeyboard keyboard;
-    Program program;
-    program.start();
-    desk.waitUntilLearned();
+    desk.startProgram();
     desk.moveClient({700, 500, 600, 300});
-    Program second;
+    ChildProcess second(QStringLiteral(PANOREL_PROGRAM));
     second.start();
-    QCOMPARE(second.status(), 0);
+    QTRY_VERIFY(!second.running());
+    QCOMPARE(second.process().exitCode(), 0);
     QTRY_VERIFY(desk.panelShows());
     QTRY_COMPARE(desk.probe.activeWindow(), desk.probe.find(QStringLiteral("Panorel")));
     QCOMPARE(desk.panelFrame().maxX(), 1920.0 - 8);
@@ -208,51 +172,6 @@ void TrayTest::withoutATrayASecondStartOpensThePanel()
     keyboard.press(escapeKey);
     QTRY_VERIFY(!desk.panelShows());
     QTRY_VERIFY(desk.clientHasFocus());
-}
-
-void TrayTest::theProgramEndsAsItIsAsked_data()
-{
-    QTest::addColumn<int>("signal");
-    QTest::newRow("terminated") << SIGTERM;
-    QTest::newRow("interrupted") << SIGINT;
-    QTest::newRow("terminal closed") << SIGHUP;
-}
-
-void TrayTest::theProgramEndsAsItIsAsked()
-{
-    QFETCH(int, signal);
-    Desk desk;
-    Program program;
-    program.start();
-    desk.waitUntilLearned();
-    QCOMPARE(::kill(pid_t(program.processID()), signal), 0);
-    QCOMPARE(program.status(), 0);
-    QCOMPARE(program.complaints(), QStringList());
-}
-
-void TrayTest::aLostServerIsSaidOnce()
-{
-    Desk desk;
-    Program program;
-    program.start();
-    desk.waitUntilLearned();
-    desk.server.kill();
-    QCOMPARE(program.status(), 1);
-    QCOMPARE(program.complaints(),
-             QStringList{QStringLiteral("panorel: the connection to the X server is gone")});
-}
-
-void TrayTest::withoutAServerTheProgramSaysSo()
-{
-    const TestServer server;
-    const QByteArray display = qgetenv("DISPLAY");
-    qunsetenv("DISPLAY");
-    Program program;
-    program.start();
-    QCOMPARE(program.status(), 1);
-    QCOMPARE(program.complaints(),
-             QStringList{QStringLiteral("panorel: there is no X11 session (DISPLAY is not set)")});
-    qputenv("DISPLAY", display);
 }
 
 QTEST_GUILESS_MAIN(TrayTest)

@@ -432,7 +432,7 @@ void PanelTests::screenshots_data()
         panel.model.setIsStashed(true);
     });
     QTest::newRow("scenes-200") << Act(furnish);
-    QTest::newRow("dark-200") << Act([=](Panel &panel) {
+    QTest::newRow("scenes-dark-200") << Act([=](Panel &panel) {
         furnish(panel);
         dark(panel);
     });

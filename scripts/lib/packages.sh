@@ -1,12 +1,12 @@
 # Debian packages by purpose, and their installation. Sourced by the scripts beside this folder.
 
-PACKAGES_BUILD="ca-certificates g++ cmake ninja-build pkg-config qt6-base-dev libqt6svg6-dev
+PACKAGES_BUILD="ca-certificates g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev
     libgl-dev libxcb1-dev libxcb-randr0-dev libxcb-xkb-dev libglib2.0-dev"
 
 # A private X server with hot-plug, window managers and windows to manage.
 PACKAGES_DESKTOP="xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils x11-xkb-utils
     xkb-data dbus-daemon openbox xfwm4 xterm file-roller fonts-dejavu-core
-    qt6-qpa-plugins"
+    qt6-qpa-plugins trayer xfce4-panel xfconf"
 
 PACKAGES_TEST="clang-format libasan8 libubsan1 libxcb-icccm4-dev libxcb-xtest0-dev"
 

@@ -17,7 +17,7 @@ QSize PrimaryButton::sizeHint() const
 {
     const QFontMetrics metrics(fontOf(TextStyle::Heading));
     return {metrics.horizontalAdvance(title()) + 2 * Metrics::large,
-            std::max(Metrics::rowHeight, metrics.height()) + Metrics::tight};
+            std::max(Metrics::rowHeight, metrics.height() + Metrics::small) + Metrics::tight};
 }
 
 void PrimaryButton::paintEvent(QPaintEvent *)
