@@ -30,6 +30,10 @@ std::array<std::uint8_t, 128> edid(const std::string &name, std::uint32_t serial
     block[18] = 1;
     block[19] = 4;
     block[20] = 0xA5; // digital
+    block[23] = 120;  // gamma 2.2
+    constexpr std::array<std::uint8_t, 10> sRGB{0xEE, 0x91, 0xA3, 0x54, 0x4C,
+                                                0x99, 0x26, 0x0F, 0x50, 0x54};
+    std::memcpy(&block[25], sRGB.data(), sRGB.size());
     block[93] = 0xFC; // the third descriptor is the name
     std::string text = name.substr(0, 13);
     if (text.size() < 13)

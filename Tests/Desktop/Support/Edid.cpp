@@ -35,6 +35,7 @@ QByteArray buildEdid(const EdidFields &fields)
     block[21] = 60;                      // centimetres
     block[22] = 34;
     block[23] = 120; // gamma 2.2
+    block.replace(25, 10, QByteArray::fromHex("ee91a3544c99260f5054")); // the colours of sRGB
     if (!fields.name.isEmpty()) {
         // Third descriptor: the display's name, ended by a line feed, padded with blanks.
         const QByteArray text = (fields.name.left(13) + '\n').leftJustified(13, ' ', true);
