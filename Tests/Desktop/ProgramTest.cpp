@@ -1,12 +1,16 @@
 #include "Desktop/Support/DesktopProbe.h"
 #include "Desktop/Support/TestClient.h"
+#include "Desktop/Support/TestKeyboard.h"
 #include "Desktop/Support/TestServer.h"
 #include "Desktop/Support/TestWindowManager.h"
+#include "PanorelCore/JSON/PanorelJSON.h"
+#include "PanorelCore/Records/ModelCoding.h"
 
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSettings>
 #include <QTest>
 
 #include <csignal>
@@ -73,6 +77,7 @@ class ProgramTest : public QObject {
 
 private Q_SLOTS:
     void aReplugPutsEveryWindowBack();
+    void theGlobalKeysActOverAnotherProgram();
     void aSignalEndsItCleanly_data();
     void aSignalEndsItCleanly();
     void theServersEndIsSaidOnceAndLosesNothing();
@@ -116,6 +121,45 @@ void ProgramTest::aReplugPutsEveryWindowBack()
     program.send(SIGTERM);
     QCOMPARE(program.awaitEnd(), std::optional(0));
     QCOMPARE(program.errors(), QByteArray());
+}
+
+void ProgramTest::theGlobalKeysActOverAnotherProgram()
+{
+    const Rect learned{200, 200, 500, 400};
+    const Rect elsewhere{700, 500, 450, 350};
+    TestServer server;
+    const TestWindowManager manager(QStringLiteral("openbox"));
+    TestKeyboard keyboard;
+    DesktopProbe probe;
+    const TestClient client(ClientKind::Plain, QStringLiteral("notes"));
+    const auto isAt = [&](const Rect &frame) { return probe.frame(client.window()) == frame; };
+    probe.move(client.window(), learned);
+    require([&] { return isAt(learned); }, "a placed window");
+    const HotKeyCombo undoKey{6, HotKeyCombo::control | HotKeyCombo::option};
+    QSettings(qEnvironmentVariable("XDG_CONFIG_HOME") + QStringLiteral("/Panorel/Panorel.ini"),
+              QSettings::IniFormat)
+        .setValue(QStringLiteral("undoHotKey"), PanorelJSON::encoder().encode(undoKey));
+
+    Program program;
+    program.awaitLogged(1, "learned layout: 1 windows");
+    probe.move(client.window(), elsewhere);
+    require([&] { return isAt(elsewhere); }, "a moved window");
+    const auto focus = probe.activeWindow();
+    QCOMPARE(focus, std::optional(client.window()));
+    const quint32 commandShift = HotKeyCombo::command | HotKeyCombo::shift;
+    // What is pressed before the keys are grabbed goes to the window.
+    require(
+        [&] {
+            keyboard.press(HotKeyCombo{15, commandShift});
+            return waitUntil([&] { return program.logged("Restore Now clicked") > 0; }, 2'000);
+        },
+        "a grabbed key");
+    require([&] { return isAt(learned); }, "a restored window");
+    keyboard.press(undoKey);
+    require([&] { return isAt(elsewhere); }, "an undone restore");
+    keyboard.press(HotKeyCombo{1, commandShift});
+    program.awaitLogged(1, "hotkey: layout saved (1 windows)");
+    QCOMPARE(probe.activeWindow(), focus);
 }
 
 void ProgramTest::aSignalEndsItCleanly_data()
