@@ -34,7 +34,7 @@ QByteArray buildEdid(const EdidFields &fields)
     block[20] = static_cast<char>(0xA5); // digital, 8 bits a colour
     block[21] = 60;                      // centimetres
     block[22] = 34;
-    block[23] = 120; // gamma 2.2
+    block[23] = 120;                                                    // gamma 2.2
     block.replace(25, 10, QByteArray::fromHex("ee91a3544c99260f5054")); // the colours of sRGB
     if (!fields.name.isEmpty()) {
         // Third descriptor: the display's name, ended by a line feed, padded with blanks.
