@@ -12,6 +12,7 @@ namespace Panorel {
 namespace {
 
 constexpr std::chrono::seconds learnInterval(90);
+constexpr std::chrono::minutes longestEnd(10);
 
 namespace HotKeyID {
 const QString restore = QStringLiteral("restore");
@@ -218,7 +219,10 @@ void AppController::refreshPanel()
 
 void AppController::prepareToEnd()
 {
-    m_ending = true;
+    m_ending = m_services.scheduler.runAfter(longestEnd, [this] {
+        m_services.log.log(QStringLiteral("session: it goes on after all"));
+        m_ending.reset();
+    });
 }
 
 /// While displays settle the watcher still shows the desk before; the user means the one there is.

@@ -63,7 +63,8 @@ public:
     void refreshPanel();
 
     /// The session or the program is about to end: windows that close now are not the user's
-    /// arrangement. Nothing is learned or restored from here on.
+    /// arrangement. Nothing is learned or restored from here on. Nobody says when the user calls a
+    /// logout off, so after ten minutes the session counts as going on.
     void prepareToEnd();
 
 private:
@@ -91,8 +92,8 @@ private:
     RestoreEngine m_engine;
 
     std::optional<bool> m_loggedPermission;
-    bool m_ending = false;
-    bool m_layoutAwaitsUser = false; ///< the desk came back and was not restored
+    std::unique_ptr<ScheduledTask> m_ending; ///< set while the end is near; then it is over
+    bool m_layoutAwaitsUser = false;         ///< the desk came back and was not restored
     std::unique_ptr<ScheduledTask> m_learnTimer;
 };
 

@@ -178,6 +178,18 @@ private Q_SLOTS:
         QCOMPARE(program.dir.read(layoutsFile), before);
     }
 
+    void aSessionThatGoesOnAfterAllIsLearnedAgain()
+    {
+        Program program;
+        program.start();
+        program.controller->prepareToEnd();
+        program.desktop.window(program.mail).frame = clampedPlace;
+        program.scheduler.advance(10min - 1s);
+        QVERIFY(program.layouts().at(0).windows.at(0).frame == rightPlace);
+        program.scheduler.advance(90s);
+        QVERIFY(program.layouts().at(0).windows.at(0).frame == clampedPlace);
+    }
+
     void anUnreadChangeOfTheDisplaysStartsTheSettleDelay()
     {
         Program program;
