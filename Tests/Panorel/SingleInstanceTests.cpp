@@ -61,7 +61,8 @@ int runStart()
         if (!instance)
             return 0;
         QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
-        QObject::connect(&input, &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
+        QObject::connect(&input, &QSocketNotifier::activated, QCoreApplication::instance(),
+                         &QCoreApplication::quit);
         return QCoreApplication::exec();
     } catch (const std::runtime_error &error) {
         std::puts(error.what());

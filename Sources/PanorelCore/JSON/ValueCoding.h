@@ -20,10 +20,15 @@ namespace Panorel {
 
 /// One entry of a record's field table.
 template <typename Record, typename Value> struct Field {
-    const char *key;
-    Value Record::*member;
+    const char *key = nullptr;
+    Value Record::*member = nullptr;
     bool required = true; ///< an optional field that is absent keeps the record's initial value
 };
+// Not every compiler deduces the arguments of an aggregate by itself.
+template <typename Record, typename Value>
+Field(const char *, Value Record::*) -> Field<Record, Value>;
+template <typename Record, typename Value>
+Field(const char *, Value Record::*, bool) -> Field<Record, Value>;
 
 /// Specialised once for each record:
 ///     static constexpr auto table = std::make_tuple(Field<R, V>{"key", &R::member}, ...);
