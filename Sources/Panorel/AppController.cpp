@@ -239,7 +239,7 @@ const Layout *AppController::currentLayout() const
 
 RestoreReport AppController::restore(const Layout &layout)
 {
-    const RestoreReport report = m_engine.apply(layout, m_services.prefs.alsoRestoreSizes());
+    RestoreReport report = m_engine.apply(layout, m_services.prefs.alsoRestoreSizes());
     m_layoutAwaitsUser = false;
     m_usage.record(UsageEvents::Restore{report.restored});
     return report;
