@@ -13,25 +13,35 @@ public:
     explicit FakeScheduler(FakeClock &clock) : m_clock(clock) {}
 
     std::unique_ptr<ScheduledTask> runAfter(std::chrono::milliseconds delay,
-                                            std::function<void()> action) override;
+                                            std::function<void()> action) override
+    {
+        return std::make_unique<Task>(*this, delay, std::chrono::milliseconds(0), action);
+    }
     std::unique_ptr<ScheduledTask> repeat(std::chrono::milliseconds interval,
-                                          std::function<void()> action) override;
+                                          std::function<void()> action) override
+    {
+        return std::make_unique<Task>(*this, interval, interval, action);
+    }
 
     /// Moves the clock, stopping at every task that comes due on the way.
     void advance(std::chrono::milliseconds by);
 
 private:
-    struct Entry {
+    struct Task final : ScheduledTask {
+        Task(FakeScheduler &scheduler, std::chrono::milliseconds delay,
+             std::chrono::milliseconds every, std::function<void()> what);
+        ~Task() override { m_scheduler.m_tasks.remove(this); }
+
         Instant due;
         std::chrono::milliseconds interval; ///< 0: once
         std::function<void()> action;
-    };
-    class Task;
 
-    std::unique_ptr<ScheduledTask> add(const Entry &entry);
+    private:
+        FakeScheduler &m_scheduler;
+    };
 
     FakeClock &m_clock;
-    std::list<Entry> m_entries;
+    std::list<Task *> m_tasks; ///< in the order made
 };
 
 } // namespace Panorel

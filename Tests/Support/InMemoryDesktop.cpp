@@ -50,14 +50,6 @@ InMemoryWindow &InMemoryDesktop::window(int number)
     return *found;
 }
 
-std::vector<int> InMemoryDesktop::frontToBack() const
-{
-    std::vector<int> numbers;
-    for (const InMemoryWindow &window : m_windows)
-        numbers.push_back(window.number);
-    return numbers;
-}
-
 InMemoryWindow *InMemoryDesktop::find(const WindowElementRef &element)
 {
     const int number = static_cast<const Element &>(*element).number;
@@ -71,16 +63,10 @@ std::vector<WindowAttributes> InMemoryDesktop::windows(ProcessIdentifier pid)
     for (const InMemoryWindow &window : m_windows) {
         if (window.pid != pid || !trusted)
             continue;
-        WindowAttributes attributes;
-        attributes.element = std::make_shared<Element>(window.number);
-        if (!window.hidesPosition)
-            attributes.position = window.frame.origin();
-        if (!window.hidesSize)
-            attributes.size = window.frame.size();
-        attributes.title = window.title;
-        attributes.isMinimized = window.isMinimized;
-        attributes.isFullScreen = window.isFullScreen;
-        found.push_back(attributes);
+        const auto element = std::make_shared<Element>(window.number);
+        const FrameReading frame = readFrame(element);
+        found.push_back({element, frame.position, frame.size, window.title, window.isMinimized,
+                         window.isFullScreen});
     }
     return found;
 }

@@ -51,7 +51,6 @@ public:
     int open(ProcessIdentifier pid, const QString &title, const Rect &frame);
     void close(int number);
     InMemoryWindow &window(int number);
-    std::vector<int> frontToBack() const;
     std::vector<RunningApplication> &applications() { return m_applications; }
 
     bool trusted = true;

@@ -102,7 +102,6 @@ public:
     std::optional<bool> registeredAtLogin;
     std::optional<ActivationPolicy> policy;
     std::vector<WindowHandle> onAllDesktops;
-    bool composited = true;
 
     AccessibilityPort &accessibility() override { return desktop; }
     WindowListPort &windowList() override { return desktop; }
@@ -118,7 +117,7 @@ public:
 private:
     void setRegistered(bool registered) override { registeredAtLogin = registered; }
     void setActivationPolicy(ActivationPolicy asked) override { policy = asked; }
-    bool isComposited() const override { return composited; }
+    bool isComposited() const override { return true; }
     bool hasEmbeddingTray() const override { return true; }
     void showOnAllDesktops(WindowHandle window) override { onAllDesktops.push_back(window); }
 };

@@ -1,5 +1,6 @@
 #include "Support/TestDataDir.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 namespace Panorel {
@@ -42,6 +43,18 @@ QStringList TestDataDir::logged()
             messages.append(QString::fromUtf8(line.mid(line.indexOf(' ') + 1)));
     }
     return messages;
+}
+
+std::unique_ptr<QProcess> TestDataDir::again(const QStringList &arguments,
+                                             const std::optional<QString> &dataDir) const
+{
+    auto process = std::make_unique<QProcess>();
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("PANOREL_DATA_DIR"), dataDir.value_or(m_dir.path()));
+    process->setProcessEnvironment(environment);
+    process->setWorkingDirectory(m_dir.path());
+    process->start(QCoreApplication::applicationFilePath(), arguments);
+    return process;
 }
 
 } // namespace Panorel

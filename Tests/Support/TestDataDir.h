@@ -3,6 +3,7 @@
 #include "PanorelCore/Files/AppLog.h"
 
 #include <QDir>
+#include <QProcess>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -36,6 +37,10 @@ public:
 
     /// The log's messages so far, without their time stamps.
     QStringList logged();
+
+    /// This test program again, in this directory, with another data directory if one is named.
+    std::unique_ptr<QProcess> again(const QStringList &arguments,
+                                    const std::optional<QString> &dataDir = {}) const;
 
     FakeClock clock;
     AppLog log{clock};
