@@ -2,7 +2,7 @@
 
 #include "Contracts/DesktopRig.h"
 
-#include <QObject>
+#include <QTest>
 
 namespace Panorel {
 
@@ -14,23 +14,118 @@ public:
     explicit AccessibilityContract(DesktopRig &rig) : m_rig(rig) {}
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        m_first = m_rig.open(editor, {100, 120, 400, 300});
+        m_second = m_rig.open(editor, secondFrame);
+        m_other = m_rig.open(mail, otherFrame);
+    }
 
-    void anApplicationsWindowsAreListedFrontToBack();
-    void aWindowIsMovedAndResizedToThePixel();
-    void aPositionAloneKeepsTheSize();
-    void manyMovesAreSentBeforeTheFirstIsReadBack();
-    void aWindowThatIsGoneReadsAsAbsent();
-    void minimisedAndFullScreenWindowsAreTold();
-    void raisingEndsWithTheLastOnTopAndTheFocusWhereItWas();
-    void theWindowListAgreesWithAccessibility();
-    void anUnknownProcessHasNoWindows();
+    void cleanup()
+    {
+        for (const QString &title : {m_first, m_second, m_other})
+            m_rig.close(title);
+    }
+
+    void anApplicationsWindowsAreListedFrontToBack()
+    {
+        QVERIFY(port().isTrusted());
+        QCOMPARE(titles(editor), (QStringList{m_second, m_first}));
+        QCOMPARE(titles(mail), QStringList{m_other});
+        QVERIFY(pidOf(editor) != m_rig.workspace().ownProcessIdentifier());
+        QVERIFY(port().windows(987654).empty());
+    }
+
+    void windowsAreMovedAndResizedToThePixel()
+    {
+        const auto first = window(editor, m_first).element;
+        const auto second = window(editor, m_second).element;
+        port().apply(first, Point{40, 50}, Size{300, 200});
+        port().apply(second, Point{900, 60}, {});
+        port().apply(first, Point{710, 415}, Size{420, 330}); // the newer request holds
+        const FrameReading secondAfter = port().readFrame(second);
+        QVERIFY(secondAfter.position == (Point{900, 60}));
+        QVERIFY(secondAfter.size == secondFrame.size());
+        const FrameReading firstAfter = port().readFrame(first);
+        QVERIFY(firstAfter.position == (Point{710, 415}));
+        QVERIFY(firstAfter.size == (Size{420, 330}));
+        QVERIFY(window(editor, m_first).position == firstAfter.position);
+    }
+
+    void aWindowThatIsGoneReadsAsAbsent()
+    {
+        const auto element = window(editor, m_first).element;
+        m_rig.close(m_first);
+        port().apply(element, Point{1, 1}, Size{200, 200});
+        port().raise({element});
+        const FrameReading after = port().readFrame(element);
+        QVERIFY(!after.position && !after.size);
+        QCOMPARE(titles(editor), QStringList{m_second});
+    }
+
+    void minimisedAndFullScreenWindowsAreTold()
+    {
+        m_rig.minimize(m_first);
+        m_rig.makeFullScreen(m_second);
+        QCOMPARE(window(editor, m_first).isMinimized, true);
+        QCOMPARE(window(editor, m_first).isFullScreen.value_or(false), false);
+        QCOMPARE(window(editor, m_second).isFullScreen, true);
+        QCOMPARE(window(mail, m_other).isMinimized.value_or(false), false);
+    }
+
+    void raisingEndsWithTheLastOnTopAndTheFocusWhereItWas()
+    {
+        const QString focused = m_rig.focused();
+        port().raise({window(editor, m_second).element, window(editor, m_first).element});
+        QVERIFY(m_rig.waitUntil([&] { return titles(editor) == QStringList{m_first, m_second}; }));
+        QCOMPARE(m_rig.focused(), focused);
+    }
+
+    void theWindowListAgreesWithAccessibility()
+    {
+        m_rig.minimize(m_first);
+        std::vector<std::pair<ProcessIdentifier, Rect>> ordinary;
+        const auto list = m_rig.windowList().onScreenWindows();
+        QVERIFY(list.has_value());
+        for (const WindowListEntry &entry : *list) {
+            if (entry.layer == 0)
+                ordinary.emplace_back(entry.ownerPID.value(), entry.bounds.value());
+        }
+        QVERIFY(ordinary
+                == (std::vector{std::pair(pidOf(mail), otherFrame),
+                                std::pair(pidOf(editor), secondFrame)}));
+    }
 
 private:
-    ProcessIdentifier pidOf(const QString &application);
-    WindowAttributes window(const QString &application, const QString &title);
-    QStringList titles(const QString &application);
+    static inline const QString editor = QStringLiteral("editor");
+    static inline const QString mail = QStringLiteral("mail");
+    static constexpr Rect secondFrame{600, 200, 500, 350};
+    static constexpr Rect otherFrame{300, 500, 450, 320};
+
+    AccessibilityPort &port() { return m_rig.accessibility(); }
+
+    ProcessIdentifier pidOf(const QString &application)
+    {
+        for (const RunningApplication &running : m_rig.workspace().runningApplications()) {
+            if (running.bundleID == m_rig.bundleID(application)
+                && running.policy == ActivationPolicy::Regular)
+                return running.pid;
+        }
+        return -1;
+    }
+
+    QStringList titles(const QString &application)
+    {
+        QStringList titles;
+        for (const WindowAttributes &window : port().windows(pidOf(application)))
+            titles.append(window.title.value_or(QString()));
+        return titles;
+    }
+
+    WindowAttributes window(const QString &application, const QString &title)
+    {
+        return port().windows(pidOf(application)).at(size_t(titles(application).indexOf(title)));
+    }
 
     DesktopRig &m_rig;
     QString m_first;

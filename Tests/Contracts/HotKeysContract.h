@@ -2,8 +2,9 @@
 
 #include "Contracts/HotKeysRig.h"
 
-#include <QList>
-#include <QObject>
+#include <QTest>
+
+#include <utility>
 
 namespace Panorel {
 
@@ -12,31 +13,164 @@ class HotKeysContract : public QObject {
     Q_OBJECT
 
 public:
-    explicit HotKeysContract(HotKeysRig &rig);
-    ~HotKeysContract() override;
+    explicit HotKeysContract(HotKeysRig &rig) : m_rig(rig)
+    {
+        m_rig.hotKeys().setPressedCallback([this](HotKeyNumber number) {
+            m_told.append(number);
+            if (m_onPress && number != lastNumber)
+                m_onPress();
+        });
+    }
+    ~HotKeysContract() override { m_rig.hotKeys().setPressedCallback({}); }
 
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init()
+    {
+        m_last = take(lastCombo, lastNumber);
+        QVERIFY(m_last);
+    }
 
-    void aPressIsToldToItsNumberOnly();
-    void locksMakeNoDifference();
-    void aHeldKeyIsToldOnce();
-    void aLayoutLeavesCombinationsOnTheirKeys();
-    void theEarliestOfTwoIsTold();
-    void whatAnotherProgramHasIsRefused();
-    void whatIsGivenBackIsFree();
-    void aKeyThatNoKeyboardHasIsRefused();
-    void aPressMayReplaceItsOwnRegistration();
+    void cleanup()
+    {
+        m_last.reset();
+        m_onPress = {};
+    }
+
+    void aPressIsToldToItsNumberOnly()
+    {
+        const auto first = take(altShiftS, 1);
+        const auto second = take(superShiftS, 2);
+        m_rig.press({altShiftS.keyCode, HotKeyCombo::option});
+        m_rig.press({altShiftS.keyCode, altShiftS.modifiers | HotKeyCombo::control});
+        QCOMPARE(told(), Numbers{});
+        m_rig.press(superShiftS);
+        m_rig.press(altShiftS);
+        QCOMPARE(told(), (Numbers{2, 1}));
+    }
+
+    void locksMakeNoDifference()
+    {
+        const auto registration = take(altShiftS, 3);
+        m_rig.toggleCapsLock();
+        m_rig.press(altShiftS);
+        QCOMPARE(told(), Numbers{3});
+        m_rig.toggleNumLock();
+        m_rig.press(altShiftS);
+        QCOMPARE(told(), Numbers{3});
+        m_rig.toggleCapsLock();
+        m_rig.press(altShiftS);
+        QCOMPARE(told(), Numbers{3});
+        m_rig.toggleNumLock();
+    }
+
+    void aHeldKeyIsToldOnce()
+    {
+        const auto first = take(altShiftS, 4);
+        const auto second = take(superShiftS, 5);
+        m_rig.hold(altShiftS);
+        m_rig.press(altShiftS);
+        m_rig.hold(superShiftS);
+        QCOMPARE(told(), (Numbers{4, 4, 5}));
+    }
+
+    void aLayoutLeavesCombinationsOnTheirKeys()
+    {
+        const auto registration = take(superZ, 6);
+        for (const char *layout : {"de", "us"}) {
+            m_rig.setLayout(QString::fromLatin1(layout));
+            m_rig.press(superZ);
+            QCOMPARE(told(), Numbers{6});
+            m_rig.press(superY);
+            QCOMPARE(told(), Numbers{});
+            const auto later = take(superY, 7); // by the layout's own map
+            m_rig.press(superY);
+            QCOMPARE(told(), Numbers{7});
+        }
+    }
+
+    void theEarliestOfTwoIsTold()
+    {
+        auto first = take(altShiftS, 8);
+        auto second = take(altShiftS, 9);
+        m_rig.press(altShiftS);
+        QCOMPARE(told(), Numbers{8});
+        first = take(altShiftS, 10);
+        m_rig.press(altShiftS);
+        QCOMPARE(told(), Numbers{9});
+        first.reset();
+        second.reset();
+        m_rig.press(altShiftS);
+        QCOMPARE(told(), Numbers{});
+    }
+
+    void whatAnotherProgramHasIsRefused()
+    {
+        auto registration = take(altShiftS, 11);
+        QVERIFY(!m_rig.takeByAnother(altShiftS));
+        registration.reset();
+        QVERIFY(m_rig.takeByAnother(altShiftS)); // what is given back is free
+        QVERIFY(!take(altShiftS, 12));
+        const auto other = take(superShiftS, 12);
+        m_rig.press(altShiftS);
+        m_rig.press(superShiftS);
+        QCOMPARE(told(), Numbers{12});
+
+        m_rig.endTheOther();
+        registration = take(altShiftS, 13);
+        m_rig.press(altShiftS);
+        QCOMPARE(told(), Numbers{13});
+    }
+
+    void aKeyThatNoKeyboardHasIsRefused()
+    {
+        QVERIFY(!take({0xffffffff, HotKeyCombo::command}, 14));
+        QVERIFY(!take({200, HotKeyCombo::command}, 14));
+    }
+
+    void aPressMayReplaceItsOwnRegistration()
+    {
+        auto registration = take(altShiftS, 15);
+        m_onPress = [&] {
+            registration.reset();
+            registration = take(superShiftS, 16);
+        };
+        m_rig.press(altShiftS);
+        QCOMPARE(told(), Numbers{15});
+        m_onPress = {};
+        m_rig.press(altShiftS);
+        m_rig.press(superShiftS);
+        QCOMPARE(told(), Numbers{16});
+    }
 
 private:
-    std::unique_ptr<HotKeyRegistration> take(const HotKeyCombo &combo, HotKeyNumber number);
+    using Numbers = QList<HotKeyNumber>;
+
+    static constexpr HotKeyCombo altShiftS{1, HotKeyCombo::option | HotKeyCombo::shift};
+    static constexpr HotKeyCombo superShiftS{1, HotKeyCombo::command | HotKeyCombo::shift};
+    static constexpr HotKeyCombo superZ{6, HotKeyCombo::command};
+    static constexpr HotKeyCombo superY{16, HotKeyCombo::command};
+    /// Pressed to see that all else is told.
+    static constexpr HotKeyCombo lastCombo{111, HotKeyCombo::control};
+    static constexpr HotKeyNumber lastNumber = 1000;
+
+    std::unique_ptr<HotKeyRegistration> take(const HotKeyCombo &combo, HotKeyNumber number)
+    {
+        return m_rig.hotKeys().registerHotKey(combo, number);
+    }
+
     /// Every number told since the last call.
-    QList<HotKeyNumber> told();
+    Numbers told()
+    {
+        m_rig.press(lastCombo);
+        if (!m_rig.waitUntil([this] { return m_told.contains(lastNumber); }))
+            qFatal("the last key was not told");
+        m_told.removeAll(lastNumber);
+        return std::exchange(m_told, {});
+    }
 
     HotKeysRig &m_rig;
     std::unique_ptr<HotKeyRegistration> m_last;
-    QList<HotKeyNumber> m_told;
+    Numbers m_told;
     std::function<void()> m_onPress;
 };
 

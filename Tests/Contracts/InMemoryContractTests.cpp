@@ -68,10 +68,10 @@ public:
     void hold(const HotKeyCombo &combo) override { keys.press(combo); }
     bool takeByAnother(const HotKeyCombo &combo) override
     {
-        for (const auto &[number, held] : keys.registered) {
-            if (held == combo)
-                return false;
-        }
+        if (std::ranges::find(keys.registered, combo,
+                              &std::pair<const HotKeyNumber, HotKeyCombo>::second)
+            != keys.registered.end())
+            return false;
         keys.refused.push_back(combo);
         return true;
     }
