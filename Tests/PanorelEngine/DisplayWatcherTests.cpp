@@ -58,13 +58,9 @@ private Q_SLOTS:
         QCOMPARE(tall.edidUUID, QStringLiteral("00000610-0000-0000-A050-0000BEEF"));
         QCOMPARE(tall.name, QStringLiteral("Tall"));
         QVERIFY(!tall.isBuiltin && watch.watcher.displays().at(0).isBuiltin);
-    }
 
-    void withoutAScreenAtTheOriginTheFirstOneCounts()
-    {
-        Watch watch;
-        watch.screens.displays[0].screen.frame = {10, 20, 800, 600};
-        watch.watcher.start();
+        watch.screens.displays[0].screen.frame = {10, 20, 800, 600}; // none is at the origin now
+        watch.watcher.refresh();
         QVERIFY(watch.watcher.displays().at(0).frame == (Rect{10, -20, 800, 600}));
     }
 
@@ -80,10 +76,9 @@ private Q_SLOTS:
         watch.screens.displays.clear();
         watch.watcher.refresh();
         QVERIFY(watch.watcher.displays().empty());
-        QCOMPARE(watch.watcher.configID(), ConfigID::compute({}));
     }
 
-    void aBurstOfChangesSettlesOnce()
+    void aBurstOfChangesSettlesOnceAfterTheDelay()
     {
         Watch watch;
         watch.watcher.start();
@@ -93,6 +88,7 @@ private Q_SLOTS:
             QVERIFY(watch.watcher.isSettling());
             watch.scheduler.advance(200ms);
         }
+        watch.watcher.setSettleSeconds(0); // from the next change on
         watch.scheduler.advance(1299ms);
         QVERIFY(watch.settled.empty());
         QCOMPARE(watch.watcher.displays().size(), 1u);
@@ -103,18 +99,6 @@ private Q_SLOTS:
                  QStringList{QStringLiteral("display settled: 2 displays, config ")
                              + watch.watcher.configID().left(8)});
         watch.scheduler.advance(1h);
-        QCOMPARE(watch.settled.size(), 1u);
-    }
-
-    void aNewDelayCountsFromTheNextChange()
-    {
-        Watch watch;
-        watch.watcher.start();
-        watch.screens.announceChange();
-        watch.watcher.setSettleSeconds(0);
-        watch.scheduler.advance(1499ms);
-        QVERIFY(watch.settled.empty());
-        watch.scheduler.advance(1ms);
         QCOMPARE(watch.settled.size(), 1u);
         watch.screens.announceChange();
         watch.scheduler.advance(0ms);
