@@ -4,7 +4,6 @@
 
 #include <QTest>
 
-#include <cmath>
 #include <limits>
 
 using namespace Panorel;
@@ -93,10 +92,6 @@ private Q_SLOTS:
         const UsageData usage{{QStringLiteral("x"), QStringLiteral("x")}, Instant(1s), 1, 2, 3, 4,
                               std::numeric_limits<qint64>::max()};
         QVERIFY(decoder.decode<UsageData>(encoder.encode(usage)) == usage);
-
-        WindowRecord below = second.layout.windows[0];
-        below.zOrder += 1;
-        QVERIFY(below != second.layout.windows[0]);
     }
 
     void theWrittenFormIsFixed()
@@ -118,19 +113,6 @@ private Q_SLOTS:
         QVERIFY(!json.contains("wallpaperPath") && !json.contains("hotKey"));
     }
 
-    void whatHasNoFormIsNotWritten()
-    {
-        const auto encoder = PanorelJSON::encoder();
-        WindowRecord window;
-        for (const double bad : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
-            window.frame = {0, 0, bad, 1};
-            QVERIFY_THROWS_EXCEPTION(EncodingError, encoder.encode(window));
-        }
-        UsageData usage;
-        usage.firstRecordedAt = Instant(std::chrono::hours(24 * 366 * 9000L));
-        QVERIFY_THROWS_EXCEPTION(EncodingError, encoder.encode(usage));
-    }
-
     void aHandEditedFileIsReadOrSaysWhereItIsWrong_data()
     {
         QTest::addColumn<QByteArray>("json");
@@ -142,9 +124,9 @@ private Q_SLOTS:
             QTest::newRow(name) << with(piece, replacement) << QString::fromLatin1(description);
         };
         const QByteArray frame = "[[-1920.5,-3],[800,600]]";
+        const QByteArray id = "\"id\": \"0A0B0C0D-0000-4000-8000-00000000000F\"";
         const char *badFrame = "frame must be [[x,y],[w,h]]";
         row("unknown key", "\"opensMissingApps\"", "\"later\": [{}], \"opensMissingApps\"");
-        row("slash escaped", "/a/b.png", "\\/a\\/b.png");
         row("optional keys missing", "\"hidesOtherApps\": true, \"wallpaperPath\": \"/a/b.png\",",
             "");
         row("optional values null", "\"/a/b.png\"", "null");
@@ -152,42 +134,27 @@ private Q_SLOTS:
             "expected a string at scenes[0].wallpaperPath");
         row("sibling of an optional key missing", "\"opensMissingApps\": true,", "",
             "missing key at scenes[0].opensMissingApps");
-        row("null for a required value", "\"opensMissingApps\": true", "\"opensMissingApps\": null",
-            "expected true or false at scenes[0].opensMissingApps");
         row("1 for true", "\"opensMissingApps\": true", "\"opensMissingApps\": 1",
             "expected true or false at scenes[0].opensMissingApps");
         row("key in another case", "\"zOrder\"", "\"ZOrder\"",
             "missing key at scenes[0].layout.windows[0].zOrder");
         row("map value of another type", "{\"desk\": \"0A0B0C0D-0000-4000-8000-00000000000F\"}",
             "{\"desk\": 1}", "expected a string at lastAppliedByConfig.desk");
-        row("list for an object", "{\"keyCode\": 15, \"modifiers\": 768}", "[15, 768]",
-            "expected an object at scenes[0].hotKey");
         row("frame of zeros", frame, "[[0,0],[0,0]]");
         row("frame with a third number", frame, "[[1,2,3],[4,5]]", badFrame);
         row("frame of one pair", frame, "[[1,2]]", badFrame);
-        row("frame of three pairs", frame, "[[1,2],[3,4],[5,6]]", badFrame);
-        row("frame empty", frame, "[]", badFrame);
         row("frame flat", frame, "[1,2,3,4]",
             "expected an array at scenes[0].layout.windows[0].frame[0]");
-        row("frame of texts", frame, "[[\"1\",2],[3,4]]",
-            "expected a number at scenes[0].layout.windows[0].frame[0][0]");
-        row("UUID in lower case", "\"id\": \"0A0B0C0D-0000-4000-8000-00000000000F\"",
-            "\"id\": \"0a0b0c0d-0000-4000-8000-00000000000f\"");
-        row("UUID in braces", "\"id\": \"0A0B0C0D-0000-4000-8000-00000000000F\"",
-            "\"id\": \"{0A0B0C0D-0000-4000-8000-00000000000F}\"",
+        row("UUID in lower case", id, "\"id\": \"0a0b0c0d-0000-4000-8000-00000000000f\"");
+        row("UUID in braces", id, "\"id\": \"{0A0B0C0D-0000-4000-8000-00000000000F}\"",
             "expected a UUID at scenes[0].id");
-        row("UUID all zero", "\"id\": \"0A0B0C0D-0000-4000-8000-00000000000F\"",
-            "\"id\": \"00000000-0000-0000-0000-000000000000\"");
-        row("UUID without hyphens", "\"id\": \"0A0B0C0D-0000-4000-8000-00000000000F\"",
-            "\"id\": \"0A0B0C0D00004000800000000000000F\"", "expected a UUID at scenes[0].id");
+        row("UUID all zero", id, "\"id\": \"00000000-0000-0000-0000-000000000000\"");
+        row("UUID without hyphens", id, "\"id\": \"0A0B0C0D00004000800000000000000F\"",
+            "expected a UUID at scenes[0].id");
         row("date without a zone", "\"createdAt\": \"2024-05-01T09:30:00Z\"",
             "\"createdAt\": \"2024-05-01T09:30:00\"",
             "bad date 2024-05-01T09:30:00 at scenes[0].createdAt");
         QTest::newRow("empty") << QByteArray() << QStringLiteral("illegal value at byte 0");
-        QTest::newRow("array at the root")
-            << QByteArray("[]") << QStringLiteral("expected an object");
-        QTest::newRow("empty object")
-            << QByteArray("{}") << QStringLiteral("missing key at lastAppliedByConfig");
     }
 
     void aHandEditedFileIsReadOrSaysWhereItIsWrong()
@@ -219,7 +186,6 @@ private Q_SLOTS:
             {"0", 0, true},
             {"3.0", 3, true},
             {"3.5", {}, false},
-            {"1e3", 1000, true},
             {"-1", -1, false},
             {"4294967295", 4294967295, true},
             {"4294967296", 4294967296, false},
@@ -230,7 +196,6 @@ private Q_SLOTS:
             {"1e300", {}, false},
             {"\"3\"", {}, false},
             {"true", {}, false},
-            {"null", {}, false},
         };
         for (const auto &[text, value, fits32] : rows) {
             QVERIFY2(integer<qint64>(text) == value, text);
