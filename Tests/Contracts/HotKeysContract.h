@@ -51,16 +51,12 @@ private Q_SLOTS:
     void locksMakeNoDifference()
     {
         const auto registration = take(altShiftS, 3);
-        m_rig.toggleCapsLock();
-        m_rig.press(altShiftS);
-        QCOMPARE(told(), Numbers{3});
-        m_rig.toggleNumLock();
-        m_rig.press(altShiftS);
-        QCOMPARE(told(), Numbers{3});
-        m_rig.toggleCapsLock();
-        m_rig.press(altShiftS);
-        QCOMPARE(told(), Numbers{3});
-        m_rig.toggleNumLock();
+        for (const auto toggle : {&HotKeysRig::toggleCapsLock, &HotKeysRig::toggleNumLock,
+                                  &HotKeysRig::toggleCapsLock, &HotKeysRig::toggleNumLock}) {
+            (m_rig.*toggle)();
+            m_rig.press(altShiftS);
+            QCOMPARE(told(), Numbers{3});
+        }
     }
 
     void aHeldKeyIsToldOnce()
