@@ -87,11 +87,6 @@ private Q_SLOTS:
         const LayoutFile layouts{{{QStringLiteral("desk"), QStringLiteral("Default")}},
                                  {second.layout, scenes.scenes[0].layout}};
         QVERIFY(decoder.decode<LayoutFile>(encoder.encode(layouts)) == layouts);
-        const std::vector<AppRule> rules{{QStringLiteral("a"), true, false}, {{}, false, true}};
-        QVERIFY(decoder.decode<std::vector<AppRule>>(encoder.encode(rules)) == rules);
-        const UsageData usage{{QStringLiteral("x"), QStringLiteral("x")}, Instant(1s), 1, 2, 3, 4,
-                              std::numeric_limits<qint64>::max()};
-        QVERIFY(decoder.decode<UsageData>(encoder.encode(usage)) == usage);
     }
 
     void theWrittenFormIsFixed()
