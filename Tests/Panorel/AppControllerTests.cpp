@@ -32,32 +32,28 @@ struct Program {
     HotKeyCenter hotKeys{platform.keys};
     std::unique_ptr<AppController> controller;
 
-    Program()
+    explicit Program(bool isTrusted = true)
     {
+        desktop.trusted = isTrusted;
         platform.display.plug(QStringLiteral("Built-in"), {0, 0, 1440, 900}, 0);
         plugDock();
         editor = desktop.open(desktop.launch(QStringLiteral("editor"), QStringLiteral("Editor")),
                               QStringLiteral("Notes"), leftPlace);
         mail = desktop.open(desktop.launch(QStringLiteral("mail"), QStringLiteral("Mail")),
                             QStringLiteral("Inbox"), rightPlace);
+        start();
     }
-    ~Program() { end(); }
 
-    AppController &start()
+    /// Again: it ends and starts anew.
+    void start()
     {
+        controller.reset();
         prefs = std::make_unique<Prefs>(platform.defaults, platform.activationPolicy(),
                                         platform.loginItem());
         watcher = std::make_unique<DisplayWatcher>(platform.display, scheduler, dir.log);
         controller = std::make_unique<AppController>(
             panel, AppServices{platform, *watcher, hotKeys, *prefs, scheduler, dir.log, dir.clock});
-        return *controller;
     }
-    void end()
-    {
-        controller.reset();
-        watcher.reset();
-    }
-
     void plugDock() { platform.display.plug(QStringLiteral("Dock"), {1440, 0, 1920, 1080}, 9); }
     void dock()
     {
@@ -73,8 +69,11 @@ struct Program {
     }
     Rect mailFrame() { return desktop.window(mail).frame; }
     std::vector<Layout> layouts() { return LayoutStore(dir.log, dir.clock).allLayouts(); }
-    bool logged(const QString &line) { return dir.logged().contains(line); }
+    Rect learnedMailFrame() { return layouts().at(0).windows.at(0).frame; }
+    bool logged(const char *line) { return dir.logged().contains(QString::fromUtf8(line)); }
 };
+
+using Act = std::function<void(Program &)>;
 
 } // namespace
 
@@ -85,7 +84,6 @@ private Q_SLOTS:
     void theDeskComesBackAfterUndockingAndDocking()
     {
         Program program;
-        program.start();
         QCOMPARE(program.panel.windowCount(), 2);
         program.scheduler.advance(10min);
         program.undock();
@@ -97,8 +95,7 @@ private Q_SLOTS:
         program.scheduler.advance(1ms);
         QVERIFY(program.mailFrame() == rightPlace);
         QCOMPARE(program.panel.lastAction(), QStringLiteral("Put back 2 windows"));
-        QVERIFY(program.logged(
-            QStringLiteral("restore report: 2/2 restored, 0 failed, 0 skipped, 0.00s")));
+        QVERIFY(program.logged("restore report: 2/2 restored, 0 failed, 0 skipped, 0.00s"));
         const UsageData usage = UsageStore(program.dir.log, program.dir.clock).data();
         QCOMPARE(usage.restores, 1);
         QCOMPARE(usage.windowsPutBack, 2);
@@ -108,9 +105,7 @@ private Q_SLOTS:
     void learningWritesOnlyWhatHasChanged()
     {
         Program program;
-        program.start();
-        QVERIFY(
-            program.logged(QStringLiteral("learned layout: 2 windows for Desk setup [Default]")));
+        QVERIFY(program.logged("learned layout: 2 windows for Desk setup [Default]"));
         const QByteArray first = program.dir.read(layoutsFile);
         program.scheduler.advance(90s);
         QCOMPARE(program.dir.read(layoutsFile), first);
@@ -118,91 +113,66 @@ private Q_SLOTS:
         program.scheduler.advance(89s);
         QCOMPARE(program.dir.read(layoutsFile), first);
         program.scheduler.advance(1s);
-        QVERIFY(program.dir.read(layoutsFile) != first);
-        QVERIFY(program.layouts().at(0).displays.size() == 2);
-    }
+        const QByteArray second = program.dir.read(layoutsFile);
+        QVERIFY(second != first);
 
-    void anEmptyDeskIsNeverLearned()
-    {
-        Program program;
-        program.start();
-        const QByteArray before = program.dir.read(layoutsFile);
-        program.desktop.close(program.editor);
+        program.desktop.close(program.editor); // an empty desk is never learned
         program.desktop.close(program.mail);
         program.scheduler.advance(90s);
         program.controller->saveLayoutNow();
-        QCOMPARE(program.dir.read(layoutsFile), before);
+        QCOMPARE(program.dir.read(layoutsFile), second);
     }
 
     void nothingIsLearnedWhileItMayNotBeTheUsersDoing_data()
     {
-        using Act = std::function<void(Program &)>;
         QTest::addColumn<Act>("act");
-        QTest::newRow("displays settle") << Act([](Program &program) {
-            program.watcher->setSettleSeconds(120);
-            program.platform.display.announceChange(); // off and on again, as monitors sleep
-        });
-        QTest::newRow("the change's event is still unread") << Act([](Program &program) {
-            program.watcher->setSettleSeconds(120);
-            program.platform.display.unplug(QStringLiteral("Dock"));
-        });
-        QTest::newRow("a display has moved, its event unread") << Act([](Program &program) {
-            program.watcher->setSettleSeconds(120);
-            program.platform.display.displays[1].screen.frame.x += 100;
-        });
-        QTest::newRow("no display is connected") << Act([](Program &program) {
+        QTest::addColumn<bool>("settles");
+        const auto row = [](const char *name, bool settles, const Act &act) {
+            QTest::newRow(name) << act << settles;
+        };
+        // Off and on again, as monitors sleep.
+        row("displays settle", true,
+            [](Program &program) { program.platform.display.announceChange(); });
+        row("the change's event is still unread", true,
+            [](Program &program) { program.platform.display.unplug(QStringLiteral("Dock")); });
+        row("a display has moved, its event unread", true,
+            [](Program &program) { program.platform.display.displays[1].screen.frame.x += 100; });
+        row("no display is connected", false, [](Program &program) {
+            program.watcher->setSettleSeconds(1);
             program.platform.display.displays.clear();
             program.platform.display.announceChange();
         });
-        QTest::newRow("the program is ending")
-            << Act([](Program &program) { program.controller->prepareToEnd(); });
-        QTest::newRow("switched off")
-            << Act([](Program &program) { program.prefs->setEnabled(false); });
-        QTest::newRow("no permission")
-            << Act([](Program &program) { program.desktop.trusted = false; });
-        QTest::newRow("the desk was not restored") << Act([](Program &program) {
-            program.prefs->setRestoreAutomatically(false);
-            program.platform.display.announceChange();
-        });
+        row("ending", false, [](Program &program) { program.controller->prepareToEnd(); });
+        row("switched off", false, [](Program &program) { program.prefs->setEnabled(false); });
+        row("no permission", false, [](Program &program) { program.desktop.trusted = false; });
     }
 
     void nothingIsLearnedWhileItMayNotBeTheUsersDoing()
     {
-        QFETCH(std::function<void(Program &)>, act);
+        QFETCH(Act, act);
         Program program;
-        program.start();
+        program.watcher->setSettleSeconds(120);
         const QByteArray before = program.dir.read(layoutsFile);
         program.desktop.window(program.mail).frame = clampedPlace;
         act(program);
         program.scheduler.advance(90s);
         QCOMPARE(program.dir.read(layoutsFile), before);
+        QTEST(program.watcher->isSettling(), "settles");
     }
 
     void aSessionThatGoesOnAfterAllIsLearnedAgain()
     {
         Program program;
-        program.start();
         program.controller->prepareToEnd();
         program.desktop.window(program.mail).frame = clampedPlace;
         program.scheduler.advance(10min - 1s);
-        QVERIFY(program.layouts().at(0).windows.at(0).frame == rightPlace);
+        QVERIFY(program.learnedMailFrame() == rightPlace);
         program.scheduler.advance(90s);
-        QVERIFY(program.layouts().at(0).windows.at(0).frame == clampedPlace);
-    }
-
-    void anUnreadChangeOfTheDisplaysStartsTheSettleDelay()
-    {
-        Program program;
-        program.start();
-        program.platform.display.unplug(QStringLiteral("Dock"));
-        program.desktop.window(program.mail).frame = clampedPlace;
-        program.controller->learn();
-        QVERIFY(program.watcher->isSettling());
+        QVERIFY(program.learnedMailFrame() == clampedPlace);
     }
 
     void aRestoreLeftToTheUserIsNotOverwrittenByLearning_data()
     {
-        using Act = std::function<void(Program &)>;
         QTest::addColumn<Act>("act");
         QTest::addColumn<Rect>("learned");
         QTest::newRow("until Restore Now")
@@ -218,21 +188,20 @@ private Q_SLOTS:
 
     void aRestoreLeftToTheUserIsNotOverwrittenByLearning()
     {
-        QFETCH(std::function<void(Program &)>, act);
+        QFETCH(Act, act);
         QFETCH(Rect, learned);
         Program program;
-        program.start();
         program.prefs->setRestoreAutomatically(false);
         program.undock();
         program.scheduler.advance(1min);
         program.dock();
         program.scheduler.advance(1h);
         QVERIFY(program.mailFrame() == clampedPlace);
-        QVERIFY(program.layouts().at(0).windows.at(0).frame == rightPlace);
-        QVERIFY(program.logged(QStringLiteral("learn: waiting, this desk was not restored")));
+        QVERIFY(program.learnedMailFrame() == rightPlace);
+        QVERIFY(program.logged("learn: waiting, this desk was not restored"));
         act(program);
         program.scheduler.advance(1h);
-        QVERIFY(program.layouts().at(0).windows.at(0).frame == learned);
+        QVERIFY(program.learnedMailFrame() == learned);
         program.desktop.window(program.editor).frame.x += 7;
         program.scheduler.advance(90s); // learning goes on
         QVERIFY(program.layouts().at(0).windows.at(1).frame.x == leftPlace.x + 7);
@@ -241,51 +210,40 @@ private Q_SLOTS:
     void aUserActionDuringASettleMeansTheDeskThatIsThere()
     {
         Program program;
-        program.start();
         program.undock();
         program.controller->saveLayoutNow();
         QCOMPARE(program.layouts().size(), 2u);
-        QVERIFY(program.layouts().at(0).windows.at(0).frame == rightPlace);
+        QVERIFY(program.learnedMailFrame() == rightPlace);
         program.scheduler.advance(2s);
         program.dock();
         program.controller->restoreNow();
         QVERIFY(program.mailFrame() == rightPlace);
     }
 
-    void automaticRestoreAsksPreferencesAndPermission_data()
+    void whenOffOrEndingOnlyTheUserRestores()
     {
-        using Act = std::function<void(Program &)>;
-        QTest::addColumn<Act>("act");
-        QTest::newRow("off") << Act([](Program &program) { program.prefs->setEnabled(false); });
-        QTest::newRow("not automatically")
-            << Act([](Program &program) { program.prefs->setRestoreAutomatically(false); });
-        QTest::newRow("ending") << Act(
-            [](Program &program) { program.controller->prepareToEnd(); });
-    }
-
-    void automaticRestoreAsksPreferencesAndPermission()
-    {
-        QFETCH(std::function<void(Program &)>, act);
-        Program program;
-        program.start();
-        act(program);
-        program.undock();
-        program.scheduler.advance(2s);
-        program.dock();
-        program.scheduler.advance(2s);
-        QVERIFY(program.mailFrame() == clampedPlace);
-        program.controller->restoreNow(); // the user asked for it
-        QVERIFY(program.mailFrame() == rightPlace);
+        for (const bool isEnding : {false, true}) {
+            Program program;
+            if (isEnding)
+                program.controller->prepareToEnd();
+            else
+                program.prefs->setEnabled(false);
+            program.undock();
+            program.scheduler.advance(2s);
+            program.dock();
+            program.scheduler.advance(2s);
+            QVERIFY(program.mailFrame() == clampedPlace);
+            program.controller->restoreNow();
+            QVERIFY(program.mailFrame() == rightPlace);
+        }
     }
 
     void restoreNowTellsWhatItDid()
     {
-        Program program;
-        program.desktop.trusted = false;
-        program.start();
+        Program program(false);
         program.panel.onRestoreNow();
         QCOMPARE(program.panel.lastAction(), QStringLiteral("No layout saved yet"));
-        QVERIFY(program.logged(QStringLiteral("panel: Restore Now clicked")));
+        QVERIFY(program.logged("panel: Restore Now clicked"));
         QCOMPARE(program.dir.logged().filter(QStringLiteral("accessibility: ")),
                  QStringList{QStringLiteral("accessibility: windows can't be read or moved")});
         program.panel.onGrantPermission();
@@ -293,19 +251,17 @@ private Q_SLOTS:
 
         program.desktop.trusted = true;
         program.controller->saveLayoutNow();
-        QVERIFY(program.logged(QStringLiteral("hotkey: layout saved (2 windows)")));
+        QVERIFY(program.logged("hotkey: layout saved (2 windows)"));
         program.desktop.window(program.mail).refusesMoves = true;
         program.desktop.window(program.mail).frame = clampedPlace;
         program.panel.onRestoreNow();
         QCOMPARE(program.panel.lastAction(), QStringLiteral("Put back 1 of 2 windows"));
-        QVERIFY(program.logged(
-            QStringLiteral("restoreNow: restoring 2 windows (saved 2024-05-13T09:20:00Z)")));
+        QVERIFY(program.logged("restoreNow: restoring 2 windows (saved 2024-05-13T09:20:00Z)"));
     }
 
     void undoPutsTheWindowsBackWhereTheRestoreFoundThem()
     {
         Program program;
-        program.start();
         program.controller->undoLastRestore();
         QCOMPARE(program.panel.lastAction(), QString());
         program.desktop.window(program.mail).frame = clampedPlace;
@@ -319,10 +275,8 @@ private Q_SLOTS:
     void thePanelShowsTheDesk()
     {
         Program program;
-        program.start();
         LayoutStore(program.dir.log, program.dir.clock)
             .renameDesk(program.watcher->configID(), QStringLiteral("Office"));
-        program.end();
         program.start();
         QCOMPARE(program.panel.deskName(), QStringLiteral("Office"));
         QCOMPARE(program.panel.displayNames(), QStringLiteral("Built-in + Dock"));
@@ -333,62 +287,39 @@ private Q_SLOTS:
         QCOMPARE(program.panel.windowCount(), 0);
     }
 
-    void theSettleDelayComesFromThePreferences_data()
-    {
-        QTest::addColumn<double>("stored");
-        QTest::addColumn<double>("used");
-        QTest::newRow("a choice") << 3.0 << 3.0;
-        QTest::newRow("none at all") << 0.0 << 0.0;
-        QTest::newRow("the longest") << 60.0 << 60.0;
-        QTest::newRow("too long") << 60.1 << 1.5;
-        QTest::newRow("negative") << -1.0 << 1.5;
-        QTest::newRow("not a number") << qQNaN() << 1.5;
-    }
-
     void theSettleDelayComesFromThePreferences()
     {
-        QFETCH(double, stored);
-        QFETCH(double, used);
-        Program program;
-        program.platform.defaults.setNumber(QStringLiteral("displaySettleSeconds"), stored);
-        program.start();
-        QCOMPARE(program.watcher->settleSeconds(), used);
+        const std::pair<double, double> storedAndUsed[] = {{0, 0},      {3, 3},    {60, 60},
+                                                           {60.1, 1.5}, {-1, 1.5}, {qQNaN(), 1.5}};
+        for (const auto &[stored, used] : storedAndUsed) {
+            Program program;
+            program.platform.defaults.setNumber(QStringLiteral("displaySettleSeconds"), stored);
+            program.start();
+            QCOMPARE(program.watcher->settleSeconds(), used);
+        }
     }
 
-    void theGlobalKeysDoWhatThePanelDoes()
+    void aKeyThatIsTakenOrClearedIsGivenUp()
     {
-        const HotKeyCombo undoKey{32, HotKeyCombo::control};
         Program program;
-        program.start();
-        program.prefs->setUndoHotKey(undoKey);
+        program.prefs->setUndoHotKey(HotKeyCombo{32, HotKeyCombo::control});
         program.controller->reloadHotKeys();
         QCOMPARE(program.platform.keys.registered.size(), 3u);
-        program.desktop.window(program.mail).frame = clampedPlace;
-        program.platform.keys.press(*program.prefs->restoreHotKey());
-        QVERIFY(program.mailFrame() == rightPlace);
-        program.platform.keys.press(undoKey);
-        QVERIFY(program.mailFrame() == clampedPlace);
-        program.platform.keys.press(*program.prefs->saveLayoutHotKey());
-        QVERIFY(program.logged(QStringLiteral("hotkey: layout saved (2 windows)")));
-
         program.prefs->setUndoHotKey({});
         program.platform.keys.refused = {*program.prefs->restoreHotKey()};
         program.controller->reloadHotKeys();
         QCOMPARE(program.platform.keys.registered.size(), 1u);
-        QVERIFY(program.logged(
-            QStringLiteral("hotkey: Shift+Super+R is taken, \"Restore now\" has no key")));
-        program.controller.reset();
-        QVERIFY(program.platform.keys.registered.empty());
+        QVERIFY(program.logged("hotkey: Shift+Super+R is taken, \"Restore now\" has no key"));
     }
 
     void nothingReachesAControllerThatIsGone()
     {
         Program program;
-        program.start();
         program.undock();
         program.controller.reset();
         program.scheduler.advance(1h);
         QVERIFY(!program.panel.onRestoreNow);
+        QVERIFY(program.platform.keys.registered.empty());
         QCOMPARE(program.layouts().size(), 1u);
     }
 };

@@ -6,58 +6,44 @@
 
 using namespace Panorel;
 
-namespace {
-
-struct Switch {
-    bool (Prefs::*get)() const;
-    void (Prefs::*set)(bool);
-};
-
-} // namespace
-
 class PrefsTests : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void everySwitchHasItsDefaultAndIsWrittenUnderItsKey_data()
-    {
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<bool>("byDefault");
-        QTest::addColumn<Switch>("which");
-        const auto row = [](const char *key, bool byDefault, const Switch &which) {
-            QTest::newRow(key) << QString::fromLatin1(key) << byDefault << which;
-        };
-        row("enabled", true, {&Prefs::enabled, &Prefs::setEnabled});
-        row("restoreAutomatically", true,
-            {&Prefs::restoreAutomatically, &Prefs::setRestoreAutomatically});
-        row("alsoRestoreSizes", true, {&Prefs::alsoRestoreSizes, &Prefs::setAlsoRestoreSizes});
-        row("hasOnboarded", false, {&Prefs::hasOnboarded, &Prefs::setHasOnboarded});
-        row("showDockIcon", false, {&Prefs::showDockIcon, &Prefs::setShowDockIcon});
-        row("launchAtLogin", false, {&Prefs::launchAtLogin, &Prefs::setLaunchAtLogin});
-        row("placeNewApps", true, {&Prefs::placeNewApps, &Prefs::setPlaceNewApps});
-        row("hideOthersOnSwitch", false,
-            {&Prefs::hideOthersOnSwitch, &Prefs::setHideOthersOnSwitch});
-        row("tipDismissed", false, {&Prefs::tipDismissed, &Prefs::setTipDismissed});
-    }
-
     void everySwitchHasItsDefaultAndIsWrittenUnderItsKey()
     {
-        QFETCH(QString, key);
-        QFETCH(bool, byDefault);
-        QFETCH(Switch, which);
-        InMemoryPlatform platform;
-        Prefs prefs(platform.defaults, platform.activationPolicy(), platform.loginItem());
-        QCOMPARE((prefs.*which.get)(), byDefault);
-        QVERIFY(!platform.defaults.contains(key)); // a default is not written
-
-        QSignalSpy changed(&prefs, &Prefs::changed);
-        (prefs.*which.set)(!byDefault);
-        (prefs.*which.set)(!byDefault);
-        QCOMPARE(changed.count(), 2); // every assignment notifies
-        QCOMPARE(platform.defaults.boolean(key), !byDefault);
-
-        const Prefs later(platform.defaults, platform.activationPolicy(), platform.loginItem());
-        QCOMPARE((later.*which.get)(), !byDefault);
+        const struct {
+            const char *key;
+            bool byDefault;
+            bool (Prefs::*get)() const;
+            void (Prefs::*set)(bool);
+        } switches[] = {
+            {"enabled", true, &Prefs::enabled, &Prefs::setEnabled},
+            {"restoreAutomatically", true, &Prefs::restoreAutomatically,
+             &Prefs::setRestoreAutomatically},
+            {"alsoRestoreSizes", true, &Prefs::alsoRestoreSizes, &Prefs::setAlsoRestoreSizes},
+            {"hasOnboarded", false, &Prefs::hasOnboarded, &Prefs::setHasOnboarded},
+            {"showDockIcon", false, &Prefs::showDockIcon, &Prefs::setShowDockIcon},
+            {"launchAtLogin", false, &Prefs::launchAtLogin, &Prefs::setLaunchAtLogin},
+            {"placeNewApps", true, &Prefs::placeNewApps, &Prefs::setPlaceNewApps},
+            {"hideOthersOnSwitch", false, &Prefs::hideOthersOnSwitch,
+             &Prefs::setHideOthersOnSwitch},
+            {"tipDismissed", false, &Prefs::tipDismissed, &Prefs::setTipDismissed},
+        };
+        for (const auto &[name, byDefault, get, set] : switches) {
+            const QString key = QString::fromLatin1(name);
+            InMemoryPlatform platform;
+            Prefs prefs(platform.defaults, platform.activationPolicy(), platform.loginItem());
+            QVERIFY2((prefs.*get)() == byDefault, name);
+            QVERIFY2(!platform.defaults.contains(key), name); // a default is not written
+            QSignalSpy changed(&prefs, &Prefs::changed);
+            (prefs.*set)(!byDefault);
+            (prefs.*set)(!byDefault);
+            QCOMPARE(changed.count(), 2); // every assignment notifies
+            QVERIFY2(platform.defaults.boolean(key) == !byDefault, name);
+            const Prefs later(platform.defaults, platform.activationPolicy(), platform.loginItem());
+            QVERIFY2((later.*get)() == !byDefault, name);
+        }
     }
 
     void aValueOfTheWrongTypeCountsAsNotSet()
@@ -89,37 +75,27 @@ private Q_SLOTS:
         QCOMPARE(platform.registeredAtLogin, false);
     }
 
-    void hotKeysAreRepairedEachInItsOwnWay_data()
-    {
-        const auto text = [](const char16_t *glyphs) { return QString::fromUtf16(glyphs); };
-        QTest::addColumn<QByteArray>("stored"); // null: nothing
-        QTest::addColumn<QStringList>("shown"); // stash, restore, save layout, undo
-        QTest::newRow("a fresh user")
-            << QByteArray() << QStringList{text(u"⌥⇧S"), text(u"⇧⌘R"), text(u"⇧⌘S"), text(u"")};
-        QTest::newRow("garbage") << QByteArray("{\"keyCode\":")
-                                 << QStringList{text(u"⌥⇧S"), text(u""), text(u""), text(u"")};
-        QTest::newRow("a choice") << QByteArray("{\"keyCode\":49,\"modifiers\":4096}")
-                                  << QStringList(4, text(u"⌃Space"));
-    }
-
     void hotKeysAreRepairedEachInItsOwnWay()
     {
-        QFETCH(QByteArray, stored);
-        QFETCH(QStringList, shown);
         const QStringList keys{QStringLiteral("stashHotKey"), QStringLiteral("restoreHotKey"),
                                QStringLiteral("saveLayoutHotKey"), QStringLiteral("undoHotKey")};
-        InMemoryPlatform platform;
-        if (!stored.isNull()) {
-            for (const QString &key : keys)
-                platform.defaults.setData(key, stored);
-        }
-        const Prefs prefs(platform.defaults, platform.activationPolicy(), platform.loginItem());
-        const std::array combos{prefs.stashHotKey(), prefs.restoreHotKey(),
-                                prefs.saveLayoutHotKey(), prefs.undoHotKey()};
-        for (std::size_t i = 0; i < combos.size(); ++i) {
-            const QString key = keys[qsizetype(i)];
-            QCOMPARE(combos[i] ? combos[i]->displayString() : QString(), shown[qsizetype(i)]);
-            QCOMPARE(platform.defaults.contains(key), combos[i].has_value()); // saved back
+        const std::pair<QByteArray, const char *> storedAndShown[] = {
+            {{}, "⌥⇧S|⇧⌘R|⇧⌘S|"}, // a fresh user
+            {"{\"keyCode\":", "⌥⇧S|||"},
+            {"{\"keyCode\":49,\"modifiers\":4096}", "⌃Space|⌃Space|⌃Space|⌃Space"}};
+        for (const auto &[stored, expected] : storedAndShown) {
+            InMemoryPlatform platform;
+            for (qsizetype i = 0; i < keys.size() && !stored.isNull(); ++i)
+                platform.defaults.setData(keys[i], stored);
+            const Prefs prefs(platform.defaults, platform.activationPolicy(), platform.loginItem());
+            QStringList shown;
+            for (const auto &combo : {prefs.stashHotKey(), prefs.restoreHotKey(),
+                                      prefs.saveLayoutHotKey(), prefs.undoHotKey()}) {
+                const QString &key = keys[shown.size()];
+                QCOMPARE(platform.defaults.contains(key), combo.has_value()); // saved back
+                shown << (combo ? combo->displayString() : QString());
+            }
+            QCOMPARE(shown.join(u'|'), QString::fromUtf8(expected));
         }
     }
 
