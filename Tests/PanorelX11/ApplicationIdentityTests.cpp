@@ -29,24 +29,20 @@ constexpr Case cases[] = {
      "org.example.Viewer"},
     {"GTK's id of nothing installed", "org.example.Gone", "mail", "", "", "", "mail"},
     {"scope with launcher", "", "x", "X", "app-gnome-mail-12.scope", "", "mail"},
-    {"scope without launcher and number", "", "x", "X", "app-mail.scope", "", "mail"},
     {"escaped hyphen", "", "x", "X", "app-gnome-two\\x2dparts-9.scope", "", "two-parts"},
     {"service with an instance", "", "x", "X", "app-mail@ab12.service", "", "mail"},
     {"older control groups", "", "x", "X", "a.slice\n5:cpu:/\n1:x=y:/app-mail-1.scope", "", "mail"},
     {"broken escape", "", "x", "X", "app-mail\\x2-1.scope\\x", "", "wmclass:X"},
     {"typed in a terminal", "", "tool", "Tool", "app-gnome-term-5.scope", "", "wmclass:Tool"},
-    {"in a terminal's window", "", "term", "Terminal", "app-gnome-mail-1.scope", "", "mail"},
     {"office suite: one process, the window says which", "", "office", "office-calc",
      "app-gnome-office\\x2dwriter-3.scope", "", "office-calc"},
     {"StartupWMClass is the instance", "", "crx_abc", "Browser", "", "", "webmail"},
     {"StartupWMClass is the class", "", "x", "Browser", "", "", "browser-a"},
     {"StartupWMClass in another case", "", "x", "BROWSER", "", "", "browser-a"},
-    {"id in another case", "", "x", "MAIL", "", "", "mail"},
     {"last part of the id", "", "viewer", "", "", "", "org.example.Viewer"},
     {"one application starts the program", "", "x", "X", "", "mail-bin", "mail"},
     {"two applications start the program", "", "x", "X", "", "office-bin", "wmclass:X"},
     {"an interpreter is nobody's program", "", "x", "X", "", "python3", "wmclass:X"},
-    {"unknown with a class", "", "inst", "Some.Class", "", "", "wmclass:Some.Class"},
     {"unknown with an instance only", "", "inst", "", "", "", "wmclass:inst"},
     {"nothing at all", "", "", "", "", "", "wmclass:unknown"},
     {"invalid text", "", "", "\xFFz", "", "", "wmclass:\uFFFDz"},
@@ -69,11 +65,9 @@ private Q_SLOTS:
         QDir().mkpath(m_home.filePath(QStringLiteral("bin")));
         QDir().mkpath(m_home.filePath(QStringLiteral("data/applications")));
         for (const char *program : {"mail-bin", "office-bin", "viewer-bin", "term-bin",
-                                    "browser-bin", "python3", "late-bin"}) {
-            QFile file(m_home.filePath(QStringLiteral("bin/") + QLatin1String(program)));
-            QVERIFY(file.open(QIODevice::WriteOnly));
-            file.setPermissions(QFileDevice::ReadOwner | QFileDevice::ExeOwner);
-        }
+                                    "browser-bin", "python3", "late-bin"})
+            QVERIFY(QFile::link(QStringLiteral("/bin/true"),
+                                m_home.filePath(QStringLiteral("bin/") + QLatin1String(program))));
         install(QStringLiteral("mail"), "Exec=\"mail-bin\" %U\nNoDisplay=true\n");
         install(QStringLiteral("two-parts"), "Exec=python3 two.py\n");
         install(QStringLiteral("org.example.Viewer"), "Exec=viewer-bin\nName[de]=Betrachter\n");

@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QTest>
 
+#include <array>
 #include <limits>
 
 using namespace Panorel;
@@ -28,20 +29,11 @@ private Q_SLOTS:
         QVERIFY(decorated.clientFor({0, 0, 3, 3}) == (PixelRect{5, 20, 1, 1}));
     }
 
-    void bordersThatNoWindowHasAreIgnored_data()
-    {
-        QTest::addColumn<std::vector<std::uint32_t>>("values");
-        QTest::newRow("none") << std::vector<std::uint32_t>{};
-        QTest::newRow("three") << std::vector<std::uint32_t>{1, 2, 3};
-        QTest::newRow("five") << std::vector<std::uint32_t>{1, 2, 3, 4, 5};
-        QTest::newRow("negative") << std::vector<std::uint32_t>{1, 2, 0xffffffff, 4};
-        QTest::newRow("huge") << std::vector<std::uint32_t>{1, 2, 3, 100000};
-    }
-
     void bordersThatNoWindowHasAreIgnored()
     {
-        QFETCH(std::vector<std::uint32_t>, values);
-        QVERIFY(!extentsFromValues(values));
+        using Values = std::vector<std::uint32_t>;
+        for (const Values &values : {Values{1, 2, 3}, {1, 2, 3, 4, 5}, {1, 2, 0xffffffff, 4}})
+            QVERIFY(!extentsFromValues(values));
     }
 
     void aStoredFrameIsAskedForInPixelsTheProtocolCanSay()
@@ -52,26 +44,14 @@ private Q_SLOTS:
         QVERIFY(nearestPixels({nan, nan, nan, nan}) == (PixelRect{0, 0, 1, 1}));
     }
 
-    void aRequestNamesThePointThatTheGravityMeans_data()
-    {
-        QTest::addColumn<std::uint32_t>("gravity");
-        QTest::addColumn<double>("x");
-        QTest::addColumn<double>("y");
-        // Client at 100, 200; borders left 4, right 6, top 20, bottom 10.
-        QTest::newRow("north west") << 1u << 96.0 << 180.0;
-        QTest::newRow("north") << 2u << 101.0 << 180.0;
-        QTest::newRow("east") << 6u << 106.0 << 195.0;
-        QTest::newRow("south east") << 9u << 106.0 << 210.0;
-        QTest::newRow("static") << 10u << 100.0 << 200.0;
-        QTest::newRow("no such gravity") << 77u << 96.0 << 180.0;
-    }
-
     void aRequestNamesThePointThatTheGravityMeans()
     {
-        QFETCH(std::uint32_t, gravity);
-        const Point origin = requestedOrigin({100, 200, 300, 150}, {4, 6, 20, 10}, gravity);
-        QTEST(origin.x, "x");
-        QTEST(origin.y, "y");
+        const std::pair<std::uint32_t, Point> expected[] = {
+            {1, {96, 180}},  {2, {101, 180}},  {6, {106, 195}},
+            {9, {106, 210}}, {10, {100, 200}}, {77, {96, 180}}, // no such gravity: north west
+        };
+        for (const auto &[gravity, origin] : expected)
+            QCOMPARE(requestedOrigin({100, 200, 300, 150}, {4, 6, 20, 10}, gravity), origin);
     }
 
     void aWindowIsBroughtIntoAnAreaByTheShortestWay()
@@ -87,28 +67,13 @@ private Q_SLOTS:
         QTest::addColumn<std::vector<std::uint32_t>>("values");
         QTest::addColumn<int>("width");
         QTest::addColumn<int>("height");
-        const auto hints = [](std::uint32_t flags, std::pair<std::uint32_t, std::uint32_t> minimum,
-                              std::pair<std::uint32_t, std::uint32_t> maximum,
-                              std::pair<std::uint32_t, std::uint32_t> increment,
-                              std::pair<std::uint32_t, std::uint32_t> base) {
-            return std::vector<std::uint32_t>{flags,
-                                              0,
-                                              0,
-                                              0,
-                                              0,
-                                              minimum.first,
-                                              minimum.second,
-                                              maximum.first,
-                                              maximum.second,
-                                              increment.first,
-                                              increment.second,
-                                              0,
-                                              0,
-                                              0,
-                                              0,
-                                              base.first,
-                                              base.second,
-                                              0};
+        // Minimum, maximum and increment, then base: width and height each.
+        const auto hints = [](std::uint32_t flags, const std::array<std::uint32_t, 8> &sizes) {
+            std::vector<std::uint32_t> values(18);
+            values[0] = flags;
+            std::copy_n(sizes.begin(), 6, values.begin() + 5);
+            std::copy_n(sizes.begin() + 6, 2, values.begin() + 15);
+            return values;
         };
         const std::uint32_t min = 1 << 4;
         const std::uint32_t max = 1 << 5;
@@ -116,16 +81,16 @@ private Q_SLOTS:
         const std::uint32_t base = 1 << 8;
         // Asked for: 500 x 333.
         QTest::newRow("no hints") << std::vector<std::uint32_t>{} << 500 << 333;
-        QTest::newRow("terminal") << hints(min | inc | base, {10, 17}, {}, {6, 13}, {4, 4}) << 496
+        QTest::newRow("terminal") << hints(min | inc | base, {10, 17, 0, 0, 6, 13, 4, 4}) << 496
                                   << 329;
         QTest::newRow("steps from the minimum")
-            << hints(min | inc, {20, 20}, {}, {100, 100}, {}) << 420 << 320;
-        QTest::newRow("fixed") << hints(min | max, {640, 480}, {640, 480}, {}, {}) << 640 << 480;
+            << hints(min | inc, {20, 20, 0, 0, 100, 100}) << 420 << 320;
+        QTest::newRow("fixed") << hints(min | max, {640, 480, 640, 480}) << 640 << 480;
         QTest::newRow("limits that contradict each other")
-            << hints(min | max, {600, 400}, {300, 200}, {}, {}) << 600 << 400;
-        QTest::newRow("absurd numbers") << hints(min | max | inc | base, {0, 0}, {0xffffffff, 0},
-                                                 {0, 0xfffffff0}, {0x80000000, 1})
-                                        << 500 << 333;
+            << hints(min | max, {600, 400, 300, 200}) << 600 << 400;
+        QTest::newRow("absurd numbers")
+            << hints(min | max | inc | base, {0, 0, 0xffffffff, 0, 0, 0xfffffff0, 0x80000000, 1})
+            << 500 << 333;
         QTest::newRow("cut short")
             << std::vector<std::uint32_t>{min | max | inc | base, 0, 0} << 500 << 333;
     }

@@ -56,7 +56,6 @@ private Q_SLOTS:
                             const QList<int> &variants) {
             QTest::newRow(name) << variants << quint32(modifiers) << quint32(numLock);
         };
-        row("the usual four", alt, num, {alt, alt | caps, alt | num, alt | caps | num});
         row("no NumLock", alt, 0, {alt, alt | caps});
         row("NumLock shares the modifier", alt, alt, {alt, alt | caps});
         row("NumLock is CapsLock", alt, caps, {alt, alt | caps});
@@ -104,21 +103,6 @@ private Q_SLOTS:
         board.setModifiers(modifierKeys);
         QTEST((QList<quint32>{board.command, board.option, board.numLock}), "found");
         QCOMPARE(board.find(superS).has_value(), board.command != 0);
-    }
-
-    void oneGrabServesTwoRegistrations()
-    {
-        Server server;
-        QVERIFY(server.table.add(7, altS));
-        QVERIFY(server.table.add(3, altS));
-        QCOMPARE(server.calls, 1);
-        QCOMPARE(server.table.pressed(39, alt), 7u);
-        server.table.remove(7);
-        QCOMPARE(server.calls, 1);
-        QCOMPARE(server.table.pressed(39, alt | num), 3u);
-        server.table.remove(3);
-        QVERIFY(server.grabbed.empty());
-        QVERIFY(!server.table.pressed(39, alt));
     }
 
     void aKeymapChangeMovesOnlyWhatHasMoved()

@@ -1,10 +1,8 @@
-#include "Contracts/UserDefaultsContract.h"
 #include "PanorelX11/Settings/IniUserDefaults.h"
 #include "PanorelX11/Settings/XdgLoginItem.h"
 #include "Support/TestDataDir.h"
 
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -24,7 +22,7 @@ QByteArray everyByte()
     return bytes;
 }
 
-/// What a process that has cached nothing reads, one "kind:value" a key.
+/// One "kind:value" a key.
 QByteArray readBack(const IniUserDefaults &defaults, const QString &key)
 {
     if (const auto value = defaults.boolean(key))
@@ -71,7 +69,7 @@ private Q_SLOTS:
             {"never set", "absent"},
         };
         for (const auto &[name, value] : expected) {
-            QCOMPARE(inAnotherProcess(QString::fromLatin1(name)), value);
+            QCOMPARE(stored(QString::fromLatin1(name)), value);
         }
     }
 
@@ -81,9 +79,7 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("read");
         QTest::newRow("yes is no boolean") << QByteArray("yes") << QByteArray("other");
         QTest::newRow("text is no number") << QByteArray("abc") << QByteArray("other");
-        QTest::newRow("empty") << QByteArray("") << QByteArray("other");
         QTest::newRow("nan") << QByteArray("nan") << QByteArray("other");
-        QTest::newRow("infinity") << QByteArray("inf") << QByteArray("other");
         QTest::newRow("beyond a double") << QByteArray("1e999") << QByteArray("other");
         QTest::newRow("a list") << QByteArray("1, 2") << QByteArray("other");
         QTest::newRow("1 is a number only") << QByteArray("1") << QByteArray("number:1");
@@ -93,26 +89,18 @@ private Q_SLOTS:
     void aValueOfAnotherTypeIsAbsent()
     {
         QFETCH(QByteArray, stored);
-        QDir().mkpath(QFileInfo(path()).path());
-        QFile file(path());
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("[General]\nkey=" + stored + '\n');
-        file.close();
+        write("[General]\nkey=" + stored + '\n');
         QTEST(readBack(IniUserDefaults(m_data.log, m_data.clock), QStringLiteral("key")), "read");
     }
 
     void aFileOfGarbageIsKeptAside()
     {
         const QByteArray garbage("\x89PNG\r\n\x1a\n\0\0 no setting at all\nenabled=false\n", 43);
-        QDir().mkpath(QFileInfo(path()).path());
-        QFile file(path());
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(garbage);
-        file.close();
+        write(garbage);
         IniUserDefaults defaults(m_data.log, m_data.clock);
         QVERIFY(!defaults.contains(QStringLiteral("enabled")));
         defaults.setBoolean(QStringLiteral("enabled"), true);
-        QCOMPARE(inAnotherProcess(QStringLiteral("enabled")), "boolean:true");
+        QCOMPARE(stored(QStringLiteral("enabled")), "boolean:true");
         QFile aside(path() + QStringLiteral(".corrupt-1715592000"));
         QVERIFY(aside.open(QIODevice::ReadOnly));
         QCOMPARE(aside.readAll(), garbage);
@@ -178,39 +166,28 @@ private Q_SLOTS:
     }
 
 private:
-    QByteArray inAnotherProcess(const QString &key) const;
     QString path() const { return m_home->filePath(QStringLiteral("Panorel/Panorel.ini")); }
+    void write(const QByteArray &bytes) const
+    {
+        QVERIFY(QDir().mkpath(QFileInfo(path()).path()));
+        QFile file(path());
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+
+    /// Read from a copy, of which this process has cached nothing.
+    QByteArray stored(const QString &key)
+    {
+        const QTemporaryDir folder;
+        const QString copy = folder.filePath(QStringLiteral("copy.ini"));
+        QFile::copy(path(), copy);
+        return readBack(IniUserDefaults(copy, m_data.log, m_data.clock), key);
+    }
 
     TestDataDir m_data;
     std::unique_ptr<QTemporaryDir> m_home;
 };
 
-QByteArray SettingsTests::inAnotherProcess(const QString &key) const
-{
-    QProcess reader;
-    reader.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--read-back"), key});
-    if (!reader.waitForFinished() || reader.exitCode() != 0)
-        return "reader failed";
-    return reader.readAllStandardOutput();
-}
-
 } // namespace Panorel::X11
 
-int main(int argc, char **argv)
-{
-    QCoreApplication application(argc, argv);
-    const QStringList arguments = application.arguments();
-    Panorel::TestDataDir data;
-    if (arguments.value(1) == QLatin1String("--read-back")) {
-        const QByteArray text = Panorel::X11::readBack({data.log, data.clock}, arguments.value(2));
-        std::fwrite(text.constData(), 1, size_t(text.size()), stdout);
-        return 0;
-    }
-    const QTemporaryDir folder;
-    Panorel::X11::IniUserDefaults defaults(folder.filePath(QStringLiteral("Panorel.ini")), data.log,
-                                           data.clock);
-    Panorel::UserDefaultsContract contract(defaults);
-    Panorel::X11::SettingsTests test;
-    return QTest::qExec(&contract) + QTest::qExec(&test, argc, argv);
-}
+QTEST_GUILESS_MAIN(Panorel::X11::SettingsTests)
 #include "SettingsTests.moc"
