@@ -28,9 +28,10 @@ public:
     QString open(const QString &application, const Rect &frame) override
     {
         const QString title = QStringLiteral("%1 %2").arg(application).arg(++m_opened);
-        TestClient &client =
-            m_clients.try_emplace(title, title, QStringList{QStringLiteral("--class"), application})
-                .first->second;
+        TestClient &client = m_clients
+                                 .try_emplace(title, ClientKind::Plain, title,
+                                              QStringList{QStringLiteral("--class"), application})
+                                 .first->second;
         m_probe.move(client.window(), frame);
         m_probe.activate(client.window());
         require(

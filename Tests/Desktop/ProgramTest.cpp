@@ -52,19 +52,32 @@ public:
     }
     QStringList files() const { return QDir(m_data.path()).entryList(QDir::Files | QDir::Hidden); }
 
-    void send(int signal) { ::kill(static_cast<pid_t>(m_child.processID()), signal); }
-
-    /// The exit status once it has ended by itself; absent where a signal ended it.
-    std::optional<int> awaitEnd()
+    void endCleanly(int signal)
     {
-        require([this] { return !m_child.running(); }, "the end of the program");
-        return m_child.process().exitStatus() == QProcess::NormalExit
-                   ? std::optional(m_child.process().exitCode())
-                   : std::nullopt;
+        ::kill(static_cast<pid_t>(m_child.processID()), signal);
+        awaitEnd();
+        QCOMPARE(m_child.process().exitCode(), 0);
+        QCOMPARE(m_child.process().readAllStandardError(), QByteArray());
     }
-    QByteArray errors() { return m_child.process().readAllStandardError(); }
+
+    /// It ends by itself, and says why.
+    QByteArray failsWithOneLine()
+    {
+        awaitEnd();
+        const QByteArray errors = m_child.process().readAllStandardError();
+        if (m_child.process().exitCode() == 0 || errors.count('\n') != 1
+            || !errors.startsWith("panorel: "))
+            QTest::qFail(errors.constData(), __FILE__, __LINE__);
+        return errors;
+    }
 
 private:
+    void awaitEnd()
+    {
+        require([this] { return !m_child.running(); }, "the end of the program");
+        QCOMPARE(m_child.process().exitStatus(), QProcess::NormalExit);
+    }
+
     QTemporaryDir m_data;
     ChildProcess m_child{QStringLiteral(PANOREL_PROGRAM)};
 };
@@ -78,8 +91,6 @@ class ProgramTest : public QObject {
 private Q_SLOTS:
     void aReplugPutsEveryWindowBack();
     void theGlobalKeysActOverAnotherProgram();
-    void aSignalEndsItCleanly_data();
-    void aSignalEndsItCleanly();
     void theServersEndIsSaidOnceAndLosesNothing();
     void withoutADisplayItSaysSo();
 };
@@ -87,8 +98,8 @@ private Q_SLOTS:
 void ProgramTest::aReplugPutsEveryWindowBack()
 {
     TestServer server;
-    server.setEdid(0, buildEdid({.model = 1, .serial = 11, .name = "Left"}));
-    server.setEdid(1, buildEdid({.model = 1, .serial = 12, .name = "Right"}));
+    server.setEdid(0, QStringLiteral("Left"), 11);
+    server.setEdid(1, QStringLiteral("Right"), 12);
     server.plug(sideBySide());
     const TestWindowManager manager(QStringLiteral("openbox"));
     DesktopProbe probe;
@@ -118,9 +129,8 @@ void ProgramTest::aReplugPutsEveryWindowBack()
         QCOMPARE(probe.stacking(), order);
         QCOMPARE(probe.activeWindow(), focus);
     }
-    program.send(SIGTERM);
-    QCOMPARE(program.awaitEnd(), std::optional(0));
-    QCOMPARE(program.errors(), QByteArray());
+    program.endCleanly(SIGTERM);
+    QVERIFY(!program.layouts().isEmpty());
 }
 
 void ProgramTest::theGlobalKeysActOverAnotherProgram()
@@ -160,27 +170,7 @@ void ProgramTest::theGlobalKeysActOverAnotherProgram()
     keyboard.press(HotKeyCombo{1, commandShift});
     program.awaitLogged(1, "hotkey: layout saved (1 windows)");
     QCOMPARE(probe.activeWindow(), focus);
-}
-
-void ProgramTest::aSignalEndsItCleanly_data()
-{
-    QTest::addColumn<int>("signal");
-    QTest::newRow("SIGTERM") << SIGTERM;
-    QTest::newRow("SIGINT") << SIGINT;
-}
-
-void ProgramTest::aSignalEndsItCleanly()
-{
-    QFETCH(int, signal);
-    TestServer server;
-    const TestWindowManager manager(QStringLiteral("openbox"));
-    const TestClient client(ClientKind::Plain, QStringLiteral("window"));
-    Program program;
-    program.awaitLogged(1, "learned layout: 1 windows");
-    program.send(signal);
-    QCOMPARE(program.awaitEnd(), std::optional(0));
-    QCOMPARE(program.errors(), QByteArray());
-    QVERIFY(!program.layouts().isEmpty());
+    program.endCleanly(SIGINT);
 }
 
 void ProgramTest::theServersEndIsSaidOnceAndLosesNothing()
@@ -195,10 +185,7 @@ void ProgramTest::theServersEndIsSaidOnceAndLosesNothing()
     require([&] { return program.files() == files; }, "the last file of the first learning");
     const QJsonObject layouts = program.layouts();
     server.kill();
-    const std::optional<int> status = program.awaitEnd();
-    QVERIFY(status.has_value() && *status != 0);
-    const QByteArray errors = program.errors();
-    QVERIFY2(errors.count('\n') == 1 && errors.startsWith("panorel: "), errors.constData());
+    program.failsWithOneLine();
     QVERIFY(!layouts.isEmpty());
     QVERIFY(program.layouts() == layouts);
     QCOMPARE(program.files(), files); // nothing half-written is left behind
@@ -208,10 +195,7 @@ void ProgramTest::withoutADisplayItSaysSo()
 {
     qunsetenv("DISPLAY");
     Program program;
-    const std::optional<int> status = program.awaitEnd();
-    QVERIFY(status.has_value() && *status != 0);
-    const QByteArray errors = program.errors();
-    QVERIFY2(errors.count('\n') == 1 && errors.startsWith("panorel: "), errors.constData());
+    const QByteArray errors = program.failsWithOneLine();
     QVERIFY(errors.contains("DISPLAY") || errors.contains("X"));
 }
 

@@ -1,6 +1,7 @@
 #include "Desktop/Support/DesktopSession.h"
 #include "PanorelCore/Stores/LayoutStore.h"
 
+#include <QRegularExpression>
 #include <QTest>
 
 #include <random>
@@ -12,6 +13,7 @@ namespace {
 
 constexpr auto vertically = "_NET_WM_STATE_MAXIMIZED_VERT";
 constexpr auto horizontally = "_NET_WM_STATE_MAXIMIZED_HORZ";
+constexpr auto minimised = "_NET_WM_STATE_HIDDEN";
 constexpr auto fullScreen = "_NET_WM_STATE_FULLSCREEN";
 
 void forEachManager()
@@ -19,31 +21,6 @@ void forEachManager()
     QTest::addColumn<QString>("manager");
     QTest::newRow("openbox") << QStringLiteral("openbox");
     QTest::newRow("xfwm4") << QStringLiteral("xfwm4");
-}
-
-QString described(const Rect &frame)
-{
-    return QStringLiteral("%1,%2 %3x%4")
-        .arg(frame.x)
-        .arg(frame.y)
-        .arg(frame.width)
-        .arg(frame.height);
-}
-
-/// The differences, in words that name the window.
-QStringList differences(const std::map<QString, Rect> &expected,
-                        const std::map<QString, Rect> &found)
-{
-    QStringList result;
-    for (const auto &[title, frame] : expected) {
-        const auto other = found.find(title);
-        if (other == found.end())
-            result << title + QStringLiteral(" is gone");
-        else if (other->second != frame)
-            result << QStringLiteral("%1: %2, was %3")
-                          .arg(title, described(other->second), described(frame));
-    }
-    return result;
 }
 
 /// Windows of every kind, over both displays, one of them across the border.
@@ -65,16 +42,10 @@ class RestoreTest : public QObject {
 private Q_SLOTS:
     void twentyRoundTripsLoseNoPixel_data() { forEachManager(); }
     void twentyRoundTripsLoseNoPixel();
-    void maximisedAndNormalWindowsChangeBack_data() { forEachManager(); }
-    void maximisedAndNormalWindowsChangeBack();
-    void aFullScreenWindowIsLeftAlone_data() { forEachManager(); }
-    void aFullScreenWindowIsLeftAlone();
-    void aWindowStaysOnItsDesktopAndSoDoesTheUser_data() { forEachManager(); }
-    void aWindowStaysOnItsDesktopAndSoDoesTheUser();
-    void aPanelKeepsItsSpace_data() { forEachManager(); }
-    void aPanelKeepsItsSpace();
-    void aMinimisedWindowStaysMinimised_data() { forEachManager(); }
-    void aMinimisedWindowStaysMinimised();
+    void besideAPanelMaximisedAndNormalWindowsChangeBack_data() { forEachManager(); }
+    void besideAPanelMaximisedAndNormalWindowsChangeBack();
+    void everyStateAndDesktopIsLeftAsItIs_data() { forEachManager(); }
+    void everyStateAndDesktopIsLeftAsItIs();
     void aWindowThatDiesOnTheWayHoldsUpNoOther_data() { forEachManager(); }
     void aWindowThatDiesOnTheWayHoldsUpNoOther();
     void hostileTitlesAreKeptAndMatched_data();
@@ -88,12 +59,12 @@ void RestoreTest::twentyRoundTripsLoseNoPixel()
     DesktopSession session(manager);
     furnish(session);
     session.activateAndWait(session.clients.front());
-    const std::map<QString, Rect> before = session.frames();
-    const std::vector<QString> order = session.probe.stackedTitles();
+    const QStringList before = session.frames();
+    const std::vector<xcb_window_t> order = session.probe.stacking();
     const Layout learned = session.capture();
     QCOMPARE(learned.windows.size(), session.clients.size());
     for (const WindowRecord &record : learned.windows)
-        QCOMPARE(described(record.frame), described(before.at(record.title)));
+        QVERIFY(before.contains(described(record.title, record.frame)));
 
     std::mt19937 random(1); // the same scatter in every run
     for (int round = 0; round < 20; ++round) {
@@ -107,19 +78,21 @@ void RestoreTest::twentyRoundTripsLoseNoPixel()
 
         const RestoreReport report = session.restore(learned);
         QVERIFY2(report.restored == 6 && report.failed == 0, qPrintable(report.summary()));
-        const QStringList wrong = differences(before, session.frames());
-        QVERIFY2(wrong.isEmpty(),
-                 qPrintable(QStringLiteral("round %1: ").arg(round) + wrong.join(u"; ")));
-        QTRY_COMPARE(session.probe.stackedTitles(), order);
+        QCOMPARE(session.frames(), before);
+        QTRY_COMPARE(session.probe.stacking(), order);
         QCOMPARE(session.probe.activeWindow(), std::optional(focused.window()));
         QVERIFY(session.capture().windows == learned.windows);
     }
 }
 
-void RestoreTest::maximisedAndNormalWindowsChangeBack()
+void RestoreTest::besideAPanelMaximisedAndNormalWindowsChangeBack()
 {
     QFETCH(QString, manager);
     DesktopSession session(manager);
+    // Along the top of the left display only.
+    session.clients.emplace_back(
+        ClientKind::Plain, QStringLiteral("panel"),
+        QStringLiteral("--strut 0,0,32,0,0,0,0,0,0,1919,0,0 --geometry 0,0,1920,32").split(u' '));
     TestClient &big = session.open(ClientKind::Qt, QStringLiteral("big"), {2100, 200, 600, 500});
     TestClient &bigGtk =
         session.open(ClientKind::GtkDecorated, QStringLiteral("big.tar"), {200, 200, 700, 500});
@@ -127,9 +100,11 @@ void RestoreTest::maximisedAndNormalWindowsChangeBack()
         session.open(ClientKind::Plain, QStringLiteral("small"), {300, 250, 500, 300});
     session.setStateAndWait(big, true, vertically, horizontally);
     session.setStateAndWait(bigGtk, true, vertically, horizontally);
-    session.activateAndWait(small);
-    const std::map<QString, Rect> before = session.frames();
+    const QStringList before = session.frames();
     const Layout learned = session.capture();
+    QVERIFY((learned.displays.at(0).visibleFrame == Rect{0, 32, 1920, 1048}));
+    QVERIFY((learned.displays.at(1).visibleFrame == Rect{1920, 0, 1920, 1080}));
+    QCOMPARE(learned.windows.size(), 3u); // the panel is no window of the user's
 
     for (int round = 0; round < 3; ++round) {
         session.setStateAndWait(big, false, vertically, horizontally);
@@ -138,117 +113,61 @@ void RestoreTest::maximisedAndNormalWindowsChangeBack()
         session.moveAndWait(bigGtk, {2200, 100, 600, 400});
         session.setStateAndWait(small, true, vertically, horizontally);
         session.restore(learned);
-        const QStringList wrong = differences(before, session.frames());
-        QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join(u"; ")));
+        QCOMPARE(session.frames(), before);
         QVERIFY(session.probe.hasState(big.window(), vertically));
         QVERIFY(session.probe.hasState(bigGtk.window(), horizontally));
         QVERIFY(!session.probe.hasState(small.window(), vertically));
     }
 }
 
-void RestoreTest::aFullScreenWindowIsLeftAlone()
+void RestoreTest::everyStateAndDesktopIsLeftAsItIs()
 {
     QFETCH(QString, manager);
     DesktopSession session(manager);
-    TestClient &film =
-        session.open(ClientKind::Plain, QStringLiteral("film"), {2200, 200, 600, 400});
-    TestClient &other =
-        session.open(ClientKind::Plain, QStringLiteral("other"), {100, 100, 400, 300});
-    const Layout learned = session.capture();
-    session.setStateAndWait(film, true, fullScreen);
-    session.moveAndWait(other, {500, 500, 450, 350});
-    session.restore(learned);
-    QVERIFY(session.probe.hasState(film.window(), fullScreen));
-    QCOMPARE(described(session.probe.restingFrame(film.window())),
-             QStringLiteral("1920,0 1920x1080"));
-    QCOMPARE(described(session.probe.restingFrame(other.window())),
-             QStringLiteral("100,100 400x300"));
-    QCOMPARE(session.capture().windows.size(), 1u);
-}
-
-void RestoreTest::aWindowStaysOnItsDesktopAndSoDoesTheUser()
-{
-    QFETCH(QString, manager);
-    DesktopSession session(manager);
+    const DesktopProbe &probe = session.probe;
     session.probe.setDesktopCount(2);
-    TestClient &here =
-        session.open(ClientKind::Plain, QStringLiteral("here"), {100, 100, 400, 300});
-    TestClient &there =
-        session.open(ClientKind::Plain, QStringLiteral("there"), {2200, 200, 600, 400});
+    const auto open = [&](const char *title, const Rect &frame) -> TestClient & {
+        return session.open(ClientKind::Plain, QString::fromLatin1(title), frame);
+    };
+    TestClient &film = open("film", {2200, 200, 600, 400});
+    TestClient &away = open("away", {100, 600, 400, 300});
+    TestClient &here = open("here", {100, 100, 400, 300});
+    TestClient &there = open("there", {2300, 500, 600, 400});
     session.probe.sendToDesktop(there.window(), 1);
-    require([&] { return session.probe.desktopOf(there.window()) == 1; }, "the other desktop");
+    require([&] { return probe.desktopOf(there.window()) == 1; }, "the other desktop");
     session.activateAndWait(here);
-    const std::map<QString, Rect> before = session.frames();
     const Layout learned = session.capture();
-    QCOMPARE(learned.windows.size(), 2u);
+    QCOMPARE(learned.windows.size(), 4u);
 
+    session.setStateAndWait(film, true, fullScreen);
+    session.probe.minimise(away.window());
+    require([&] { return probe.hasState(away.window(), minimised); }, minimised);
+    session.activateAndWait(here);
+    QCOMPARE(session.capture().windows.size(), 2u);
     session.moveAndWait(there, {700, 300, 500, 380});
     session.moveAndWait(here, {900, 400, 420, 310});
     const RestoreReport report = session.restore(learned);
     QVERIFY2(report.restored == 2, qPrintable(report.summary()));
-    QCOMPARE(differences(before, session.frames()), QStringList());
-    QCOMPARE(session.probe.desktopOf(there.window()), std::optional(1U));
-    QCOMPARE(session.probe.currentDesktop(), std::optional(0U));
-    QCOMPARE(session.probe.activeWindow(), std::optional(here.window()));
-}
-
-void RestoreTest::aPanelKeepsItsSpace()
-{
-    QFETCH(QString, manager);
-    DesktopSession session(manager);
-    // Along the top of the left display only.
-    session.clients.emplace_back(
-        QStringLiteral("panel"),
-        QStringList{QStringLiteral("--strut"), QStringLiteral("0,0,32,0,0,0,0,0,0,1919,0,0"),
-                    QStringLiteral("--geometry"), QStringLiteral("0,0,1920,32")});
-    TestClient &left =
-        session.open(ClientKind::Plain, QStringLiteral("left"), {100, 100, 400, 300});
-    TestClient &right =
-        session.open(ClientKind::Plain, QStringLiteral("right"), {2200, 200, 600, 400});
-    session.setStateAndWait(left, true, vertically, horizontally);
-    session.setStateAndWait(right, true, vertically, horizontally);
-    const std::map<QString, Rect> before = session.frames();
-    const Layout learned = session.capture();
-    QCOMPARE(described(learned.displays.at(0).visibleFrame), QStringLiteral("0,32 1920x1048"));
-    QCOMPARE(described(learned.displays.at(1).visibleFrame), QStringLiteral("1920,0 1920x1080"));
-    QCOMPARE(learned.windows.size(), 2u); // the panel is no window of the user's
-
-    for (TestClient *client : {&left, &right}) {
-        session.setStateAndWait(*client, false, vertically, horizontally);
-        session.moveAndWait(*client, {1000, 300, 500, 400});
-    }
-    session.restore(learned);
-    QCOMPARE(differences(before, session.frames()), QStringList());
-    QVERIFY(session.probe.hasState(left.window(), vertically));
-    QVERIFY(session.probe.hasState(right.window(), vertically));
-}
-
-void RestoreTest::aMinimisedWindowStaysMinimised()
-{
-    QFETCH(QString, manager);
-    DesktopSession session(manager);
-    TestClient &away =
-        session.open(ClientKind::Plain, QStringLiteral("away"), {100, 100, 400, 300});
-    session.open(ClientKind::Plain, QStringLiteral("other"), {700, 100, 400, 300});
-    const Layout learned = session.capture();
-    session.probe.minimise(away.window());
-    require([&] { return session.probe.hasState(away.window(), "_NET_WM_STATE_HIDDEN"); },
-            "minimised");
-    QCOMPARE(session.capture().windows.size(), 1u);
-    const RestoreReport report = session.restore(learned);
-    QVERIFY2(report.restored == 1 && report.skipped == 1, qPrintable(report.summary()));
-    QVERIFY(session.probe.hasState(away.window(), "_NET_WM_STATE_HIDDEN"));
+    QCOMPARE(probe.restingFrame(here.window()), (Rect{100, 100, 400, 300}));
+    QCOMPARE(probe.restingFrame(there.window()), (Rect{2300, 500, 600, 400}));
+    QCOMPARE(probe.restingFrame(film.window()), (Rect{1920, 0, 1920, 1080}));
+    QVERIFY(probe.hasState(film.window(), fullScreen));
+    QVERIFY(probe.hasState(away.window(), minimised));
+    QCOMPARE(probe.desktopOf(there.window()), std::optional(1U));
+    QCOMPARE(probe.currentDesktop(), std::optional(0U));
+    QCOMPARE(probe.activeWindow(), std::optional(here.window()));
 }
 
 void RestoreTest::aWindowThatDiesOnTheWayHoldsUpNoOther()
 {
     QFETCH(QString, manager);
     DesktopSession session(manager);
-    TestClient &doomed = session.open(QStringLiteral("doomed"), {}, {300, 300, 400, 300});
+    TestClient &doomed =
+        session.open(ClientKind::Plain, QStringLiteral("doomed"), {300, 300, 400, 300});
     session.open(ClientKind::Plain, QStringLiteral("left"), {100, 100, 400, 300});
     session.open(ClientKind::Plain, QStringLiteral("right"), {2200, 200, 600, 400});
-    std::map<QString, Rect> before = session.frames();
-    before.erase(QStringLiteral("doomed"));
+    const QStringList before =
+        session.frames().filter(QRegularExpression(QStringLiteral("^(?!doomed)")));
     const Layout learned = session.capture();
     for (const TestClient &client : session.clients)
         session.moveAndWait(client, {1000, 500, 500, 400});
@@ -257,39 +176,30 @@ void RestoreTest::aWindowThatDiesOnTheWayHoldsUpNoOther()
     const RestoreReport report = session.restore(learned);
     QVERIFY2(report.restored >= 2 && report.restored + report.failed == 3,
              qPrintable(report.summary()));
-    const auto isListed = [&](xcb_window_t window) {
-        const auto listed = session.probe.stacking();
-        return std::ranges::find(listed, window) != listed.end();
-    };
-    require([&] { return !isListed(doomed.window()); }, "the death of the doomed window");
-    QCOMPARE(differences(before, session.frames()), QStringList());
+    require([&] { return session.probe.stacking().size() == 2; }, "the death of the doomed window");
+    QCOMPARE(session.frames(), before);
     QCOMPARE(session.capture().windows.size(), 2u);
 }
 
 void RestoreTest::hostileTitlesAreKeptAndMatched_data()
 {
     QTest::addColumn<QByteArray>("title");
-    QTest::addColumn<int>("repeats");
-    QTest::newRow("empty") << QByteArray() << 1;
-    QTest::newRow("not UTF-8") << QByteArray("caf\xE9 \xC0\xAF \xED\xA0\x80 \xFF") << 1;
-    QTest::newRow("cut off in a character") << QByteArray("snow \xE2\x98") << 1;
-    QTest::newRow("zero bytes") << QByteArray("a\0b\0\0", 5) << 1;
-    QTest::newRow("control characters") << QByteArray("one\ntwo\r\x1B[2J\x7F\"\\/") << 1;
-    QTest::newRow("beyond the first plane")
-        << QByteArray("\xF0\x9F\x97\x94 \xE2\x80\xAE tfel") << 1;
-    QTest::newRow("long") << QByteArray(1000, 'x') << 100;
+    QTest::newRow("empty") << QByteArray();
+    QTest::newRow("not UTF-8") << QByteArray("caf\xE9 \xC0\xAF \xED\xA0\x80 \xFF");
+    QTest::newRow("cut off in a character") << QByteArray("snow \xE2\x98");
+    QTest::newRow("zero bytes") << QByteArray("a\0b\0\0", 5);
+    QTest::newRow("control characters") << QByteArray("one\ntwo\r\x1B[2J\x7F\"\\/");
+    QTest::newRow("beyond the first plane") << QByteArray("\xF0\x9F\x97\x94 \xE2\x80\xAE tfel");
+    QTest::newRow("long") << QByteArray(100'000, 'x');
 }
 
 void RestoreTest::hostileTitlesAreKeptAndMatched()
 {
     QFETCH(QByteArray, title);
-    QFETCH(int, repeats);
     DesktopSession session(QStringLiteral("openbox"));
     TestClient &hostile =
-        session.open(QStringLiteral("hostile"),
-                     {QStringLiteral("--raw-title"), QString::fromLatin1(title.toBase64()),
-                      QStringLiteral("--repeats"), QString::number(repeats)},
-                     {300, 300, 400, 300});
+        session.open(ClientKind::Plain, QStringLiteral("hostile"), {300, 300, 400, 300},
+                     {QStringLiteral("--title"), QString::fromLatin1(title.toPercentEncoding())});
     Layout learned = session.capture();
     QCOMPARE(learned.windows.size(), 1u);
 
@@ -303,8 +213,7 @@ void RestoreTest::hostileTitlesAreKeptAndMatched()
     session.moveAndWait(hostile, {900, 500, 450, 350});
     session.restore(*stored);
     // Not the frame it was opened with: laying out a long title takes openbox its time.
-    QCOMPARE(described(session.probe.restingFrame(hostile.window())),
-             described(learned.windows[0].frame));
+    QCOMPARE(session.probe.restingFrame(hostile.window()), learned.windows[0].frame);
 }
 
 void RestoreTest::withoutAWindowManagerNothingIsTouched()

@@ -1,6 +1,6 @@
 #include "Desktop/Support/DesktopProbe.h"
 #include "Desktop/Support/TestClient.h"
-#include "Desktop/Support/TestPointer.h"
+#include "Desktop/Support/TestKeyboard.h"
 #include "Desktop/Support/TestServer.h"
 #include "Desktop/Support/TestWindowManager.h"
 
@@ -42,7 +42,6 @@ struct Desk {
     TestServer server;
     TestWindowManager manager{QStringLiteral("openbox")};
     DesktopProbe probe;
-    TestPointer pointer;
     TestClient client{ClientKind::Plain, QStringLiteral("notes")};
     ChildProcess program{QStringLiteral(PANOREL_PROGRAM)};
     std::unique_ptr<ChildProcess> tray;
@@ -54,25 +53,18 @@ struct Desk {
         probe.move(client.window(), frame);
         require([&] { return probe.frame(client.window()) == frame; }, "a moved window");
     }
-    void giveBus(ChildProcess &child) const
-    {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), manager.busAddress());
-        child.process().setProcessEnvironment(environment);
-    }
     void startTray(const QString &name, const QStringList &arguments)
     {
         tray = std::make_unique<ChildProcess>(name, arguments);
-        giveBus(*tray);
-        tray->process().setStandardErrorFile(QProcess::nullDevice());
-        tray->process().setProcessChannelMode(QProcess::SeparateChannels);
+        manager.giveBus(*tray);
+        tray->silence();
         tray->start();
     }
     /// What has no icon yet does nothing when clicked, and two fast clicks count as one.
     void clickUntil(int x, int y, bool panelIsToShow)
     {
         for (int attempt = 0; attempt < 10 && panelShows() != panelIsToShow; ++attempt) {
-            pointer.click(x, y);
+            probe.click(x, y);
             waitUntil([&] { return panelShows() == panelIsToShow; }, 2'000);
         }
         QCOMPARE(panelShows(), panelIsToShow);
@@ -119,7 +111,7 @@ void TrayTest::anEmbeddedIconOpensAndClosesThePanel()
     QCOMPARE(panel.maxX(), 1920.0 - 8);
     QCOMPARE(panel.minY(), 24.0 + 6);
     QVERIFY(desk.clientHasFocus());
-    desk.pointer.click(300, 300); // another window
+    desk.probe.click(300, 300); // another window
     desk.probe.sync();
     QVERIFY(desk.panelShows());
     desk.clickUntil(iconX, 12, false);
@@ -129,7 +121,7 @@ void TrayTest::anEmbeddedIconOpensAndClosesThePanel()
 void TrayTest::anAnnouncedIconOpensThePanelThoughTheTrayCameLater()
 {
     Desk desk;
-    desk.giveBus(desk.program);
+    desk.manager.giveBus(desk.program);
     desk.startProgram();
     const QString folder =
         desk.server.home() + QStringLiteral("/config/xfce4/xfconf/xfce-perchannel-xml");

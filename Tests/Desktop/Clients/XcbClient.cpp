@@ -31,42 +31,33 @@ xcb_atom_t atom(const Window &window, const char *name)
     return result;
 }
 
-void setText(const Window &window, const char *property, const char *type, const QByteArray &text)
+template <typename Values>
+void set(const Window &window, const char *property, const char *type, const Values &values)
 {
     xcb_change_property(window.connection, XCB_PROP_MODE_REPLACE, window.id, atom(window, property),
-                        atom(window, type), 8, static_cast<std::uint32_t>(text.size()),
-                        text.constData());
+                        atom(window, type), 8 * sizeof(*values.data()),
+                        static_cast<std::uint32_t>(values.size()), values.data());
 }
 
-void setNumbers(const Window &window, const char *property, const char *type,
-                const std::vector<std::uint32_t> &numbers)
-{
-    xcb_change_property(window.connection, XCB_PROP_MODE_REPLACE, window.id, atom(window, property),
-                        atom(window, type), 32, static_cast<std::uint32_t>(numbers.size()),
-                        numbers.data());
-}
-
-/// "LEFT,RIGHT,TOP,BOTTOM[,eight ends]" as the window managers' specification orders them.
 void becomePanel(const Window &window, const QString &strut)
 {
     std::vector<std::uint32_t> sides;
     for (const QString &number : strut.split(u','))
         sides.push_back(number.toUInt());
-    setNumbers(window, sides.size() == 12 ? "_NET_WM_STRUT_PARTIAL" : "_NET_WM_STRUT", "CARDINAL",
-               sides);
-    setNumbers(window, "_NET_WM_WINDOW_TYPE", "ATOM", {atom(window, "_NET_WM_WINDOW_TYPE_DOCK")});
+    set(window, "_NET_WM_STRUT_PARTIAL", "CARDINAL", sides);
+    set(window, "_NET_WM_WINDOW_TYPE", "ATOM",
+        std::array{atom(window, "_NET_WM_WINDOW_TYPE_DOCK")});
 }
 
 void describe(const Window &window, const QCommandLineParser &options)
 {
-    QByteArray title = options.value(QStringLiteral("title")).toUtf8();
-    if (options.isSet(QStringLiteral("raw-title"))) // in base64: it need not be text at all
-        title = QByteArray::fromBase64(options.value(QStringLiteral("raw-title")).toLatin1())
-                    .repeated(options.value(QStringLiteral("repeats")).toInt());
-    setText(window, "_NET_WM_NAME", "UTF8_STRING", title);
-    setText(window, "WM_NAME", "STRING", title);
+    // Encoded, for it need not be text at all.
+    const QByteArray title =
+        QByteArray::fromPercentEncoding(options.value(QStringLiteral("title")).toLatin1());
+    set(window, "_NET_WM_NAME", "UTF8_STRING", title);
+    set(window, "WM_NAME", "STRING", title);
     const QByteArray name = options.value(QStringLiteral("class")).toLatin1();
-    setText(window, "WM_CLASS", "STRING", name.toLower() + '\0' + name + '\0');
+    set(window, "WM_CLASS", "STRING", name.toLower() + '\0' + name + '\0');
 
     xcb_size_hints_t hints{};
     xcb_icccm_size_hints_set_win_gravity(
@@ -125,7 +116,7 @@ void serve(const Window &window)
         std::array<char, 64> line{};
         if (read(STDIN_FILENO, line.data(), line.size() - 1) <= 0)
             return;
-        dieWhenMoved = QByteArray(line.data()).contains("die when moved");
+        dieWhenMoved = true;
         std::puts("ready");
         std::fflush(stdout);
     }
@@ -139,15 +130,13 @@ int main(int argc, char **argv)
     QCommandLineParser options;
     options.addOptions({
         {QStringLiteral("title"), {}, QStringLiteral("text")},
-        {QStringLiteral("raw-title"), {}, QStringLiteral("base64")},
-        {QStringLiteral("repeats"), {}, QStringLiteral("count"), QStringLiteral("1")},
         {QStringLiteral("class"), {}, QStringLiteral("name"), QStringLiteral("Panorel-test")},
         {QStringLiteral("geometry"),
          {},
          QStringLiteral("x,y,width,height"),
          QStringLiteral("40,60,400,300")},
         {QStringLiteral("gravity"), {}, QStringLiteral("number"), QStringLiteral("1")},
-        {QStringLiteral("strut"), {}, QStringLiteral("left,right,top,bottom")},
+        {QStringLiteral("strut"), {}, QStringLiteral("twelve numbers")},
     });
     options.process(application);
     const Window window = create(options);

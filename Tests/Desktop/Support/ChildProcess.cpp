@@ -43,6 +43,12 @@ void ChildProcess::write(const QByteArray &line)
     m_process.waitForBytesWritten();
 }
 
+void ChildProcess::silence()
+{
+    m_process.setProcessChannelMode(QProcess::SeparateChannels);
+    m_process.setStandardErrorFile(QProcess::nullDevice());
+}
+
 void ChildProcess::end()
 {
     if (!running())
@@ -67,6 +73,15 @@ void require(const std::function<bool()> &condition, const char *description)
 {
     if (!waitUntil(condition, 20'000))
         qFatal("the test desktop did not come to: %s", description);
+}
+
+void run(const QString &program, const QStringList &arguments)
+{
+    ChildProcess child(program, arguments);
+    child.process().setStandardOutputFile(QProcess::nullDevice());
+    child.start();
+    if (!child.process().waitForFinished(10'000) || child.process().exitCode() != 0)
+        qFatal("%s %s failed", qPrintable(program), qPrintable(arguments.join(u' ')));
 }
 
 } // namespace Panorel::Desktop

@@ -32,9 +32,15 @@ public:
     void end();
     void killNow();
 
+    /// What it says of errors is nobody's. Before start().
+    void silence();
+
 private:
     QProcess m_process;
 };
+
+/// Runs a program to its end; fatal where it fails.
+void run(const QString &program, const QStringList &arguments);
 
 /// Whether the condition became true in time. Runs the event loop.
 bool waitUntil(const std::function<bool()> &condition, int milliseconds = 10'000);

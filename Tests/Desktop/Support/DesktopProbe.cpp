@@ -4,7 +4,7 @@
 
 #include <QElapsedTimer>
 
-#include <xcb/randr.h>
+#include <xcb/xtest.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -68,14 +68,6 @@ std::vector<xcb_window_t> DesktopProbe::stacking() const
     return stacked.empty() ? values(m_root, "_NET_CLIENT_LIST") : stacked;
 }
 
-std::vector<QString> DesktopProbe::stackedTitles() const
-{
-    std::vector<QString> titles;
-    for (const xcb_window_t window : stacking())
-        titles.push_back(title(window));
-    return titles;
-}
-
 QString DesktopProbe::title(xcb_window_t window) const
 {
     const QByteArray modern = bytes(window, "_NET_WM_NAME");
@@ -85,10 +77,11 @@ QString DesktopProbe::title(xcb_window_t window) const
 
 std::optional<xcb_window_t> DesktopProbe::find(const QString &wanted) const
 {
-    const std::vector<xcb_window_t> windows = stacking();
-    const auto found = std::ranges::find_if(
-        windows, [&](xcb_window_t window) { return title(window).trimmed() == wanted; });
-    return found == windows.end() ? std::nullopt : std::optional(*found);
+    for (const xcb_window_t window : stacking()) {
+        if (title(window).trimmed() == wanted)
+            return window;
+    }
+    return {};
 }
 
 std::optional<Rect> DesktopProbe::frame(xcb_window_t window) const
@@ -123,24 +116,20 @@ Rect DesktopProbe::restingFrame(xcb_window_t window) const
 std::vector<Rect> DesktopProbe::restingFrames(const std::vector<xcb_window_t> &windows) const
 {
     // GTK animates the shadow of its windows: at rest means unchanged for longer than one step.
-    std::vector<std::optional<Rect>> last;
+    std::vector<Rect> last;
     QElapsedTimer unchanged;
     require(
         [&] {
-            std::vector<std::optional<Rect>> now;
+            std::vector<Rect> now;
             for (const xcb_window_t window : windows)
-                now.push_back(frame(window));
+                now.push_back(frame(window).value_or(Rect{}));
             if (now != last)
                 unchanged.start();
             last = now;
-            return std::ranges::all_of(last, [](const auto &one) { return one.has_value(); })
-                   && unchanged.elapsed() > 120;
+            return std::ranges::find(last, Rect{}) == last.end() && unchanged.elapsed() > 120;
         },
         "windows at rest");
-    std::vector<Rect> frames;
-    for (const std::optional<Rect> &one : last)
-        frames.push_back(*one);
-    return frames;
+    return last;
 }
 
 bool DesktopProbe::hasState(xcb_window_t window, const char *state) const
@@ -207,22 +196,26 @@ void DesktopProbe::sendToDesktop(xcb_window_t window, std::uint32_t desktop)
     message(window, "_NET_WM_DESKTOP", {desktop, pager});
 }
 
+std::optional<std::uint32_t> DesktopProbe::value(xcb_window_t window, const char *property) const
+{
+    const std::vector<std::uint32_t> all = values(window, property);
+    return all.empty() ? std::nullopt : std::optional(all[0]);
+}
+
 std::optional<xcb_window_t> DesktopProbe::activeWindow() const
 {
-    const std::vector<std::uint32_t> active = values(m_root, "_NET_ACTIVE_WINDOW");
-    return active.empty() || active[0] == XCB_WINDOW_NONE ? std::nullopt : std::optional(active[0]);
+    const auto active = value(m_root, "_NET_ACTIVE_WINDOW");
+    return active == XCB_WINDOW_NONE ? std::nullopt : active;
 }
 
 std::optional<std::uint32_t> DesktopProbe::desktopOf(xcb_window_t window) const
 {
-    const std::vector<std::uint32_t> desktop = values(window, "_NET_WM_DESKTOP");
-    return desktop.empty() ? std::nullopt : std::optional(desktop[0]);
+    return value(window, "_NET_WM_DESKTOP");
 }
 
 std::optional<std::uint32_t> DesktopProbe::currentDesktop() const
 {
-    const std::vector<std::uint32_t> desktop = values(m_root, "_NET_CURRENT_DESKTOP");
-    return desktop.empty() ? std::nullopt : std::optional(desktop[0]);
+    return value(m_root, "_NET_CURRENT_DESKTOP");
 }
 
 void DesktopProbe::setDesktopCount(std::uint32_t count)
@@ -243,33 +236,14 @@ bool DesktopProbe::hasWindowManager() const
     return !check.empty() && values(check[0], "_NET_SUPPORTING_WM_CHECK") == check;
 }
 
-void DesktopProbe::setOutputProperty(const QString &output, const char *name,
-                                     const std::optional<QByteArray> &value)
+void DesktopProbe::click(int x, int y)
 {
     xcb_connection_t *connection = m_connection.get();
-    const Reply<xcb_randr_get_screen_resources_current_reply_t> resources(
-        xcb_randr_get_screen_resources_current_reply(
-            connection, xcb_randr_get_screen_resources_current(connection, m_root), nullptr));
-    const xcb_randr_output_t *outputs =
-        xcb_randr_get_screen_resources_current_outputs(resources.get());
-    for (int i = 0; i < resources->num_outputs; ++i) {
-        const Reply<xcb_randr_get_output_info_reply_t> info(xcb_randr_get_output_info_reply(
-            connection, xcb_randr_get_output_info(connection, outputs[i], XCB_CURRENT_TIME),
-            nullptr));
-        const QByteArray found(
-            reinterpret_cast<const char *>(xcb_randr_get_output_info_name(info.get())),
-            xcb_randr_get_output_info_name_length(info.get()));
-        if (found != output.toLatin1())
-            continue;
-        if (value)
-            xcb_randr_change_output_property(
-                connection, outputs[i], atom(name), XCB_ATOM_INTEGER, 8, XCB_PROP_MODE_REPLACE,
-                static_cast<std::uint32_t>(value->size()), value->constData());
-        else
-            xcb_randr_delete_output_property(connection, outputs[i], atom(name));
-        return sync();
-    }
-    qFatal("no output %s", qPrintable(output));
+    xcb_test_fake_input(connection, XCB_MOTION_NOTIFY, 0, 0, m_root, std::int16_t(x),
+                        std::int16_t(y), 0);
+    xcb_test_fake_input(connection, XCB_BUTTON_PRESS, 1, 0, XCB_NONE, 0, 0, 0);
+    xcb_test_fake_input(connection, XCB_BUTTON_RELEASE, 1, 0, XCB_NONE, 0, 0, 0);
+    xcb_flush(connection);
 }
 
 void DesktopProbe::sync() const

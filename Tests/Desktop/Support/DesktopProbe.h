@@ -12,6 +12,11 @@
 
 namespace Panorel::Desktop {
 
+struct DisconnectServer {
+    void operator()(xcb_connection_t *connection) const { xcb_disconnect(connection); }
+};
+using ServerConnection = std::unique_ptr<xcb_connection_t, DisconnectServer>;
+
 /// Looks at the desktop, and handles windows as a user or another program would, on a connection
 /// of its own and with code of its own: what the ports say is compared with what is seen here.
 class DesktopProbe {
@@ -21,7 +26,6 @@ public:
 
     /// The managed windows, bottom to top.
     std::vector<xcb_window_t> stacking() const;
-    std::vector<QString> stackedTitles() const;
     /// Blanks around the title don't count.
     std::optional<xcb_window_t> find(const QString &title) const;
     QString title(xcb_window_t window) const;
@@ -42,6 +46,9 @@ public:
     void activate(xcb_window_t window);
     void sendToDesktop(xcb_window_t window, std::uint32_t desktop);
 
+    /// Moves the pointer there, in root coordinates, and presses and releases its first button.
+    void click(int x, int y);
+
     std::optional<xcb_window_t> activeWindow() const;
     std::optional<std::uint32_t> desktopOf(xcb_window_t window) const;
     std::optional<std::uint32_t> currentDesktop() const;
@@ -50,24 +57,17 @@ public:
     /// Whether a window manager is here whose window still exists.
     bool hasWindowManager() const;
 
-    /// Sets or deletes a RandR output property; fatal for an unknown output.
-    void setOutputProperty(const QString &output, const char *name,
-                           const std::optional<QByteArray> &bytes);
-
     /// Every request so far has been carried out by the server.
     void sync() const;
 
 private:
-    struct Disconnect {
-        void operator()(xcb_connection_t *connection) const { xcb_disconnect(connection); }
-    };
-
     xcb_atom_t atom(const char *name) const;
+    std::optional<std::uint32_t> value(xcb_window_t window, const char *property) const;
     std::vector<std::uint32_t> values(xcb_window_t window, const char *property) const;
     QByteArray bytes(xcb_window_t window, const char *property) const;
     void message(xcb_window_t window, const char *type, const std::vector<std::uint32_t> &data);
 
-    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    ServerConnection m_connection;
     xcb_window_t m_root = XCB_WINDOW_NONE;
 };
 

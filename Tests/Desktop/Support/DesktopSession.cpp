@@ -11,6 +11,13 @@ std::unique_ptr<TestWindowManager> startManager(TestServer &server, const QStrin
 
 } // namespace
 
+QString described(const QString &title, const Rect &frame)
+{
+    const auto number = [](double value) { return QString::number(value, 'g', 17); };
+    return QStringLiteral("%1 at %2,%3 %4x%5")
+        .arg(title, number(frame.x), number(frame.y), number(frame.width), number(frame.height));
+}
+
 DesktopSession::DesktopSession(const QString &windowManager)
     : manager(startManager(server, windowManager)), platform(makePlatform(data.log, data.clock)),
       m_rules(data.log, data.clock),
@@ -19,19 +26,10 @@ DesktopSession::DesktopSession(const QString &windowManager)
       m_watcher(platform->screens(), scheduler, data.log)
 {}
 
-TestClient &DesktopSession::open(ClientKind kind, const QString &title, const Rect &frame)
+TestClient &DesktopSession::open(ClientKind kind, const QString &title, const Rect &frame,
+                                 const QStringList &options)
 {
-    return place(clients.emplace_back(kind, title), frame);
-}
-
-TestClient &DesktopSession::open(const QString &title, const QStringList &options,
-                                 const Rect &frame)
-{
-    return place(clients.emplace_back(title, options), frame);
-}
-
-TestClient &DesktopSession::place(TestClient &client, const Rect &frame)
-{
+    TestClient &client = clients.emplace_back(kind, title, options);
     moveAndWait(client, frame);
     return client;
 }
@@ -50,13 +48,14 @@ RestoreReport DesktopSession::restore(const Layout &layout)
     return m_engine.apply(layout, true);
 }
 
-std::map<QString, Rect> DesktopSession::frames() const
+QStringList DesktopSession::frames() const
 {
     const std::vector<xcb_window_t> windows = probe.stacking();
     const std::vector<Rect> resting = probe.restingFrames(windows);
-    std::map<QString, Rect> frames;
+    QStringList frames;
     for (std::size_t i = 0; i < windows.size(); ++i)
-        frames[probe.title(windows[i])] = resting[i];
+        frames << described(probe.title(windows[i]), resting[i]);
+    frames.sort();
     return frames;
 }
 

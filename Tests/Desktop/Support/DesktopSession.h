@@ -14,6 +14,9 @@
 
 namespace Panorel::Desktop {
 
+/// "title at x,y widthxheight", exact.
+QString described(const QString &title, const Rect &frame);
+
 /// A whole X session, two displays side by side, with the engines on the real platform: what the
 /// program would do on it, step by step.
 class DesktopSession {
@@ -22,15 +25,15 @@ public:
     explicit DesktopSession(const QString &windowManager);
 
     /// Opens a window and puts its frame there, as far as the window allows.
-    TestClient &open(ClientKind kind, const QString &title, const Rect &frame);
-    TestClient &open(const QString &title, const QStringList &options, const Rect &frame);
+    TestClient &open(ClientKind kind, const QString &title, const Rect &frame,
+                     const QStringList &options = {});
 
     /// The desk as the program would learn it.
     Layout capture();
     RestoreReport restore(const Layout &layout);
 
-    /// Every window's frame as seen from outside the program, by title.
-    std::map<QString, Rect> frames() const;
+    /// Every window with its frame as seen from outside the program, ordered by title.
+    QStringList frames() const;
 
     void moveAndWait(const TestClient &client, const Rect &frame);
     void setStateAndWait(const TestClient &client, bool on, const char *first,
@@ -46,8 +49,6 @@ public:
     std::list<TestClient> clients;
 
 private:
-    TestClient &place(TestClient &client, const Rect &frame);
-
     AppRuleStore m_rules;
     WindowSnapshotter m_snapshotter;
     RestoreEngine m_engine;

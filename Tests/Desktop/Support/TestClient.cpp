@@ -13,20 +13,6 @@ QString ownClient(const char *name)
     return QStringLiteral(PANOREL_TEST_CLIENTS "/") + QLatin1String(name);
 }
 
-QString programOf(ClientKind kind)
-{
-    switch (kind) {
-    case ClientKind::Increments:
-        return QStringLiteral("xterm");
-    case ClientKind::Qt:
-        return ownClient("qt-client");
-    case ClientKind::GtkDecorated:
-        return QStringLiteral("file-roller");
-    default:
-        return ownClient("xcb-client");
-    }
-}
-
 /// The GTK program's title is the name of the archive that it shows.
 QString emptyArchiveNamed(const QString &name)
 {
@@ -37,59 +23,55 @@ QString emptyArchiveNamed(const QString &name)
     return path;
 }
 
-QStringList argumentsOf(ClientKind kind, const QString &title)
+/// The program and its arguments.
+QStringList commandFor(ClientKind kind, const QString &title)
 {
-    const QString titleOption = QStringLiteral("--title");
     switch (kind) {
-    case ClientKind::StaticGravity:
-        return {titleOption, title, QStringLiteral("--gravity"), QStringLiteral("10")};
-    case ClientKind::SouthEast:
-        return {titleOption, title, QStringLiteral("--gravity"), QStringLiteral("9")};
     case ClientKind::Increments:
-        return {QStringLiteral("-T"),   title,
-                QStringLiteral("-fa"),  QStringLiteral("DejaVu Sans Mono"),
-                QStringLiteral("-xrm"), QStringLiteral("*allowTitleOps: false"),
-                QStringLiteral("-e"),   QStringLiteral("sleep"),
-                QStringLiteral("86400")};
+        return QStringLiteral("xterm,-fa,DejaVu Sans Mono,-xrm,*allowTitleOps: false,-T,%1,-e,"
+                              "sleep,86400")
+            .arg(title)
+            .split(u',');
     case ClientKind::GtkDecorated:
-        return {emptyArchiveNamed(title)};
+        return {QStringLiteral("file-roller"), emptyArchiveNamed(title)};
+    case ClientKind::Qt:
+        return {ownClient("qt-client"), QStringLiteral("--title"), title};
     default:
-        return {titleOption, title};
+        const int gravity = kind == ClientKind::StaticGravity ? 10
+                            : kind == ClientKind::SouthEast   ? 9
+                                                              : 1;
+        return {ownClient("xcb-client"), QStringLiteral("--title"),
+                QString::fromLatin1(title.toUtf8().toPercentEncoding()),
+                QStringLiteral("--gravity"), QString::number(gravity)};
     }
 }
 
 } // namespace
 
-TestClient::TestClient(ClientKind kind, const QString &title)
-    : m_process(programOf(kind), argumentsOf(kind, title))
+TestClient::TestClient(ClientKind kind, const QString &title, const QStringList &options)
+    : TestClient(commandFor(kind, title) + options)
 {
-    if (kind == ClientKind::GtkDecorated)
-        m_process.process().setProcessChannelMode(QProcess::SeparateChannels); // it is talkative
-    m_process.start();
     DesktopProbe probe;
-    require([&] { return probe.find(title).has_value(); }, qPrintable(title));
-    m_window = *probe.find(title);
+    if (kind == ClientKind::Plain) {
+        // The client prints its window: a hostile title can't be searched for.
+        m_window = m_process.readLine().toUInt();
+    } else {
+        require([&] { return probe.find(title).has_value(); }, qPrintable(title));
+        m_window = *probe.find(title);
+    }
     probe.restingFrame(m_window);
 }
 
-TestClient::TestClient(const QString &title, const QStringList &options)
-    : m_process(ownClient("xcb-client"), QStringList{QStringLiteral("--title"), title} + options)
+TestClient::TestClient(const QStringList &command) : m_process(command.first(), command.mid(1))
 {
+    m_process.silence(); // some are talkative
     m_process.start();
-    // The client prints its window when it is mapped: a hostile title can't be searched for.
-    m_window = m_process.readLine().toUInt();
-    DesktopProbe().restingFrame(m_window);
 }
 
 void TestClient::dieWhenMoved()
 {
     m_process.write("die when moved");
     m_process.readLine(); // it has heard
-}
-
-void TestClient::dieNow()
-{
-    m_process.killNow();
 }
 
 } // namespace Panorel::Desktop

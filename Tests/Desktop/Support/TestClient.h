@@ -21,19 +21,18 @@ enum class ClientKind {
 /// the constructor returns.
 class TestClient {
 public:
-    /// The title of a GtkDecorated window ends in ".tar".
-    TestClient(ClientKind kind, const QString &title);
-
-    /// A plain window with options of the window client, "--strut top 32" and the like.
-    TestClient(const QString &title, const QStringList &options);
+    /// The title of a GtkDecorated window ends in ".tar". Options are for a plain window, "--class
+    /// name" and the like.
+    TestClient(ClientKind kind, const QString &title, const QStringList &options = {});
 
     xcb_window_t window() const { return m_window; }
 
     /// It kills itself, without a word to the window manager, as soon as it is next moved.
     void dieWhenMoved();
-    void dieNow();
 
 private:
+    explicit TestClient(const QStringList &command);
+
     ChildProcess m_process;
     xcb_window_t m_window = XCB_WINDOW_NONE;
 };

@@ -33,14 +33,6 @@ void sync(xcb_connection_t *connection)
     std::free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
 }
 
-void run(const QString &program, const QStringList &arguments)
-{
-    ChildProcess child(program, arguments);
-    child.start();
-    if (!child.process().waitForFinished() || child.process().exitCode() != 0)
-        qFatal("%s %s failed", qPrintable(program), qPrintable(arguments.join(u' ')));
-}
-
 } // namespace
 
 TestKeyboard::TestKeyboard() : m_connection(xcb_connect(nullptr, nullptr))

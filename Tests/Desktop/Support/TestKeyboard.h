@@ -1,18 +1,11 @@
 #pragma once
 
+#include "Desktop/Support/DesktopProbe.h"
 #include "PanorelCore/Records/Models.h"
 
-#include <xcb/xcb.h>
-
 #include <functional>
-#include <memory>
 
 namespace Panorel::Desktop {
-
-struct DisconnectServer {
-    void operator()(xcb_connection_t *connection) const { xcb_disconnect(connection); }
-};
-using ServerConnection = std::unique_ptr<xcb_connection_t, DisconnectServer>;
 
 /// Types on the test server through its test extension, on an ordinary PC keyboard whose key codes
 /// this class knows for itself.

@@ -11,53 +11,9 @@
 namespace Panorel::Desktop {
 namespace {
 
-const char configuration[] = R"(
-Section "ServerFlags"
-    Option "AutoAddDevices" "false"
-    Option "DontVTSwitch" "true"
-EndSection
-Section "Device"
-    Identifier "card"
-    Driver "dummy"
-    VideoRam 256000
-EndSection
-Section "Monitor"
-    Identifier "monitor"
-    HorizSync 5-1000
-    VertRefresh 5-200
-EndSection
-Section "Screen"
-    Identifier "screen"
-    Device "card"
-    Monitor "monitor"
-    DefaultDepth 24
-    SubSection "Display"
-        Depth 24
-        Modes "1920x1080" "1280x1024"
-        Virtual 8192 4096
-    EndSubSection
-EndSection
-)";
-
 QString outputName(int output)
 {
     return QStringLiteral("DUMMY%1").arg(output);
-}
-
-void run(const QString &program, const QStringList &arguments)
-{
-    ChildProcess child(program, arguments);
-    child.process().setStandardOutputFile(QProcess::nullDevice());
-    child.start();
-    if (!child.process().waitForFinished(10'000) || child.process().exitCode() != 0)
-        qFatal("%s %s failed", qPrintable(program), qPrintable(arguments.join(u' ')));
-}
-
-/// The server itself where the distribution wraps it: the wrapper asks for a console.
-QString serverProgram()
-{
-    const QString direct = QStringLiteral("/usr/lib/xorg/Xorg");
-    return QFile::exists(direct) ? direct : QStandardPaths::findExecutable(QStringLiteral("Xorg"));
 }
 
 } // namespace
@@ -104,23 +60,19 @@ TestServer::~TestServer()
 
 void TestServer::startServer()
 {
-    QFile file(m_home.filePath(QStringLiteral("xorg.conf")));
-    if (!file.open(QIODevice::WriteOnly) || file.write(configuration) < 0)
-        qFatal("cannot write %s", qPrintable(file.fileName()));
-    file.close();
-
     // The server itself picks a free number and says so once it can be connected to.
     m_process = std::make_unique<ChildProcess>(
-        serverProgram(),
+        QStandardPaths::findExecutable(
+            QStringLiteral("Xorg"), {QStringLiteral("/usr/lib/xorg"), QStringLiteral("/usr/bin")}),
         QStringList{QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-config"),
-                    file.fileName(), QStringLiteral("-noreset"), QStringLiteral("-novtswitch"),
-                    QStringLiteral("-sharevts"), QStringLiteral("-nolisten"), QStringLiteral("tcp"),
-                    QStringLiteral("-logfile"), m_home.filePath(QStringLiteral("xorg.log"))});
+                    QStringLiteral(PANOREL_TEST_SERVER), QStringLiteral("-noreset"),
+                    QStringLiteral("-novtswitch"), QStringLiteral("-sharevts"),
+                    QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-logfile"),
+                    m_home.filePath(QStringLiteral("xorg.log"))});
     m_process->process().setStandardErrorFile(m_home.filePath(QStringLiteral("xorg.err")));
     m_process->process().setProcessChannelMode(QProcess::SeparateChannels);
     m_process->start();
-    m_displayName = u':' + m_process->readLine();
-    qputenv("DISPLAY", m_displayName.toLatin1());
+    qputenv("DISPLAY", ':' + m_process->readLine().toLatin1());
 }
 
 void TestServer::plug(const std::vector<Plugged> &outputs)
@@ -151,9 +103,10 @@ void TestServer::plug(const std::vector<Plugged> &outputs)
     m_plugged = plugged;
 }
 
-void TestServer::setEdid(int output, const std::optional<QByteArray> &edid)
+void TestServer::setEdid(int output, const QString &name, int serial)
 {
-    DesktopProbe().setOutputProperty(outputName(output), "EDID", edid);
+    run(QStringLiteral(PANOREL_TEST_CLIENTS "/set-edid"),
+        {outputName(output), name, QString::number(serial)});
 }
 
 void TestServer::kill()

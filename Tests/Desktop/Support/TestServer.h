@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Desktop/Support/ChildProcess.h"
-#include "Desktop/Support/Edid.h"
 #include "PanorelCore/Geometry.h"
 
 #include <QTemporaryDir>
@@ -29,16 +28,14 @@ public:
     TestServer();
     ~TestServer();
 
-    /// ":7".
-    QString displayName() const { return m_displayName; }
     QString home() const { return m_home.path(); }
 
     /// Exactly these outputs, in one change; the first is RandR's primary. All others are
     /// unplugged.
     void plug(const std::vector<Plugged> &outputs);
 
-    /// What the output says of itself from now on; absent: it has no EDID. Is no display event.
-    void setEdid(int output, const std::optional<QByteArray> &edid);
+    /// What the output says of itself from now on. Is no display event.
+    void setEdid(int output, const QString &name, int serial);
 
     /// The server goes away under everybody's feet.
     void kill();
@@ -48,7 +45,6 @@ private:
 
     QTemporaryDir m_home;
     std::unique_ptr<ChildProcess> m_process;
-    QString m_displayName;
     std::vector<int> m_plugged;
     std::vector<QString> m_known; ///< outputs with a mode that they have been given
 };

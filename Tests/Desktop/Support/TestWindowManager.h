@@ -12,8 +12,8 @@ public:
     explicit TestWindowManager(const QString &name);
     ~TestWindowManager();
 
-    /// Of the session bus.
-    QString busAddress() const { return m_busAddress; }
+    /// Lets the program, before it is started, use the session bus.
+    void giveBus(ChildProcess &child) const;
 
 private:
     ChildProcess m_bus;
