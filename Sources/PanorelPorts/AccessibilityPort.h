@@ -70,6 +70,14 @@ public:
     /// Brings the windows to the front one after the other, so that the last one ends on top.
     /// The focus stays where it is, and no other desktop or Space is switched to.
     virtual void raise(const std::vector<WindowElementRef> &backToFront) = 0;
+
+    /// The ordinary window of another application that has the keyboard focus; null where there
+    /// is none, or where this program, a panel or the desktop itself has it.
+    virtual WindowElementRef focusedWindow() = 0;
+
+    /// Gives a window the keyboard focus, and raises it only where the platform can't help it.
+    /// Nothing for a window that is gone, hidden or minimised, or on another desktop.
+    virtual void focus(const WindowElementRef &window) = 0;
 };
 
 } // namespace Panorel

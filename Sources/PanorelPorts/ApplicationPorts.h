@@ -2,7 +2,25 @@
 
 #include "PanorelPorts/WorkspacePort.h"
 
+#include <QString>
+
+#include <optional>
+
 namespace Panorel {
+
+/// Finds and starts installed applications.
+class ApplicationLauncherPort {
+public:
+    virtual ~ApplicationLauncherPort() = default;
+
+    /// Where an application is installed, for open(); absent where the system doesn't know it or
+    /// says that it can't be run.
+    virtual std::optional<QString> locate(const QString &bundleID) = 0;
+
+    /// Starts it as the user would from the desktop and does not wait for it. A failure is
+    /// dropped.
+    virtual void open(const QString &location) = 0;
+};
 
 /// Whether the program starts at login.
 class LoginItemPort {

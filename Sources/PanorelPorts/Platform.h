@@ -1,10 +1,14 @@
 #pragma once
 
 #include "PanorelPorts/AccessibilityPort.h"
+#include "PanorelPorts/AlarmPort.h"
 #include "PanorelPorts/ApplicationPorts.h"
+#include "PanorelPorts/CalendarPort.h"
+#include "PanorelPorts/DesktopPicturePort.h"
 #include "PanorelPorts/HotKeyPort.h"
 #include "PanorelPorts/ScreensPort.h"
 #include "PanorelPorts/ShellPort.h"
+#include "PanorelPorts/SystemPreferencesPort.h"
 #include "PanorelPorts/UserDefaultsPort.h"
 #include "PanorelPorts/WindowListPort.h"
 #include "PanorelPorts/WorkspacePort.h"
@@ -31,6 +35,12 @@ public:
     virtual LoginItemPort &loginItem() = 0;
     virtual ActivationPolicyPort &activationPolicy() = 0;
     virtual ShellPort &shell() = 0;
+    virtual ApplicationLauncherPort &launcher() = 0;
+    virtual DesktopPicturePort &desktopPicture() = 0;
+    virtual CalendarPort &calendar() = 0;
+    virtual AlarmPort &alarm() = 0;
+    /// Null where the system has no settings that restoring depends on.
+    virtual SystemPreferencesPort *systemPreferences() = 0;
 
     /// `lost` is called on the main thread, once, when the window system has gone away and
     /// nothing can be read or moved any more; `reason` is fit for the user. From then on the

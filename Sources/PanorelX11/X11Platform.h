@@ -1,9 +1,13 @@
 #pragma once
 
 #include "PanorelPorts/Platform.h"
+#include "PanorelX11/Applications/GioLauncher.h"
+#include "PanorelX11/Calendar/DesktopCalendar.h"
 #include "PanorelX11/Connection/EventConnection.h"
+#include "PanorelX11/DesktopPicture/X11DesktopPicture.h"
 #include "PanorelX11/Displays/X11Screens.h"
 #include "PanorelX11/HotKeys/X11HotKeys.h"
+#include "PanorelX11/Session/WallClockAlarm.h"
 #include "PanorelX11/Settings/IniUserDefaults.h"
 #include "PanorelX11/Settings/NoActivationPolicy.h"
 #include "PanorelX11/Settings/XdgLoginItem.h"
@@ -30,6 +34,11 @@ public:
     LoginItemPort &loginItem() override { return m_loginItem; }
     ActivationPolicyPort &activationPolicy() override { return m_activationPolicy; }
     ShellPort &shell() override { return m_shell; }
+    ApplicationLauncherPort &launcher() override { return m_launcher; }
+    DesktopPicturePort &desktopPicture() override { return m_desktopPicture; }
+    CalendarPort &calendar() override { return m_calendar; }
+    AlarmPort &alarm() override { return m_alarm; }
+    SystemPreferencesPort *systemPreferences() override { return nullptr; }
 
     void setLostCallback(std::function<void(const QString &reason)> lost) override
     {
@@ -45,6 +54,10 @@ private:
     XdgLoginItem m_loginItem;
     NoActivationPolicy m_activationPolicy;
     X11Shell m_shell{m_events.connection()};
+    GioLauncher m_launcher;
+    X11DesktopPicture m_desktopPicture;
+    DesktopCalendar m_calendar;
+    WallClockAlarm m_alarm;
 };
 
 } // namespace Panorel::X11

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PanorelPorts/AlarmPort.h"
 #include "PanorelPorts/Scheduler.h"
 #include "Support/TestDataDir.h"
 
@@ -8,7 +9,7 @@
 namespace Panorel {
 
 /// Timers on the fake clock: nothing runs until the test lets the time pass.
-class FakeScheduler final : public Scheduler {
+class FakeScheduler final : public Scheduler, public AlarmPort {
 public:
     explicit FakeScheduler(FakeClock &clock) : m_clock(clock) {}
 
@@ -21,6 +22,12 @@ public:
                                           std::function<void()> action) override
     {
         return std::make_unique<Task>(*this, interval, interval, action);
+    }
+
+    /// On the same clock. To let the machine sleep, advance the clock itself first.
+    std::unique_ptr<ScheduledTask> runAt(Instant when, std::function<void()> action) override
+    {
+        return runAfter(std::max(when - m_clock.now(), std::chrono::milliseconds(0)), action);
     }
 
     /// Moves the clock, stopping at every task that comes due on the way.

@@ -15,14 +15,15 @@ public:
 InMemoryDesktop::InMemoryDesktop()
 {
     m_applications.push_back({ownPID, ActivationPolicy::Accessory,
-                              QStringLiteral("org.panorel.Panorel"), QStringLiteral("Panorel")});
+                              QStringLiteral("org.panorel.Panorel"), QStringLiteral("Panorel"),
+                              false});
 }
 
 ProcessIdentifier InMemoryDesktop::launch(const QString &bundleID,
                                           const std::optional<QString> &name,
                                           ActivationPolicy policy)
 {
-    m_applications.push_back({m_nextPID, policy, bundleID, name});
+    m_applications.push_back({m_nextPID, policy, bundleID, name, false});
     return m_nextPID++;
 }
 
@@ -118,6 +119,27 @@ void InMemoryDesktop::raise(const std::vector<WindowElementRef> &backToFront)
         const auto place = std::ranges::find(m_windows, window->number, &InMemoryWindow::number);
         m_windows.splice(m_windows.begin(), m_windows, place);
     }
+}
+
+WindowElementRef InMemoryDesktop::focusedWindow()
+{
+    return focused ? std::make_shared<Element>(*focused) : nullptr;
+}
+
+void InMemoryDesktop::focus(const WindowElementRef &element)
+{
+    if (const InMemoryWindow *window = find(element))
+        focused = window->number;
+}
+
+void InMemoryDesktop::hide(ProcessIdentifier pid)
+{
+    std::ranges::find(m_applications, pid, &RunningApplication::pid)->isHidden = true;
+}
+
+void InMemoryDesktop::unhide(ProcessIdentifier pid)
+{
+    std::ranges::find(m_applications, pid, &RunningApplication::pid)->isHidden = false;
 }
 
 std::optional<std::vector<WindowListEntry>> InMemoryDesktop::onScreenWindows()

@@ -56,6 +56,7 @@ public:
     bool trusted = true;
     bool listReadable = true;
     int prompts = 0;
+    std::optional<int> focused;          ///< the number of the window with the focus
     QStringList journal;                 ///< "position 3", "size 3", "raise 3", in order
     std::function<void()> duringReading; ///< called at every reading of the window list
 
@@ -67,6 +68,8 @@ public:
                std::optional<Size> size) override;
     FrameReading readFrame(const WindowElementRef &window) override;
     void raise(const std::vector<WindowElementRef> &backToFront) override;
+    WindowElementRef focusedWindow() override;
+    void focus(const WindowElementRef &window) override;
 
     // WindowListPort
     std::optional<std::vector<WindowListEntry>> onScreenWindows() override;
@@ -74,11 +77,18 @@ public:
     // WorkspacePort
     std::vector<RunningApplication> runningApplications() override { return m_applications; }
     ProcessIdentifier ownProcessIdentifier() const override { return ownPID; }
+    void hide(ProcessIdentifier pid) override;
+    void unhide(ProcessIdentifier pid) override;
+    void setLaunchCallback(std::function<void(const RunningApplication &)> launched) override
+    {
+        m_launched = std::move(launched);
+    }
 
 private:
     InMemoryWindow *find(const WindowElementRef &element);
 
     std::vector<RunningApplication> m_applications;
+    std::function<void(const RunningApplication &)> m_launched;
     std::list<InMemoryWindow> m_windows; ///< front to back
     int m_nextNumber = 1;
     ProcessIdentifier m_nextPID = 100;

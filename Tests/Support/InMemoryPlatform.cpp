@@ -74,4 +74,29 @@ std::unique_ptr<HotKeyRegistration> InMemoryHotKeys::registerHotKey(const HotKey
     return std::make_unique<Registration>(*this, number);
 }
 
+void InMemoryCalendar::events(Instant from, Instant to,
+                              std::function<void(const Events &events)> completion)
+{
+    ++queries;
+    Events found;
+    std::ranges::copy_if(all, std::back_inserter(found), [&](const CalendarEvent &event) {
+        return !event.start || (*event.start >= from && *event.start < to);
+    });
+    m_waiting.push_back([=] { completion(found); });
+    if (!isSlow)
+        answer();
+}
+
+void InMemoryCalendar::answer()
+{
+    for (const auto &completion : std::exchange(m_waiting, {}))
+        completion();
+}
+
+std::optional<PreferenceValue> InMemoryPlatform::value(const QString &domain, const QString &key)
+{
+    const auto found = preferences.find(domain + u' ' + key);
+    return found == preferences.end() ? std::nullopt : std::optional(found->second);
+}
+
 } // namespace Panorel

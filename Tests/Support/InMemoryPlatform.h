@@ -6,6 +6,7 @@
 #include <QVariant>
 
 #include <map>
+#include <set>
 
 namespace Panorel {
 
@@ -93,12 +94,46 @@ private:
     std::function<void(HotKeyNumber)> m_pressed;
 };
 
-class InMemoryPlatform final : public Platform, LoginItemPort, ActivationPolicyPort, ShellPort {
+/// What the user's calendars hold. Answers within the call, or when the test says so.
+class InMemoryCalendar final : public CalendarPort {
+public:
+    CalendarAuthorization status = CalendarAuthorization::FullAccess;
+    Events all;
+    int queries = 0;
+    bool isSlow = false; ///< then a query waits for answer()
+
+    void answer();
+
+    CalendarAuthorization authorization() override { return status; }
+    void requestAccess(std::function<void(bool granted)> completion) override
+    {
+        completion(status == CalendarAuthorization::FullAccess);
+    }
+    void events(Instant from, Instant to,
+                std::function<void(const Events &events)> completion) override;
+
+private:
+    std::vector<std::function<void()>> m_waiting;
+};
+
+class InMemoryPlatform final : public Platform,
+                               LoginItemPort,
+                               ActivationPolicyPort,
+                               ShellPort,
+                               ApplicationLauncherPort,
+                               DesktopPicturePort,
+                               SystemPreferencesPort {
 public:
     InMemoryDesktop desktop;
     InMemoryScreens display;
     InMemoryHotKeys keys;
     InMemoryDefaults defaults;
+    InMemoryCalendar events;
+    AlarmPort *alarms = nullptr;                    ///< a test that needs them brings its own
+    std::set<QString> installed;                    ///< bundle identifiers
+    QStringList opened;                             ///< the same
+    QStringList pictures;                           ///< every desktop picture asked for
+    std::map<QString, PreferenceValue> preferences; ///< by "domain key"
     std::optional<bool> registeredAtLogin;
     std::optional<ActivationPolicy> policy;
     std::vector<WindowHandle> onAllDesktops;
@@ -112,10 +147,24 @@ public:
     LoginItemPort &loginItem() override { return *this; }
     ActivationPolicyPort &activationPolicy() override { return *this; }
     ShellPort &shell() override { return *this; }
+    ApplicationLauncherPort &launcher() override { return *this; }
+    DesktopPicturePort &desktopPicture() override { return *this; }
+    CalendarPort &calendar() override { return events; }
+    AlarmPort &alarm() override { return *alarms; }
+    SystemPreferencesPort *systemPreferences() override { return this; }
     void setLostCallback(std::function<void(const QString &)>) override {}
 
 private:
     void setRegistered(bool registered) override { registeredAtLogin = registered; }
+    std::optional<QString> locate(const QString &bundleID) override
+    {
+        return installed.contains(bundleID) ? std::optional(QStringLiteral("/apps/") + bundleID)
+                                            : std::nullopt;
+    }
+    void open(const QString &location) override { opened << location.mid(6); }
+    void setDesktopPicture(const QString &path) override { pictures << path; }
+    std::optional<PreferenceValue> value(const QString &domain, const QString &key) override;
+    void openDesktopSettings() override {}
     void setActivationPolicy(ActivationPolicy asked) override { policy = asked; }
     bool isComposited() const override { return true; }
     bool hasEmbeddingTray() const override { return true; }

@@ -75,4 +75,11 @@ void X11Accessibility::raise(const std::vector<WindowElementRef> &backToFront)
     m_stacker.raise(ids);
 }
 
+WindowElementRef X11Accessibility::focusedWindow()
+{
+    return nullptr;
+}
+
+void X11Accessibility::focus(const WindowElementRef &) {}
+
 } // namespace Panorel::X11

@@ -24,6 +24,8 @@ public:
                std::optional<Size> size) override;
     FrameReading readFrame(const WindowElementRef &window) override;
     void raise(const std::vector<WindowElementRef> &backToFront) override;
+    WindowElementRef focusedWindow() override;
+    void focus(const WindowElementRef &window) override;
 
 private:
     ClientRegistry &m_registry;

@@ -30,4 +30,10 @@ std::vector<RunningApplication> X11Workspace::runningApplications()
     return list;
 }
 
+void X11Workspace::hide(ProcessIdentifier) {}
+
+void X11Workspace::unhide(ProcessIdentifier) {}
+
+void X11Workspace::setLaunchCallback(std::function<void(const RunningApplication &)>) {}
+
 } // namespace Panorel::X11

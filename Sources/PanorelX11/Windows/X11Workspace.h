@@ -15,6 +15,9 @@ public:
     /// any other.
     std::vector<RunningApplication> runningApplications() override;
     ProcessIdentifier ownProcessIdentifier() const override { return ApplicationNumbers::own; }
+    void hide(ProcessIdentifier pid) override;
+    void unhide(ProcessIdentifier pid) override;
+    void setLaunchCallback(std::function<void(const RunningApplication &)> launched) override;
 
 private:
     ClientRegistry &m_registry;
