@@ -142,7 +142,8 @@ void RestoreTest::everyStateAndDesktopIsLeftAsItIs()
     session.setStateAndWait(film, true, fullScreen);
     session.probe.minimise(away.window());
     require([&] { return probe.hasState(away.window(), minimised); }, minimised);
-    session.activateAndWait(here);
+    session.probe.activate(here.window()); // the full-screen window may stay above it
+    require([&] { return probe.activeWindow() == here.window(); }, "the focus");
     QCOMPARE(session.capture().windows.size(), 2u);
     session.moveAndWait(there, {700, 300, 500, 380});
     session.moveAndWait(here, {900, 400, 420, 310});
