@@ -2,6 +2,7 @@
 #include "Contracts/HotKeysContract.h"
 #include "Contracts/ScreensContract.h"
 #include "Contracts/UserDefaultsContract.h"
+#include "Contracts/WorkspaceContract.h"
 #include "Support/InMemoryPlatform.h"
 
 #include <QTest>
@@ -23,20 +24,38 @@ public:
 
     QString open(const QString &application, const Rect &frame) override
     {
-        if (!m_pids.contains(application))
-            m_pids[application] = platform.desktop.launch(bundleID(application), application);
+        const bool isNew = !m_pids.contains(application);
+        if (isNew)
+            m_pids[application] = platform.desktop.add(bundleID(application), application);
         const QString title = QStringLiteral("%1 %2").arg(application).arg(m_numbers.size() + 1);
         m_numbers[title] = platform.desktop.open(m_pids[application], title, frame);
+        if (isNew)
+            platform.desktop.announceLaunch(m_pids[application]);
         return title;
     }
-    void close(const QString &title) override { platform.desktop.close(m_numbers.at(title)); }
-    void minimize(const QString &title) override { window(title).isMinimized = true; }
+    void close(const QString &title) override
+    {
+        const QString application = title.section(u' ', 0, 0);
+        const auto pid = m_pids.at(application);
+        platform.desktop.close(m_numbers.at(title));
+        if (!platform.desktop.windows(pid).empty())
+            return;
+        platform.desktop.quit(pid);
+        m_pids.erase(application);
+    }
+    void minimize(const QString &title) override { platform.desktop.minimize(m_numbers.at(title)); }
+    void restore(const QString &title) override { platform.desktop.activate(m_numbers.at(title)); }
+    bool isOnScreen(const QString &title) override { return window(title).isVisible(); }
     void makeFullScreen(const QString &title) override { window(title).isFullScreen = true; }
     QString bundleID(const QString &application) const override
     {
         return QStringLiteral("org.example.") + application;
     }
-    QString focused() override { return {}; }
+    QString focused() override
+    {
+        const auto number = platform.desktop.focused;
+        return number ? platform.desktop.window(*number).title.value() : QString();
+    }
     void plugSecondDisplay() override
     {
         platform.display.plug(QStringLiteral("Second"), {1920, 0, 1280, 1024}, 2);
@@ -89,10 +108,11 @@ int main(int argc, char **argv)
     const QCoreApplication application(argc, argv);
     InMemoryRig rig;
     AccessibilityContract windows(rig);
+    WorkspaceContract workspace(rig);
     ScreensContract screens(rig);
     UserDefaultsContract defaults(rig.platform.defaults);
     InMemoryKeyboard keyboard;
     HotKeysContract hotKeys(keyboard);
-    return QTest::qExec(&windows) + QTest::qExec(&screens) + QTest::qExec(&defaults)
-           + QTest::qExec(&hotKeys);
+    return QTest::qExec(&windows) + QTest::qExec(&workspace) + QTest::qExec(&screens)
+           + QTest::qExec(&defaults) + QTest::qExec(&hotKeys);
 }

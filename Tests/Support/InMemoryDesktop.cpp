@@ -19,12 +19,35 @@ InMemoryDesktop::InMemoryDesktop()
                               false});
 }
 
+ProcessIdentifier InMemoryDesktop::add(const std::optional<QString> &bundleID,
+                                       const std::optional<QString> &name, ActivationPolicy policy)
+{
+    m_applications.push_back({m_nextPID, policy, bundleID, name, false});
+    return m_nextPID++;
+}
+
 ProcessIdentifier InMemoryDesktop::launch(const QString &bundleID,
                                           const std::optional<QString> &name,
                                           ActivationPolicy policy)
 {
-    m_applications.push_back({m_nextPID, policy, bundleID, name, false});
-    return m_nextPID++;
+    const ProcessIdentifier pid = add(bundleID, name, policy);
+    announceLaunch(pid);
+    return pid;
+}
+
+void InMemoryDesktop::announceLaunch(ProcessIdentifier pid)
+{
+    const RunningApplication launched = *findApplication(pid);
+    if (m_launched)
+        m_launched(launched);
+}
+
+void InMemoryDesktop::quit(ProcessIdentifier pid)
+{
+    m_windows.remove_if([=](const InMemoryWindow &window) { return window.pid == pid; });
+    std::erase_if(m_applications,
+                  [=](const RunningApplication &running) { return running.pid == pid; });
+    passFocusOn();
 }
 
 int InMemoryDesktop::open(ProcessIdentifier pid, const QString &title, const Rect &frame)
@@ -35,12 +58,47 @@ int InMemoryDesktop::open(ProcessIdentifier pid, const QString &title, const Rec
     window.title = title;
     window.frame = frame;
     m_windows.push_front(window);
+    focused = window.number;
     return window.number;
 }
 
 void InMemoryDesktop::close(int number)
 {
     m_windows.remove_if([=](const InMemoryWindow &window) { return window.number == number; });
+    passFocusOn();
+}
+
+void InMemoryDesktop::minimize(int number)
+{
+    window(number).isMinimized = true;
+    passFocusOn();
+}
+
+void InMemoryDesktop::activate(int number)
+{
+    window(number).isMinimized = window(number).isHidden = false;
+    moveToFront(number);
+    focused = number;
+}
+
+void InMemoryDesktop::moveToFront(int number)
+{
+    m_windows.splice(m_windows.begin(), m_windows,
+                     std::ranges::find(m_windows, number, &InMemoryWindow::number));
+}
+
+/// The frontmost window that can have it gets the focus of one that can't keep it.
+void InMemoryDesktop::passFocusOn()
+{
+    const auto canHaveIt = [](const InMemoryWindow &window) {
+        return window.isVisible() && window.layer == 0;
+    };
+    const auto holder = std::ranges::find_if(
+        m_windows, [this](const InMemoryWindow &window) { return window.number == focused; });
+    if (holder != m_windows.end() && canHaveIt(*holder))
+        return;
+    const auto next = std::ranges::find_if(m_windows, canHaveIt);
+    focused = next == m_windows.end() ? std::nullopt : std::optional(next->number);
 }
 
 InMemoryWindow &InMemoryDesktop::window(int number)
@@ -116,30 +174,60 @@ void InMemoryDesktop::raise(const std::vector<WindowElementRef> &backToFront)
         if (!window)
             continue;
         journal.append(QStringLiteral("raise %1").arg(window->number));
-        const auto place = std::ranges::find(m_windows, window->number, &InMemoryWindow::number);
-        m_windows.splice(m_windows.begin(), m_windows, place);
+        moveToFront(window->number);
     }
 }
 
 WindowElementRef InMemoryDesktop::focusedWindow()
 {
-    return focused ? std::make_shared<Element>(*focused) : nullptr;
+    const bool isOwn = focused && window(*focused).pid == ownPID;
+    return focused && !isOwn ? std::make_shared<Element>(*focused) : nullptr;
 }
 
 void InMemoryDesktop::focus(const WindowElementRef &element)
 {
-    if (const InMemoryWindow *window = find(element))
-        focused = window->number;
+    const InMemoryWindow *window = find(element);
+    if (!window || !window->isVisible())
+        return;
+    journal.append(QStringLiteral("focus %1").arg(window->number));
+    focused = window->number;
+}
+
+RunningApplication *InMemoryDesktop::findApplication(ProcessIdentifier pid)
+{
+    const auto found = std::ranges::find(m_applications, pid, &RunningApplication::pid);
+    return found == m_applications.end() ? nullptr : &*found;
+}
+
+std::vector<RunningApplication> InMemoryDesktop::runningApplications()
+{
+    // A window that the user has brought back shows that the application isn't hidden any more.
+    for (const InMemoryWindow &window : m_windows) {
+        if (RunningApplication *owner = findApplication(window.pid); owner && window.isVisible())
+            owner->isHidden = false;
+    }
+    return m_applications;
 }
 
 void InMemoryDesktop::hide(ProcessIdentifier pid)
 {
-    std::ranges::find(m_applications, pid, &RunningApplication::pid)->isHidden = true;
+    journal.append(QStringLiteral("hide %1").arg(pid));
+    RunningApplication *application = findApplication(pid);
+    if (!application || refusingToHide.contains(pid))
+        return;
+    application->isHidden = true;
+    for (InMemoryWindow &window : m_windows)
+        window.isHidden |= window.pid == pid && !window.isMinimized;
+    passFocusOn();
 }
 
 void InMemoryDesktop::unhide(ProcessIdentifier pid)
 {
-    std::ranges::find(m_applications, pid, &RunningApplication::pid)->isHidden = false;
+    journal.append(QStringLiteral("unhide %1").arg(pid));
+    if (RunningApplication *application = findApplication(pid))
+        application->isHidden = false;
+    for (InMemoryWindow &window : m_windows)
+        window.isHidden &= window.pid != pid;
 }
 
 std::optional<std::vector<WindowListEntry>> InMemoryDesktop::onScreenWindows()
@@ -150,7 +238,7 @@ std::optional<std::vector<WindowListEntry>> InMemoryDesktop::onScreenWindows()
         return {};
     std::vector<WindowListEntry> entries;
     for (const InMemoryWindow &window : m_windows) {
-        if (window.isMinimized || !window.isOnScreen)
+        if (!window.isVisible() || !window.isOnScreen)
             continue;
         const Rect bounds =
             Rect::of({window.frame.x + window.boundsOff.x, window.frame.y + window.boundsOff.y},

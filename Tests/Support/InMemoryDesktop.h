@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include <list>
+#include <set>
 
 namespace Panorel {
 
@@ -18,6 +19,9 @@ struct InMemoryWindow {
     Rect frame;
     bool isMinimized = false;
     bool isFullScreen = false;
+    bool isHidden = false; ///< hide() took it away
+
+    bool isVisible() const { return !isMinimized && !isHidden; }
 
     // As the window list shows it.
     bool isOnScreen = true;
@@ -45,19 +49,31 @@ public:
 
     InMemoryDesktop();
 
+    /// Starts an application and says so at once, before it has a window.
     ProcessIdentifier launch(const QString &bundleID, const std::optional<QString> &name,
                              ActivationPolicy policy = ActivationPolicy::Regular);
-    /// The new window is the frontmost. Returns its number.
+    /// The same in two steps: what is opened in between is there when the launch is told.
+    ProcessIdentifier add(const std::optional<QString> &bundleID,
+                          const std::optional<QString> &name,
+                          ActivationPolicy policy = ActivationPolicy::Regular);
+    void announceLaunch(ProcessIdentifier pid);
+    void quit(ProcessIdentifier pid);
+
+    /// The new window is the frontmost and has the focus. Returns its number.
     int open(ProcessIdentifier pid, const QString &title, const Rect &frame);
     void close(int number);
+    void minimize(int number);
+    /// The user clicks the window in the task bar: it is visible, in front, and has the focus.
+    void activate(int number);
     InMemoryWindow &window(int number);
     std::vector<RunningApplication> &applications() { return m_applications; }
 
     bool trusted = true;
     bool listReadable = true;
     int prompts = 0;
-    std::optional<int> focused;          ///< the number of the window with the focus
-    QStringList journal;                 ///< "position 3", "size 3", "raise 3", in order
+    std::optional<int> focused; ///< the number of the window with the focus
+    std::set<ProcessIdentifier> refusingToHide;
+    QStringList journal; ///< "position 3", "size 3", "raise 3", "hide 100", ..., in order
     std::function<void()> duringReading; ///< called at every reading of the window list
 
     // AccessibilityPort
@@ -75,7 +91,7 @@ public:
     std::optional<std::vector<WindowListEntry>> onScreenWindows() override;
 
     // WorkspacePort
-    std::vector<RunningApplication> runningApplications() override { return m_applications; }
+    std::vector<RunningApplication> runningApplications() override;
     ProcessIdentifier ownProcessIdentifier() const override { return ownPID; }
     void hide(ProcessIdentifier pid) override;
     void unhide(ProcessIdentifier pid) override;
@@ -86,6 +102,9 @@ public:
 
 private:
     InMemoryWindow *find(const WindowElementRef &element);
+    RunningApplication *findApplication(ProcessIdentifier pid);
+    void moveToFront(int number);
+    void passFocusOn();
 
     std::vector<RunningApplication> m_applications;
     std::function<void(const RunningApplication &)> m_launched;
