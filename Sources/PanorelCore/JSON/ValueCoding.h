@@ -13,6 +13,7 @@
 #include <concepts>
 #include <map>
 #include <optional>
+#include <set>
 #include <tuple>
 #include <vector>
 
@@ -77,6 +78,7 @@ QJsonValue write(Instant value);
 QJsonValue write(const Rect &value);
 QJsonValue write(const std::map<QString, QString> &value);
 template <typename Element> QJsonValue write(const std::vector<Element> &elements);
+template <typename Element> QJsonValue write(const std::set<Element> &elements);
 template <FieldedRecord Record> QJsonValue write(const Record &record);
 
 void read(const QJsonValue &json, bool &value, const CodingPath &path);
@@ -92,6 +94,8 @@ template <typename Value>
 void read(const QJsonValue &json, std::optional<Value> &value, const CodingPath &path);
 template <typename Element>
 void read(const QJsonValue &json, std::vector<Element> &elements, const CodingPath &path);
+template <typename Element>
+void read(const QJsonValue &json, std::set<Element> &elements, const CodingPath &path);
 template <FieldedRecord Record>
 void read(const QJsonValue &json, Record &record, const CodingPath &path);
 
@@ -105,6 +109,12 @@ template <typename Element> QJsonValue write(const std::vector<Element> &element
     for (const Element &element : elements)
         array.append(write(element));
     return array;
+}
+
+/// As an array in ascending order.
+template <typename Element> QJsonValue write(const std::set<Element> &elements)
+{
+    return write(std::vector<Element>(elements.begin(), elements.end()));
 }
 
 template <typename Record, typename Value>
@@ -143,6 +153,15 @@ void read(const QJsonValue &json, std::vector<Element> &elements, const CodingPa
     elements.reserve(size_t(array.size()));
     for (qsizetype i = 0; i < array.size(); ++i)
         read(array.at(i), elements.emplace_back(), CodingPath(path, i));
+}
+
+/// From an array in any order; what stands there twice counts once.
+template <typename Element>
+void read(const QJsonValue &json, std::set<Element> &elements, const CodingPath &path)
+{
+    std::vector<Element> list;
+    read(json, list, path);
+    elements = {list.begin(), list.end()};
 }
 
 template <typename Record, typename Value>
