@@ -1,0 +1,155 @@
+#include "PanorelCore/Triggers/TriggerStore.h"
+#include "PanorelCore/Triggers/VideoLinkDetector.h"
+#include "Support/TestDataDir.h"
+
+#include <QFile>
+#include <QTest>
+
+using namespace Panorel;
+
+namespace {
+
+const QString triggersFile = QStringLiteral("triggers.json");
+const QUuid first(QStringLiteral("{0a0b0c0d-0000-4000-8000-00000000000f}"));
+const QUuid second(QStringLiteral("{0a0b0c0d-0000-4000-8000-00000000000e}"));
+
+TriggerRecord daily(const QUuid &id, qint64 hour)
+{
+    return {id, {}, {TimeTrigger{hour, 0, {}}}, true};
+}
+
+/// A file with one trigger of that kind.
+QByteArray fileWith(const QByteArray &kind)
+{
+    return R"([{"id": "0A0B0C0D-0000-4000-8000-00000000000F", "enabled": true, "kind": )" + kind
+           + R"(, "sceneID": "00000000-0000-0000-0000-000000000000", "future": 1}])";
+}
+
+} // namespace
+
+class TriggersTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void triggersStandInTheOrderAdded()
+    {
+        TestDataDir dir;
+        TriggerStore store(dir.log, dir.clock);
+        store.update(daily(first, 1));
+        QCOMPARE(dir.names(), QStringList()); // nothing to update, nothing saved
+        store.add(daily(first, 1));
+        store.add(daily(second, 2));
+        store.add(daily(first, 3)); // a copy by hand has the same id
+        store.update(daily(first, 4));
+        const std::vector expected{daily(first, 4), daily(second, 2), daily(first, 3)};
+        QVERIFY(store.all() == expected);
+        QVERIFY(TriggerStore(dir.log, dir.clock).all() == expected);
+
+        QVERIFY(QFile::remove(dir.path(triggersFile)));
+        store.update(daily(QUuid::createUuid(), 5));
+        QVERIFY(!QFile::exists(dir.path(triggersFile)));
+        store.remove(store.all()[0].id); // both, though the id goes with the first
+        store.remove(QUuid::createUuid());
+        QVERIFY(TriggerStore(dir.log, dir.clock).all() == std::vector{daily(second, 2)});
+    }
+
+    void bothKindsAreWrittenInOneWay()
+    {
+        const std::vector<TriggerRecord> triggers{
+            {first, second, {TimeTrigger{9, 30, {6, 2, 4}}}, true},
+            {second, first, {CalendarVideoTrigger{2}}, false}};
+        const QByteArray written = PanorelJSON::encoder().encode(triggers);
+        QCOMPARE(written.simplified(), QByteArray(R"([
+            { "enabled": true, "id": "0A0B0C0D-0000-4000-8000-00000000000F",
+              "kind": { "time": { "hour": 9, "minute": 30, "weekdays": [ 2, 4, 6 ] } },
+              "sceneID": "0A0B0C0D-0000-4000-8000-00000000000E" },
+            { "enabled": false, "id": "0A0B0C0D-0000-4000-8000-00000000000E",
+              "kind": { "calendarVideo": { "leadMinutes": 2 } },
+              "sceneID": "0A0B0C0D-0000-4000-8000-00000000000F" } ])")
+                                           .simplified());
+        QVERIFY(PanorelJSON::decoder().decode<std::vector<TriggerRecord>>(written) == triggers);
+    }
+
+    void numbersAreKeptAsTheyStand()
+    {
+        constexpr qint64 least = std::numeric_limits<qint64>::min();
+        const std::pair<const char *, TriggerKind> kinds[] = {
+            {R"({"time": {"hour": 99, "minute": -1, "weekdays": [9], "x": 0}})",
+             {TimeTrigger{99, -1, {9}}}},
+            {R"({"time": {"hour": 9, "minute": 30, "weekdays": [6, 2, 6.0]}, "tides": {}})",
+             {TimeTrigger{9, 30, {2, 6}}}},
+            {R"({"calendarVideo": {"leadMinutes": -9223372036854775808}})",
+             {CalendarVideoTrigger{least}}},
+        };
+        for (const auto &[kind, expected] : kinds) {
+            TestDataDir dir;
+            dir.write(triggersFile, fileWith(kind));
+            const TriggerStore store(dir.log, dir.clock);
+            QVERIFY2(store.all() == (std::vector<TriggerRecord>{{first, {}, expected, true}}),
+                     kind);
+        }
+    }
+
+    void aFileThatCannotBeUnderstoodIsMovedAside()
+    {
+        const QByteArray notOne = "Invalid number of keys found, expected one. at [0].kind";
+        const std::pair<const char *, QByteArray> kinds[] = {
+            {R"({})", notOne},
+            {R"({"tides": {"leadMinutes": 2}})", notOne},
+            {R"({"time": {"hour": 9, "minute": 0, "weekdays": []}, "calendarVideo": {}})", notOne},
+            {R"("time")", "expected an object at [0].kind"},
+            {R"({"time": null})", "expected an object at [0].kind.time"},
+            {R"({"time": {"hour": 9, "minute": 0}})", "missing key at [0].kind.time.weekdays"},
+            {R"({"time": {"hour": 9.5, "minute": 0, "weekdays": []}})",
+             "expected an integer at [0].kind.time.hour"},
+            {R"({"time": {"hour": 9, "minute": 0, "weekdays": [2, "3"]}})",
+             "expected an integer at [0].kind.time.weekdays[1]"},
+            {R"({"calendarVideo": {"leadMinutes": "2"}})",
+             "expected an integer at [0].kind.calendarVideo.leadMinutes"},
+        };
+        for (const auto &[kind, fault] : kinds) {
+            TestDataDir dir;
+            dir.write(triggersFile, fileWith(kind));
+            QVERIFY2(TriggerStore(dir.log, dir.clock).all().empty(), kind);
+            QVERIFY2(!QFile::exists(dir.path(triggersFile)), kind);
+            QVERIFY2(dir.logged().join(u'\n').contains(QString::fromLatin1(fault)), kind);
+        }
+    }
+
+    void aTriggerIsDescribed()
+    {
+        const std::pair<TriggerKind, const char *> kinds[] = {
+            {{TimeTrigger{9, 5, {6, 2, 4}}}, "At 9:05 on Mon, Wed, Fri"},
+            {{TimeTrigger{0, 0, {}}}, "At 0:00 every day"},
+            {{TimeTrigger{18, 30, {2, 3, 4, 5, 6}}}, "At 18:30 every weekday"},
+            {{TimeTrigger{8, 0, {1, 2, 3, 4, 5, 6, 7}}},
+             "At 8:00 on Sun, Mon, Tue, Wed, Thu, Fri, Sat"},
+            {{TimeTrigger{8, 0, {0, 1, 7, 8}}}, "At 8:00 on Sun, Sat"},
+            {{CalendarVideoTrigger{-3}}, "When a video meeting starts (-3 min before)"},
+        };
+        for (const auto &[kind, expected] : kinds)
+            QCOMPARE(kind.description(), QString::fromLatin1(expected));
+    }
+
+    void onlyTimesThatExistCanFire()
+    {
+        for (const TimeTrigger &never :
+             {TimeTrigger{24, 0, {}}, TimeTrigger{-1, 0, {}}, TimeTrigger{0, 60, {}},
+              TimeTrigger{0, -1, {}}, TimeTrigger{9, 0, {0, 8}}})
+            QVERIFY2(!never.canFire(), qPrintable(TriggerKind{never}.description()));
+        QVERIFY((TimeTrigger{23, 59, {}}).canFire() && (TimeTrigger{0, 0, {-1, 7}}).canFire());
+    }
+
+    void meetingHostsAreFoundAnywhereInAText()
+    {
+        for (const char *link :
+             {"https://us02web.zoom.us/j/1?pwd=x", "(MEET.GOOGLE.COM/abc)", "teams.microsoft.com",
+              "a\nteams.live.com/meet", "x.Webex.com/m", "at facetime.apple.com#v=1"})
+            QVERIFY2(VideoLinkDetector::containsVideoLink(QString::fromLatin1(link)), link);
+        for (const char *none : {"", "zoomXus", "Zoom us in", "meet.google", "webex-com"})
+            QVERIFY2(!VideoLinkDetector::containsVideoLink(QString::fromLatin1(none)), none);
+    }
+};
+
+QTEST_GUILESS_MAIN(TriggersTests)
+#include "TriggersTests.moc"
