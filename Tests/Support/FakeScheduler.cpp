@@ -19,11 +19,23 @@ void FakeScheduler::advance(std::chrono::milliseconds by)
             break;
         Task &task = **next;
         m_clock.set(std::max(m_clock.now(), task.due)); // late, where the test moved the clock
-        const auto action = task.action;                // may destroy its own task
-        task.due = task.interval.count() > 0 ? task.due + task.interval : Instant::max();
-        action();
+        run(task);
     }
     m_clock.set(end);
+}
+
+std::vector<Instant> FakeScheduler::due() const
+{
+    std::vector<Instant> moments;
+    std::ranges::transform(m_tasks, std::back_inserter(moments), &Task::due);
+    return moments;
+}
+
+void FakeScheduler::run(Task &task)
+{
+    const auto action = task.action; // may destroy its own task
+    task.due = task.interval.count() > 0 ? task.due + task.interval : Instant::max();
+    action();
 }
 
 } // namespace Panorel

@@ -4,7 +4,9 @@
 #include "PanorelPorts/Scheduler.h"
 #include "Support/TestDataDir.h"
 
+#include <algorithm>
 #include <list>
+#include <vector>
 
 namespace Panorel {
 
@@ -33,6 +35,12 @@ public:
     /// Moves the clock, stopping at every task that comes due on the way.
     void advance(std::chrono::milliseconds by);
 
+    /// Runs what comes next, at the time it is.
+    void runNextEarly() { run(**std::ranges::min_element(m_tasks, {}, &Task::due)); }
+
+    /// When each task will run, in the order made.
+    std::vector<Instant> due() const;
+
 private:
     struct Task final : ScheduledTask {
         Task(FakeScheduler &scheduler, std::chrono::milliseconds delay,
@@ -46,6 +54,8 @@ private:
     private:
         FakeScheduler &m_scheduler;
     };
+
+    static void run(Task &task);
 
     FakeClock &m_clock;
     std::list<Task *> m_tasks; ///< in the order made

@@ -82,7 +82,12 @@ void InMemoryCalendar::events(Instant from, Instant to,
     std::ranges::copy_if(all, std::back_inserter(found), [&](const CalendarEvent &event) {
         return !event.start || (*event.start >= from && *event.start < to);
     });
-    m_waiting.push_back([=] { completion(found); });
+    reply([=] { completion(found); });
+}
+
+void InMemoryCalendar::reply(const std::function<void()> &completion)
+{
+    m_waiting.push_back(completion);
     if (!isSlow)
         answer();
 }

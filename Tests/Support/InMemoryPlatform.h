@@ -100,19 +100,21 @@ public:
     CalendarAuthorization status = CalendarAuthorization::FullAccess;
     Events all;
     int queries = 0;
-    bool isSlow = false; ///< then a query waits for answer()
+    bool isSlow = false; ///< then a query, or a request for access, waits for answer()
 
     void answer();
 
     CalendarAuthorization authorization() override { return status; }
     void requestAccess(std::function<void(bool granted)> completion) override
     {
-        completion(status == CalendarAuthorization::FullAccess);
+        reply([=, this] { completion(status == CalendarAuthorization::FullAccess); });
     }
     void events(Instant from, Instant to,
                 std::function<void(const Events &events)> completion) override;
 
 private:
+    void reply(const std::function<void()> &completion);
+
     std::vector<std::function<void()>> m_waiting;
 };
 
@@ -134,6 +136,7 @@ public:
     QStringList opened;                             ///< the same
     QStringList pictures;                           ///< every desktop picture asked for
     std::map<QString, PreferenceValue> preferences; ///< by "domain key"
+    int desktopSettingsOpened = 0;
     std::optional<bool> registeredAtLogin;
     std::optional<ActivationPolicy> policy;
     std::vector<WindowHandle> onAllDesktops;
@@ -164,7 +167,7 @@ private:
     void open(const QString &location) override { opened << location.mid(6); }
     void setDesktopPicture(const QString &path) override { pictures << path; }
     std::optional<PreferenceValue> value(const QString &domain, const QString &key) override;
-    void openDesktopSettings() override {}
+    void openDesktopSettings() override { ++desktopSettingsOpened; }
     void setActivationPolicy(ActivationPolicy asked) override { policy = asked; }
     bool isComposited() const override { return true; }
     bool hasEmbeddingTray() const override { return true; }
