@@ -1,3 +1,4 @@
+#include "PanorelCore/JSON/PanorelJSON.h"
 #include "PanorelCore/Triggers/TriggerMath.h"
 
 #include <QDateTime>
@@ -22,11 +23,9 @@ Europe/Berlin
 2024-05-13T09:00+02:00; 9:00; -3 0 4 9; 2024-05-15T09:00+02:00; days that are none
 2023-12-31T23:59:59+01:00; 0:00;; 2024-01-01T00:00+01:00; new year
 2024-02-28T12:00+01:00; 11:00;; 2024-02-29T11:00+01:00; leap day
-2024-03-30T12:00+01:00; 1:59;; 2024-03-31T01:59+01:00; last before the jump
 2024-03-30T12:00+01:00; 2:00;; 2024-03-31T03:00+02:00; first left out
 2024-03-30T12:00+01:00; 2:30;; 2024-03-31T03:00+02:00; left out
 2024-03-31T01:59:59+01:00; 2:59;; 2024-03-31T03:00+02:00; last left out
-2024-03-30T12:00+01:00; 3:00;; 2024-03-31T03:00+02:00; first after the jump
 2024-03-31T03:00+02:00; 2:30;; 2024-04-01T02:30+02:00; the left out one is over
 2024-03-30T12:00+01:00; 2:30; 1; 2024-03-31T03:00+02:00; weekday of the jump
 2024-03-30T12:00+01:00; 2:30; 2; 2024-04-01T02:30+02:00; passing over the jump
@@ -34,9 +33,7 @@ Europe/Berlin
 2024-10-26T12:00+02:00; 2:30;; 2024-10-27T02:30+02:00; first of two
 2024-10-27T02:30+02:00; 2:30;; 2024-10-28T02:30+01:00; not the second
 2024-10-27T02:45+02:00; 2:30;; 2024-10-28T02:30+01:00; between the two
-2024-10-27T02:15+01:00; 2:30;; 2024-10-28T02:30+01:00; before the second
 2024-10-27T02:15+01:00; 2:45; 1; 2024-11-03T02:45+01:00; a week after the first
-2024-10-27T02:59:59+02:00; 3:00;; 2024-10-27T03:00+01:00; an hour and a second on
 America/New_York
 2024-03-09T12:00-05:00; 2:30;; 2024-03-10T03:00-04:00; left out
 2024-03-09T03:30-05:00; 3:30;; 2024-03-10T03:30-04:00; a day of 23 hours
@@ -47,13 +44,11 @@ America/Sao_Paulo
 2018-11-03T12:00-03:00; 0:00;; 2018-11-04T01:00-02:00; no midnight
 2018-11-03T12:00-03:00; 0:30; 1; 2018-11-04T01:00-02:00; no midnight, weekday
 2018-11-03T12:00-03:00; 0:30; 7; 2018-11-10T00:30-02:00; not the day before
-2018-02-17T12:00-02:00; 23:30;; 2018-02-17T23:30-02:00; first before midnight
 2018-02-17T23:45-02:00; 23:30;; 2018-02-18T23:30-03:00; not the second
 2018-02-17T23:10-03:00; 23:30; 7; 2018-02-24T23:30-03:00; still Saturday
 2018-02-17T23:30-02:00; 0:00;; 2018-02-18T00:00-03:00; midnight an hour late
 Australia/Lord_Howe
 2024-10-05T12:00+10:30; 2:15;; 2024-10-06T02:30+11:00; half an hour left out
-2024-10-05T12:00+10:30; 2:30;; 2024-10-06T02:30+11:00; half an hour, its end
 2024-04-06T12:00+11:00; 1:45;; 2024-04-07T01:45+11:00; half an hour twice
 2024-04-07T01:50+11:00; 1:45;; 2024-04-08T01:45+10:30; between the two
 Africa/Casablanca
@@ -72,8 +67,6 @@ America/Nuuk
 America/Toronto
 1919-03-30T12:00-05:00; 23:45; 2; 1919-03-31T00:30-04:00; left out over midnight
 1919-03-30T12:00-05:00; 0:15;; 1919-03-31T00:30-04:00; the half after midnight
-Etc/UTC
-2024-06-30T23:59:59+00:00; 23:59;; 2024-07-01T23:59+00:00; no changes at all
 )";
 
 Instant instant(const QString &iso)
@@ -81,53 +74,33 @@ Instant instant(const QString &iso)
     return Instant(QDateTime::fromString(iso, Qt::ISODateWithMs).toMSecsSinceEpoch() * 1ms);
 }
 
-QString text(Instant instant, const QTimeZone &zone)
+QString text(Instant instant)
 {
-    return QDateTime::fromMSecsSinceEpoch(instant.time_since_epoch().count(), zone)
-        .toString(Qt::ISODateWithMs);
+    return PanorelJSON::iso().string(instant);
 }
 
-/// The C library's own reading of a zone.
-class WallClock {
-public:
-    explicit WallClock(const QByteArray &zone)
-    {
-        qputenv("TZ", ":" + zone);
-        tzset();
-    }
-    ~WallClock()
-    {
-        qunsetenv("TZ");
-        tzset();
-    }
-
-    struct Reading {
-        qint64 minute = 0; ///< since 1970 on this clock
-        int weekday = 0;   ///< 1 Sunday
-    };
-    Reading at(qint64 minute) const
-    {
-        const std::time_t moment = minute * 60;
-        std::tm shown = {};
-        localtime_r(&moment, &shown);
-        return {minute + shown.tm_gmtoff / 60, shown.tm_wday + 1};
-    }
-};
-
-/// Minute by minute, from long enough before to know what the clock has shown.
+/// Minute by minute by the C library's clock, from long enough before to know what it has shown.
 Instant walk(Instant after, int minuteOfDay, const std::set<qint64> &weekdays,
-             const WallClock &clock)
+             const QByteArray &zone)
 {
+    qputenv("TZ", ":" + zone);
+    tzset();
+    std::tm tm = {};
+    const auto shownAt = [&tm](qint64 minute) {
+        const std::time_t moment = minute * 60;
+        localtime_r(&moment, &tm);
+        return minute + tm.tm_gmtoff / 60;
+    };
     constexpr qint64 day = 24 * 60;
     qint64 minute = std::chrono::floor<std::chrono::minutes>(after).time_since_epoch() / 1min;
     minute -= 2 * day;
-    for (qint64 latest = clock.at(minute).minute;;) {
-        const auto [shown, weekday] = clock.at(++minute);
+    for (qint64 latest = shownAt(minute);;) {
+        const qint64 shown = shownAt(++minute);
+        const Instant here(minute * 1min);
+        const bool isDue = here > after && (weekdays.empty() || weekdays.contains(tm.tm_wday + 1));
         for (qint64 passed = latest + 1; passed <= shown; ++passed) { // several where it jumps
             const bool isDay = passed / day == latest / day || passed / day == shown / day;
-            const Instant here(minute * 1min);
-            if (isDay && passed % day == minuteOfDay && here > after
-                && (weekdays.empty() || weekdays.contains(weekday)))
+            if (isDue && isDay && passed % day == minuteOfDay)
                 return here;
         }
         latest = std::max(latest, shown);
@@ -170,8 +143,7 @@ private Q_SLOTS:
             const Instant fires = TriggerMath::nextFire(instant(row[0].trimmed()), time.hour(),
                                                         time.minute(), weekdays, zone);
             const Instant expected = instant(row[3].trimmed());
-            QVERIFY2(fires == expected,
-                     qPrintable(line + QStringLiteral(": ") + text(fires, zone)));
+            QVERIFY2(fires == expected, qPrintable(line + QStringLiteral(": ") + text(fires)));
             ++checked;
         }
         QVERIFY(checked >= 40);
@@ -184,8 +156,7 @@ private Q_SLOTS:
         qInfo("seed %u", seed);
         std::mt19937 random(seed);
         QList<QByteArray> zones = QTimeZone::availableTimeZoneIds();
-        zones.removeIf(
-            [](const QByteArray &id) { return id.startsWith("UTC+") || id.startsWith("UTC-"); });
+        zones.removeIf([](const QByteArray &id) { return id.startsWith("UTC"); }); // Qt's own
         for (int round = 0; round < 600; ++round) {
             const QByteArray id = zones[random() % zones.size()];
             const QTimeZone zone(id);
@@ -196,14 +167,12 @@ private Q_SLOTS:
                 weekdays.insert(1 + random() % 7);
             const Instant fires =
                 TriggerMath::nextFire(after, minuteOfDay / 60, minuteOfDay % 60, weekdays, zone);
-            const Instant walked = walk(after, minuteOfDay, weekdays, WallClock(id));
-            const QString about =
-                QStringLiteral("round %1, %2, minute %3 after %4: %5, walked %6")
-                    .arg(round)
-                    .arg(QString::fromLatin1(id))
-                    .arg(minuteOfDay)
-                    .arg(text(after, zone), text(fires, zone), text(walked, zone));
-            QVERIFY2(fires == walked, qPrintable(about));
+            const Instant walked = walk(after, minuteOfDay, weekdays, id);
+            QVERIFY2(fires == walked,
+                     qPrintable(QStringLiteral("%1, minute %2 after %3: %4, not %5")
+                                    .arg(QString::fromLatin1(id))
+                                    .arg(minuteOfDay)
+                                    .arg(text(after), text(fires), text(walked))));
         }
     }
 };
