@@ -1,5 +1,6 @@
 #include "PanorelCore/Stores/AppRuleStore.h"
 #include "PanorelCore/Stores/LayoutStore.h"
+#include "PanorelCore/Stores/PlacementMemory.h"
 #include "PanorelCore/Stores/SceneStore.h"
 #include "PanorelCore/Stores/UsageStore.h"
 #include "Support/TestDataDir.h"
@@ -16,6 +17,7 @@ const QString home = QStringLiteral("home");
 const QString office = QStringLiteral("office");
 const QString layoutsFile = QStringLiteral("layouts.json");
 const QString scenesFile = QStringLiteral("scenes.json");
+const QString placementsFile = QStringLiteral("placements.json");
 const QString usageFile = QStringLiteral("usage.json");
 
 Layout layout(const QString &configID, const QString &name, int windows)
@@ -155,6 +157,37 @@ private Q_SLOTS:
         for (const QString &desk : {home, office, QStringLiteral("garbage")})
             QVERIFY(!reloaded.lastApplied(desk));
         QCOMPARE(reloaded.lastApplied(QStringLiteral("third")), second);
+    }
+
+    void placementsAreKeptForApplicationsThatAreNotRunning()
+    {
+        TestDataDir dir;
+        PlacementMemory memory(dir.log, dir.clock);
+        const auto mail = QStringLiteral("mail");
+        const auto clock = QStringLiteral("clock");
+        const auto window = [](const QString &bundleID, double x) {
+            return WindowRecord{bundleID, bundleID, {}, {}, {x, 0, 50, 50}, qint64(x)};
+        };
+        memory.remember(home, {});
+        QCOMPARE(dir.names(), QStringList());
+        memory.remember(home, {window(mail, 1), window(clock, 2), window(mail, 3)});
+        memory.remember(office, {window(clock, 4)});
+        memory.remember(home, {window(mail, 5)}); // one of two windows was closed, the clock quit
+
+        const PlacementMemory reloaded(dir.log, dir.clock);
+        QVERIFY(reloaded.windows(home, mail) == std::vector{window(mail, 5)});
+        QVERIFY(reloaded.windows(home, clock) == std::vector{window(clock, 2)});
+        QVERIFY(reloaded.windows(office, clock) == std::vector{window(clock, 4)});
+        QVERIFY(reloaded.windows(office, mail).empty());
+
+        QVERIFY(QFile::remove(dir.path(placementsFile)));
+        memory.remember(home, {window(mail, 5)}); // no news
+        memory.forgetDesk(QStringLiteral("nowhere"));
+        QCOMPARE(dir.names(), QStringList());
+        memory.forgetDesk(home);
+        const PlacementMemory after(dir.log, dir.clock);
+        QVERIFY(after.windows(home, mail).empty() && after.windows(home, clock).empty());
+        QCOMPARE(after.windows(office, clock).size(), 1u);
     }
 
     void usageCountsWhatHappens()

@@ -67,6 +67,13 @@ template <> struct Fields<AppRule> {
                         Field{"restoreSize", &R::restoreSize});
 };
 
+template <> struct Fields<AppPlacement> {
+    using R = AppPlacement;
+    static constexpr auto table =
+        std::make_tuple(Field{"configID", &R::configID}, Field{"bundleID", &R::bundleID},
+                        Field{"windows", &R::windows});
+};
+
 template <> struct Fields<UsageData> {
     using R = UsageData;
     static constexpr auto table = std::make_tuple(

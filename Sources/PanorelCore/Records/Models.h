@@ -110,6 +110,16 @@ struct AppRule {
     bool operator==(const AppRule &) const = default;
 };
 
+/// Where one application's windows were on one desk when it last ran there. placements.json holds
+/// a list of these.
+struct AppPlacement {
+    QString configID;
+    QString bundleID;
+    std::vector<WindowRecord> windows; ///< all of that application
+
+    bool operator==(const AppPlacement &) const = default;
+};
+
 /// The body of usage.json: running totals, shown to the user.
 struct UsageData {
     std::vector<QString> deskIDs; ///< in the order first seen
