@@ -1,0 +1,123 @@
+#include "PanorelCore/Stores/AppRuleStore.h"
+#include "PanorelCore/Stores/SceneStore.h"
+#include "PanorelCore/Stores/UsageStore.h"
+#include "PanorelEngine/Scenes/SceneApplier.h"
+#include "PanorelEngine/Windows/RestoreEngine.h"
+#include "PanorelEngine/Windows/WindowSnapshotter.h"
+#include "Support/InMemoryPlatform.h"
+#include "Support/TestDataDir.h"
+
+#include <QTest>
+
+using namespace Panorel;
+
+namespace {
+
+const QString editorID = QStringLiteral("editor");
+const QString mailID = QStringLiteral("mail");
+const QString musicID = QStringLiteral("music");
+
+/// An editor and a mail program run, the mail in front; a scene shows the editor alone.
+struct Desk {
+    TestDataDir dir;
+    InMemoryPlatform platform;
+    InMemoryDesktop &desktop = platform.desktop;
+    AppRuleStore rules{dir.log, dir.clock};
+    SceneStore scenes{dir.log, dir.clock};
+    UsageStore usage{dir.log, dir.clock};
+    WindowSnapshotter snapshotter{desktop, desktop, desktop};
+    RestoreEngine engine{rules, snapshotter, desktop, dir.log, dir.clock};
+    SceneApplier applier{
+        engine, scenes, usage, desktop, platform.launcher(), platform.desktopPicture(), dir.log};
+    ProcessIdentifier editor = desktop.add(editorID, QStringLiteral("Editor"));
+    ProcessIdentifier mail = desktop.add(mailID, QStringLiteral("Mail"));
+    int notes = desktop.open(editor, QStringLiteral("Notes"), {100, 100, 400, 300});
+    int inbox = desktop.open(mail, QStringLiteral("Inbox"), {600, 100, 500, 400});
+    SceneRecord scene = sceneOf(editorID, QStringLiteral("Notes"), {10, 20, 410, 310});
+
+    static SceneRecord sceneOf(const QString &bundleID, const QString &title, const Rect &frame)
+    {
+        SceneRecord scene;
+        scene.id = QUuid::createUuid();
+        scene.configID = QStringLiteral("home");
+        scene.name = QStringLiteral("Writing");
+        scene.layout.windows = {{bundleID, bundleID, title, {}, frame, 0}};
+        return scene;
+    }
+    std::vector<WindowRecord> onScreen() { return snapshotter.snapshot({}); }
+};
+
+} // namespace
+
+class SceneApplierTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theScenesWindowsComeForwardAndTheRestStays()
+    {
+        Desk desk;
+        const RestoreReport report = desk.applier.apply(desk.scene, false);
+        QCOMPARE(report.restored, 1);
+        const auto windows = desk.onScreen();
+        QCOMPARE(windows.size(), 2u);
+        QVERIFY(windows[0].frame == (Rect{10, 20, 400, 300}));
+        QVERIFY(windows[1].frame == (Rect{600, 100, 500, 400}));
+        QVERIFY(desk.platform.pictures.isEmpty() && desk.platform.opened.isEmpty());
+        QCOMPARE(desk.scenes.lastApplied(QStringLiteral("home")), desk.scene.id);
+        QCOMPARE(desk.usage.data().sceneSwitches, 1);
+        QCOMPARE(desk.dir.logged().last(),
+                 QStringLiteral("scene applied: Writing, ") + report.summary());
+        desk.applier.apply(desk.scene, true);
+        QVERIFY(desk.onScreen()[0].frame == (Rect{10, 20, 410, 310}));
+    }
+
+    void missingApplicationsAreStartedWhereTheyAreInstalled()
+    {
+        Desk desk;
+        for (const QString &bundleID : {mailID, musicID, musicID, QStringLiteral("unknown")})
+            desk.scene.layout.windows.push_back({bundleID, bundleID, {}, {}, {}, 1});
+        desk.desktop.applications().back().policy = ActivationPolicy::Accessory; // runs, too
+        desk.platform.installed = {editorID, mailID, musicID};
+        desk.applier.apply(desk.scene, true);
+        QVERIFY(desk.platform.opened.isEmpty()); // not asked for
+        desk.scene.opensMissingApps = true;
+        const RestoreReport report = desk.applier.apply(desk.scene, true);
+        QCOMPARE(desk.platform.opened, QStringList{musicID});
+        QVERIFY(report.notes.contains(QStringLiteral("skipped: music, app not running")));
+    }
+
+    void whatIsNotOfTheSceneIsHidden()
+    {
+        Desk desk;
+        const auto nameless = desk.desktop.add({}, {});
+        const auto applet =
+            desk.desktop.add(QStringLiteral("applet"), {}, ActivationPolicy::Accessory);
+        desk.desktop.applications().front().policy = ActivationPolicy::Regular; // this program
+        desk.scene.hidesOtherApps = true;
+        desk.scene.wallpaperPath = QStringLiteral("/pictures/sea.png");
+        desk.applier.apply(desk.scene, true);
+        std::set<ProcessIdentifier> hidden;
+        for (const RunningApplication &running : desk.desktop.runningApplications()) {
+            if (running.isHidden)
+                hidden.insert(running.pid);
+        }
+        QVERIFY(hidden == (std::set{desk.mail, nameless}));
+        QVERIFY(!hidden.contains(applet));
+        QCOMPARE(desk.platform.pictures, QStringList{QStringLiteral("/pictures/sea.png")});
+    }
+
+    void scenesThatHideEachOthersApplicationsCanBeSwitched()
+    {
+        Desk desk;
+        SceneRecord other = Desk::sceneOf(mailID, QStringLiteral("Inbox"), {50, 60, 510, 410});
+        desk.scene.hidesOtherApps = other.hidesOtherApps = true;
+        for (const SceneRecord &scene : {desk.scene, other, desk.scene}) {
+            desk.applier.apply(scene, true);
+            QCOMPARE(desk.onScreen().size(), 1u);
+            QVERIFY(desk.onScreen()[0].frame == scene.layout.windows[0].frame);
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(SceneApplierTests)
+#include "SceneApplierTests.moc"
