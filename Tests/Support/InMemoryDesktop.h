@@ -41,9 +41,7 @@ struct InMemoryWindow {
 /// Applications and windows in memory, behind the three ports through which the engines see a
 /// desktop. Shares the real ones' redundancy: a window is listed twice, by its application and by
 /// the window server.
-class InMemoryDesktop final : public AccessibilityPort,
-                              public WindowListPort,
-                              public WorkspacePort {
+class InMemoryDesktop : public AccessibilityPort, public WindowListPort, public WorkspacePort {
 public:
     static constexpr ProcessIdentifier ownPID = 1;
 
