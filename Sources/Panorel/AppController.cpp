@@ -14,12 +14,6 @@ namespace {
 constexpr std::chrono::seconds learnInterval(90);
 constexpr std::chrono::minutes longestEnd(10);
 
-namespace HotKeyID {
-const QString restore = QStringLiteral("restore");
-const QString saveLayout = QStringLiteral("savelayout");
-const QString undo = QStringLiteral("undo");
-} // namespace HotKeyID
-
 /// A preference that is no usable number counts as the default.
 double usableSettleSeconds(double stored)
 {
@@ -31,11 +25,40 @@ double usableSettleSeconds(double stored)
 AppController::AppController(PanelModel &panelModel, const AppServices &services)
     : m_panelModel(panelModel), m_services(services), m_layouts(services.log, services.clock),
       m_scenes(services.log, services.clock), m_usage(services.log, services.clock),
-      m_rules(services.log, services.clock), m_permission(services.platform.accessibility()),
+      m_rules(services.log, services.clock), m_triggers(services.log, services.clock),
+      m_placements(services.log, services.clock), m_permission(services.platform.accessibility()),
       m_snapshotter(services.platform.accessibility(), services.platform.windowList(),
                     services.platform.workspace()),
       m_engine(m_rules, m_snapshotter, services.platform.accessibility(), services.log,
-               services.clock)
+               services.clock),
+      m_learner(m_snapshotter, services.displayWatcher, m_layouts, m_placements, m_usage,
+                services.clock),
+      m_sceneApplier(m_engine, m_scenes, m_usage, services.platform.workspace(),
+                     services.platform.launcher(), services.platform.desktopPicture(),
+                     services.log),
+      m_stash(m_engine, m_usage, m_snapshotter, services.platform.accessibility(),
+              services.platform.workspace(), services.scheduler, services.log, services.clock,
+              [this](const QString &configID) { return m_layouts.layoutFor(configID); }),
+      m_launchPlacement(
+          m_layouts, m_rules, m_placements, services.platform.accessibility(),
+          services.platform.workspace(), services.scheduler, services.log,
+          [this] {
+              refreshWhileSettling();
+              return m_services.displayWatcher.configID();
+          },
+          [this] { return m_services.prefs.enabled() && m_services.prefs.placeNewApps(); }),
+      m_timeTriggers(m_triggers, services.platform.alarm(), services.log, services.clock,
+                     [this](const TriggerRecord &trigger) { applyScene(trigger.sceneID); }),
+      m_calendarMonitor(
+          m_triggers, services.platform.calendar(), services.scheduler, services.log,
+          services.clock,
+          [this](const TriggerRecord &trigger, const QString &) { applyScene(trigger.sceneID); }),
+      m_keys(services, m_scenes,
+             {.stash = [this] { toggleStash(); },
+              .restore = [this] { restoreNow(); },
+              .saveLayout = [this] { saveLayoutNow(); },
+              .undo = [this] { undoLastRestore(); },
+              .applyScene = [this](const QUuid &id) { applyScene(id); }})
 {
     installPanelActions();
 
@@ -48,16 +71,20 @@ AppController::AppController(PanelModel &panelModel, const AppServices &services
     m_learnTimer = m_services.scheduler.repeat(learnInterval, [this] { learn(); });
     learn();
     reloadHotKeys();
+    m_timeTriggers.reload();
+    m_calendarMonitor.start();
+    m_launchPlacement.start();
     refreshPanel();
 }
 
 AppController::~AppController()
 {
     m_services.displayWatcher.setOnDeskSettled({});
-    for (const auto &id : {HotKeyID::restore, HotKeyID::saveLayout, HotKeyID::undo})
-        m_services.hotKeys.unregister(id);
     m_panelModel.onRestoreNow = {};
     m_panelModel.onUndo = {};
+    m_panelModel.onStash = {};
+    m_panelModel.onApplyScene = {};
+    m_panelModel.onSaveScene = {};
     m_panelModel.onGrantPermission = {};
     m_panelModel.onOpening = {};
 }
@@ -66,6 +93,9 @@ void AppController::installPanelActions()
 {
     m_panelModel.onRestoreNow = [this] { restoreNow(); };
     m_panelModel.onUndo = [this] { undoLastRestore(); };
+    m_panelModel.onStash = [this] { toggleStash(); };
+    m_panelModel.onApplyScene = [this](const QUuid &id) { applyScene(id); };
+    m_panelModel.onSaveScene = [this] { saveCurrentAsScene(); };
     m_panelModel.onGrantPermission = [this] { m_permission.promptAccessibility(); };
     m_panelModel.onOpening = [this] { refreshPanel(); };
 }
@@ -74,21 +104,8 @@ void AppController::learn()
 {
     if (!m_services.prefs.enabled() || !hasAccessibility() || !mayLearn())
         return;
-    const DisplayWatcher &watcher = m_services.displayWatcher;
-    std::vector<WindowRecord> snapshot = m_snapshotter.snapshot(watcher.displays());
-    if (snapshot.empty()) // an empty desk never overwrites a learned one
-        return;
-    if (!displaysAreCurrent()) {
-        // The windows may be where the change has thrown them, and its event is still unread.
-        m_services.displayWatcher.scheduleSettle();
-        return;
-    }
-    const Layout *known = currentLayout();
-    if (known && known->windows == snapshot)
-        return;
-    saveAsLayout(std::move(snapshot));
-    m_usage.record(UsageEvents::Desk{watcher.configID()});
-    refreshPanel();
+    if (m_learner.learn())
+        refreshPanel();
 }
 
 /// Logged when it changes: without it nothing happens, and somebody will look for the reason.
@@ -103,20 +120,11 @@ bool AppController::hasAccessibility()
     return granted;
 }
 
-bool AppController::mayLearn() const
+bool AppController::mayLearn()
 {
     const DisplayWatcher &watcher = m_services.displayWatcher;
-    return !m_ending && !m_layoutAwaitsUser && !m_engine.isRestoring() && !watcher.isSettling()
-           && !watcher.displays().empty();
-}
-
-bool AppController::displaysAreCurrent() const
-{
-    const auto same = [](const DisplayInfo &a, const DisplayInfo &b) {
-        return a.uuid == b.uuid && a.edidUUID == b.edidUUID && a.frame == b.frame;
-    };
-    return std::ranges::equal(m_services.displayWatcher.currentDisplays(),
-                              m_services.displayWatcher.displays(), same);
+    return !m_ending && !m_layoutAwaitsUser && !m_engine.isRestoring() && !m_stash.isDeskAway()
+           && !watcher.isSettling() && !watcher.displays().empty();
 }
 
 void AppController::deskSettled(const QString &configID, const std::vector<DisplayInfo> &)
@@ -170,39 +178,68 @@ void AppController::undoLastRestore()
 void AppController::saveLayoutNow()
 {
     refreshWhileSettling();
-    auto snapshot = m_snapshotter.snapshot(m_services.displayWatcher.displays());
-    if (snapshot.empty())
+    const std::size_t count = m_learner.saveNow();
+    if (count == 0)
         return;
-    const std::size_t count = snapshot.size();
-    saveAsLayout(std::move(snapshot));
     m_layoutAwaitsUser = false;
     m_services.log.log(QStringLiteral("hotkey: layout saved (%1 windows)").arg(count));
     refreshPanel();
 }
 
-void AppController::reloadHotKeys()
+void AppController::toggleStash()
 {
-    const Prefs &prefs = m_services.prefs;
-    reloadHotKey(HotKeyID::restore, QStringLiteral("Restore now"), prefs.restoreHotKey(),
-                 &AppController::restoreNow);
-    reloadHotKey(HotKeyID::saveLayout, QStringLiteral("Save layout now"), prefs.saveLayoutHotKey(),
-                 &AppController::saveLayoutNow);
-    reloadHotKey(HotKeyID::undo, QStringLiteral("Undo last restore"), prefs.undoHotKey(),
-                 &AppController::undoLastRestore);
+    refreshWhileSettling();
+    const DisplayWatcher &watcher = m_services.displayWatcher;
+    m_stash.toggle(watcher.displays(), watcher.configID(), m_services.prefs.alsoRestoreSizes());
+    m_panelModel.setIsStashed(m_stash.isStashed());
+    m_panelModel.setLastAction(m_stash.isStashed() ? QStringLiteral("Desk stashed")
+                                                   : QStringLiteral("Desk brought back"));
+    refreshPanel();
 }
 
-void AppController::reloadHotKey(const QString &id, const QString &name,
-                                 const std::optional<HotKeyCombo> &combo,
-                                 void (AppController::*action)())
+void AppController::applyScene(const QUuid &id)
 {
-    HotKeyCenter &keys = m_services.hotKeys;
-    if (!combo) {
-        keys.unregister(id);
+    const SceneRecord *stored = m_scenes.scene(id);
+    if (!stored)
         return;
-    }
-    if (!keys.registerHotKey(id, name, *combo, [this, action] { (this->*action)(); }))
-        m_services.log.log(QStringLiteral("hotkey: %1 is taken, \"%2\" has no key")
-                               .arg(m_services.platform.hotKeys().text(*combo), name));
+    refreshWhileSettling();
+    SceneRecord scene = *stored;
+    scene.hidesOtherApps |= m_services.prefs.hideOthersOnSwitch();
+    const RestoreReport report = m_sceneApplier.apply(scene, m_services.prefs.alsoRestoreSizes());
+    m_layoutAwaitsUser = false;
+    m_panelModel.setLastAction(
+        QStringLiteral("Applied %1: %2 windows").arg(scene.name, QString::number(report.restored)));
+    refreshPanel();
+}
+
+void AppController::saveCurrentAsScene()
+{
+    refreshWhileSettling();
+    const auto count = m_scenes.scenesFor(m_services.displayWatcher.configID()).size();
+    addSceneFromCurrentWindows(QStringLiteral("Scene %1").arg(count + 1));
+    m_panelModel.setLastAction(QStringLiteral("Scene saved"));
+    refreshPanel();
+}
+
+SceneRecord AppController::addSceneFromCurrentWindows(const QString &name)
+{
+    SceneRecord scene;
+    scene.id = QUuid::createUuid();
+    scene.configID = m_services.displayWatcher.configID();
+    scene.name = name;
+    scene.createdAt = m_services.clock.now();
+    scene.layout = m_learner.capture(name);
+    m_scenes.add(scene);
+    reloadHotKeys();
+    refreshPanel();
+    return scene;
+}
+
+void AppController::forgetDesk(const QString &configID)
+{
+    m_layouts.forgetDesk(configID);
+    m_placements.forgetDesk(configID);
+    refreshPanel();
 }
 
 void AppController::refreshPanel()
@@ -243,19 +280,6 @@ RestoreReport AppController::restore(const Layout &layout)
     m_layoutAwaitsUser = false;
     m_usage.record(UsageEvents::Restore{report.restored});
     return report;
-}
-
-void AppController::saveAsLayout(std::vector<WindowRecord> windows)
-{
-    const DisplayWatcher &watcher = m_services.displayWatcher;
-    Layout layout;
-    layout.configID = watcher.configID();
-    layout.name = m_layouts.deskName(watcher.configID());
-    layout.layoutName = QStringLiteral("Default");
-    layout.savedAt = m_services.clock.now();
-    layout.displays = watcher.displays();
-    layout.windows = std::move(windows);
-    m_layouts.saveLearned(std::move(layout));
 }
 
 } // namespace Panorel

@@ -1,11 +1,21 @@
 #pragma once
 
+#include "Panorel/AppServices.h"
+#include "Panorel/DeskLearner.h"
+#include "Panorel/GlobalKeys.h"
 #include "PanorelCore/Stores/AppRuleStore.h"
 #include "PanorelCore/Stores/LayoutStore.h"
+#include "PanorelCore/Stores/PlacementMemory.h"
 #include "PanorelCore/Stores/SceneStore.h"
 #include "PanorelCore/Stores/UsageStore.h"
+#include "PanorelCore/Triggers/TriggerStore.h"
 #include "PanorelEngine/Displays/DisplayWatcher.h"
 #include "PanorelEngine/HotKeys/HotKeyCenter.h"
+#include "PanorelEngine/Launch/LaunchPlacement.h"
+#include "PanorelEngine/Scenes/SceneApplier.h"
+#include "PanorelEngine/Stash/StashController.h"
+#include "PanorelEngine/Triggers/CalendarTriggerMonitor.h"
+#include "PanorelEngine/Triggers/TimeTriggerScheduler.h"
 #include "PanorelEngine/Windows/PermissionCenter.h"
 #include "PanorelEngine/Windows/RestoreEngine.h"
 #include "PanorelEngine/Windows/WindowSnapshotter.h"
@@ -16,24 +26,12 @@
 
 namespace Panorel {
 
-class AppLog;
 class PanelModel;
-class Prefs;
-
-/// What AppController works with. All of it must outlive the controller.
-struct AppServices {
-    Platform &platform;
-    DisplayWatcher &displayWatcher;
-    HotKeyCenter &hotKeys;
-    Prefs &prefs;
-    Scheduler &scheduler;
-    AppLog &log;
-    const Clock &clock;
-};
 
 /// Ties the application together: owns the stores and engines, learns the desk every 90 seconds,
-/// restores it when the displays have settled and carries out the user's actions. No action
-/// reports an error; a short result goes to the panel. Main thread only.
+/// restores it when the displays have settled and carries out the user's actions, whether they
+/// come from the panel, a key or a trigger. No action reports an error; a short result goes to the
+/// panel. Main thread only.
 class AppController {
 public:
     /// Starts everything: watches the displays, learns once at once, fills the panel.
@@ -41,8 +39,9 @@ public:
     ~AppController();
 
     /// Remembers the desk as it is now, unless what is on the screen may not be the user's doing:
-    /// while a restore runs or displays settle, when none is connected, when the program ends, or
-    /// after a change whose restore was left to the user (see deskSettled()).
+    /// while a restore runs or displays settle, when none is connected, while the desk is stashed
+    /// away, when the program ends, or after a change whose restore was left to the user (see
+    /// deskSettled()).
     void learn();
 
     /// Puts the desk's layout back if the user wants that done automatically. If not, learning
@@ -56,8 +55,23 @@ public:
     /// Saves the desk as it is, also where learning would wait.
     void saveLayoutNow();
 
-    /// Registers the global keys anew, as the preferences have them now.
-    void reloadHotKeys();
+    /// Hides all windows, or brings back what was hidden.
+    void toggleStash();
+
+    /// Nothing for a scene that does not exist any more.
+    void applyScene(const QUuid &id);
+
+    /// Under a name made from the number of the desk's scenes.
+    void saveCurrentAsScene();
+
+    /// Stored and shown; without options, key or picture, and possibly without windows.
+    SceneRecord addSceneFromCurrentWindows(const QString &name);
+
+    /// Drops what was learned of the desk; its scenes stay.
+    void forgetDesk(const QString &configID);
+
+    /// Registers the global keys anew, as the preferences and the scenes have them now.
+    void reloadHotKeys() { m_keys.reload(); }
 
     /// Copies the current state into the panel's model, all but the last action.
     void refreshPanel();
@@ -69,13 +83,9 @@ public:
 
 private:
     void installPanelActions();
-    void reloadHotKey(const QString &id, const QString &name,
-                      const std::optional<HotKeyCombo> &combo, void (AppController::*action)());
     bool hasAccessibility();
-    bool mayLearn() const;
+    bool mayLearn();
     void refreshWhileSettling();
-    bool displaysAreCurrent() const;
-    void saveAsLayout(std::vector<WindowRecord> windows);
     const Layout *currentLayout() const;
     RestoreReport restore(const Layout &layout);
 
@@ -86,10 +96,19 @@ private:
     SceneStore m_scenes;
     UsageStore m_usage;
     AppRuleStore m_rules;
+    TriggerStore m_triggers;
+    PlacementMemory m_placements;
 
     PermissionCenter m_permission;
     WindowSnapshotter m_snapshotter;
     RestoreEngine m_engine;
+    DeskLearner m_learner;
+    SceneApplier m_sceneApplier;
+    StashController m_stash;
+    LaunchPlacement m_launchPlacement;
+    TimeTriggerScheduler m_timeTriggers;
+    CalendarTriggerMonitor m_calendarMonitor;
+    GlobalKeys m_keys;
 
     std::optional<bool> m_loggedPermission;
     std::unique_ptr<ScheduledTask> m_ending; ///< set while the end is near; then it is over

@@ -61,6 +61,9 @@ int main(int argc, char **argv)
             return 0; // the running one shows its panel
         const SystemClock clock;
         AppLog &log = AppLog::shared();
+        log.log(QStringLiteral("started: Panorel %1, %2, %3")
+                    .arg(QCoreApplication::applicationVersion(), QGuiApplication::platformName(),
+                         QSysInfo::prettyProductName()));
         const auto platform = makePlatform(log, clock);
         return run(application, *instance, *platform, log, clock);
     } catch (const std::runtime_error &error) {

@@ -1,15 +1,12 @@
 #include "Desktop/Support/DesktopProbe.h"
 #include "Desktop/Support/TestClient.h"
 #include "Desktop/Support/TestKeyboard.h"
+#include "Desktop/Support/TestProgram.h"
 #include "Desktop/Support/TestServer.h"
 #include "Desktop/Support/TestWindowManager.h"
 #include "PanorelCore/JSON/PanorelJSON.h"
 #include "PanorelCore/Records/ModelCoding.h"
 
-#include <QDir>
-#include <QFile>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QSettings>
 #include <QTest>
 
@@ -17,72 +14,6 @@
 
 using namespace Panorel;
 using namespace Panorel::Desktop;
-
-namespace {
-
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-/// The program itself, with a data directory of its own.
-class Program {
-public:
-    Program()
-    {
-        qputenv("PANOREL_DATA_DIR", QFile::encodeName(m_data.path()));
-        m_child.process().setProcessChannelMode(QProcess::SeparateChannels);
-        m_child.start();
-    }
-    ~Program() { qunsetenv("PANOREL_DATA_DIR"); }
-
-    qsizetype logged(const char *text) const
-    {
-        return contents(m_data.filePath(QStringLiteral("app.log"))).count(text);
-    }
-    void awaitLogged(qsizetype count, const char *text) const
-    {
-        require([&] { return logged(text) >= count; }, text);
-    }
-    QJsonObject layouts() const
-    {
-        return QJsonDocument::fromJson(contents(m_data.filePath(QStringLiteral("layouts.json"))))
-            .object();
-    }
-    QStringList files() const { return QDir(m_data.path()).entryList(QDir::Files | QDir::Hidden); }
-
-    void endCleanly(int signal)
-    {
-        ::kill(static_cast<pid_t>(m_child.processID()), signal);
-        awaitEnd();
-        QCOMPARE(m_child.process().exitCode(), 0);
-        QCOMPARE(m_child.process().readAllStandardError(), QByteArray());
-    }
-
-    /// It ends by itself, and says why.
-    QByteArray failsWithOneLine()
-    {
-        awaitEnd();
-        const QByteArray errors = m_child.process().readAllStandardError();
-        if (m_child.process().exitCode() == 0 || errors.count('\n') != 1
-            || !errors.startsWith("panorel: "))
-            QTest::qFail(errors.constData(), __FILE__, __LINE__);
-        return errors;
-    }
-
-private:
-    void awaitEnd()
-    {
-        require([this] { return !m_child.running(); }, "the end of the program");
-        QCOMPARE(m_child.process().exitStatus(), QProcess::NormalExit);
-    }
-
-    QTemporaryDir m_data;
-    ChildProcess m_child{QStringLiteral(PANOREL_PROGRAM)};
-};
-
-} // namespace
 
 /// The program as the user starts it.
 class ProgramTest : public QObject {
@@ -116,7 +47,7 @@ void ProgramTest::aReplugPutsEveryWindowBack()
     const std::vector<xcb_window_t> order = probe.stacking();
     const auto focus = probe.activeWindow();
 
-    Program program;
+    TestProgram program;
     program.awaitLogged(1, "learned layout: 3 windows");
     for (int round = 1; round <= 2; ++round) {
         server.plug({{.output = 0}});
@@ -150,7 +81,7 @@ void ProgramTest::theGlobalKeysActOverAnotherProgram()
               QSettings::IniFormat)
         .setValue(QStringLiteral("undoHotKey"), PanorelJSON::encoder().encode(undoKey));
 
-    Program program;
+    TestProgram program;
     program.awaitLogged(1, "learned layout: 1 windows");
     probe.move(client.window(), elsewhere);
     require([&] { return isAt(elsewhere); }, "a moved window");
@@ -178,7 +109,7 @@ void ProgramTest::theServersEndIsSaidOnceAndLosesNothing()
     TestServer server;
     const TestWindowManager manager(QStringLiteral("openbox"));
     const TestClient client(ClientKind::Plain, QStringLiteral("window"));
-    Program program;
+    TestProgram program;
     program.awaitLogged(1, "learned layout: 1 windows");
     const QStringList files{QStringLiteral("app.log"), QStringLiteral("layouts.json"),
                             QStringLiteral("usage.json")};
@@ -194,7 +125,7 @@ void ProgramTest::theServersEndIsSaidOnceAndLosesNothing()
 void ProgramTest::withoutADisplayItSaysSo()
 {
     qunsetenv("DISPLAY");
-    Program program;
+    TestProgram program;
     const QByteArray errors = program.failsWithOneLine();
     QVERIFY(errors.contains("DISPLAY") || errors.contains("X"));
 }

@@ -19,18 +19,23 @@ start() {
     children+=($!)
 }
 
-# Ends the children, last started first, without mercy after five seconds.
+# end_child PID: without mercy after five seconds.
+end_child() {
+    local tries
+    kill "$1" 2>/dev/null || return 0
+    for ((tries = 0; tries < 100; ++tries)); do
+        kill -0 "$1" 2>/dev/null || break
+        sleep 0.05
+    done
+    kill -9 "$1" 2>/dev/null
+    wait "$1" 2>/dev/null
+}
+
+# Last started first.
 end_children() {
-    local i child tries
+    local i
     for ((i = ${#children[@]} - 1; i >= 0; --i)); do
-        child=${children[i]}
-        kill "$child" 2>/dev/null || continue
-        for ((tries = 0; tries < 100; ++tries)); do
-            kill -0 "$child" 2>/dev/null || break
-            sleep 0.05
-        done
-        kill -9 "$child" 2>/dev/null
-        wait "$child" 2>/dev/null
+        end_child "${children[i]}"
     done
     children=()
 }

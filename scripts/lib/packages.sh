@@ -6,12 +6,12 @@ PACKAGES_BUILD="ca-certificates g++ cmake ninja-build pkg-config qt6-base-dev qt
 # A private X server with hot-plug, window managers and windows to manage.
 PACKAGES_DESKTOP="xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils x11-xkb-utils
     xkb-data dbus-daemon openbox xfwm4 xterm file-roller fonts-dejavu-core
-    qt6-qpa-plugins trayer xfce4-panel xfconf"
+    qt6-qpa-plugins trayer xfce4-panel xfconf libglib2.0-bin"
 
 PACKAGES_TEST="clang-format libasan8 libubsan1 libxcb-icccm4-dev libxcb-xtest0-dev"
 
-PACKAGES_DEMO="x11-utils x11-apps wmctrl imagemagick geany galculator l3afpad linguist-qt6
-    adwaita-icon-theme hicolor-icon-theme"
+PACKAGES_DEMO="x11-utils x11-apps wmctrl imagemagick geany galculator l3afpad linguist-qt6 jq
+    xdotool adwaita-icon-theme hicolor-icon-theme"
 
 # Runs a command as root, through sudo where need be.
 as_root() {

@@ -191,6 +191,11 @@ void DesktopProbe::activate(xcb_window_t window)
     message(window, "_NET_ACTIVE_WINDOW", {pager, XCB_CURRENT_TIME, XCB_WINDOW_NONE});
 }
 
+void DesktopProbe::close(xcb_window_t window)
+{
+    message(window, "_NET_CLOSE_WINDOW", {XCB_CURRENT_TIME, pager});
+}
+
 void DesktopProbe::sendToDesktop(xcb_window_t window, std::uint32_t desktop)
 {
     message(window, "_NET_WM_DESKTOP", {desktop, pager});

@@ -44,6 +44,8 @@ public:
     /// Asks the window manager, without waiting.
     void move(xcb_window_t window, const Rect &frame);
     void activate(xcb_window_t window);
+    /// As a click on the close button would.
+    void close(xcb_window_t window);
     void sendToDesktop(xcb_window_t window, std::uint32_t desktop);
 
     /// Moves the pointer there, in root coordinates, and presses and releases its first button.

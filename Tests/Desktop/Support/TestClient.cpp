@@ -62,6 +62,11 @@ TestClient::TestClient(ClientKind kind, const QString &title, const QStringList 
     probe.restingFrame(m_window);
 }
 
+QString TestClient::program(ClientKind kind)
+{
+    return commandFor(kind, {}).first();
+}
+
 TestClient::TestClient(const QStringList &command) : m_process(command.first(), command.mid(1))
 {
     m_process.silence(); // some are talkative

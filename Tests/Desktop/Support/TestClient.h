@@ -25,6 +25,9 @@ public:
     /// name" and the like.
     TestClient(ClientKind kind, const QString &title, const QStringList &options = {});
 
+    /// The path of the program that shows such a window.
+    static QString program(ClientKind kind);
+
     xcb_window_t window() const { return m_window; }
 
     /// It kills itself, without a word to the window manager, as soon as it is next moved.

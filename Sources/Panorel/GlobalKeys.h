@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Panorel/AppServices.h"
+
+#include <QUuid>
+
+#include <functional>
+#include <optional>
+
+namespace Panorel {
+
+class SceneStore;
+struct HotKeyCombo;
+
+/// The program's global keys: one for each fixed action that the preferences give a key, and one
+/// for each scene that has its own, of whatever desk.
+class GlobalKeys {
+public:
+    /// What the keys do.
+    struct Actions {
+        std::function<void()> stash;
+        std::function<void()> restore;
+        std::function<void()> saveLayout;
+        std::function<void()> undo;
+        std::function<void(const QUuid &scene)> applyScene;
+    };
+
+    /// The scenes must outlive it. No key is registered before reload().
+    GlobalKeys(const AppServices &services, const SceneStore &scenes, Actions actions);
+    ~GlobalKeys();
+    GlobalKeys(const GlobalKeys &) = delete;
+    GlobalKeys &operator=(const GlobalKeys &) = delete;
+
+    /// Registers the keys as the preferences and the scenes have them now. One that the platform
+    /// refuses is logged.
+    void reload();
+
+private:
+    void reloadFixed(const QString &id, const QString &name,
+                     const std::optional<HotKeyCombo> &combo, const std::function<void()> &action);
+    void registerKey(const QString &id, const QString &name, const HotKeyCombo &combo,
+                     const std::function<void()> &action);
+
+    AppServices m_services;
+    const SceneStore &m_scenes;
+    Actions m_actions;
+};
+
+} // namespace Panorel

@@ -1,0 +1,74 @@
+#include "Desktop/Support/TestProgram.h"
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QTest>
+
+#include <csignal>
+
+namespace Panorel::Desktop {
+
+TestProgram::TestProgram(const std::map<QString, QByteArray> &files)
+    : m_child(QStringLiteral(PANOREL_PROGRAM))
+{
+    for (const auto &[name, bytes] : files) {
+        QFile file(m_data.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            qFatal("cannot write %s", qPrintable(file.fileName()));
+    }
+    qputenv("PANOREL_DATA_DIR", QFile::encodeName(m_data.path()));
+    m_child.process().setProcessChannelMode(QProcess::SeparateChannels);
+    m_child.start();
+}
+
+TestProgram::~TestProgram()
+{
+    qunsetenv("PANOREL_DATA_DIR");
+}
+
+qsizetype TestProgram::logged(const char *text) const
+{
+    return read(QStringLiteral("app.log")).count(text);
+}
+
+void TestProgram::awaitLogged(qsizetype count, const char *text) const
+{
+    require([&] { return logged(text) >= count; }, text);
+}
+
+QByteArray TestProgram::read(const QString &name) const
+{
+    QFile file(m_data.filePath(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QJsonObject TestProgram::layouts() const
+{
+    return QJsonDocument::fromJson(read(QStringLiteral("layouts.json"))).object();
+}
+
+void TestProgram::endCleanly(int signal)
+{
+    ::kill(static_cast<pid_t>(m_child.processID()), signal);
+    awaitEnd();
+    QCOMPARE(m_child.process().exitCode(), 0);
+    QCOMPARE(m_child.process().readAllStandardError(), QByteArray());
+}
+
+QByteArray TestProgram::failsWithOneLine()
+{
+    awaitEnd();
+    const QByteArray errors = m_child.process().readAllStandardError();
+    if (m_child.process().exitCode() == 0 || errors.count('\n') != 1
+        || !errors.startsWith("panorel: "))
+        QTest::qFail(errors.constData(), __FILE__, __LINE__);
+    return errors;
+}
+
+void TestProgram::awaitEnd()
+{
+    require([this] { return !m_child.running(); }, "the end of the program");
+    QCOMPARE(m_child.process().exitStatus(), QProcess::NormalExit);
+}
+
+} // namespace Panorel::Desktop
