@@ -205,6 +205,7 @@ void AppController::applyScene(const QUuid &id)
     refreshWhileSettling();
     SceneRecord scene = *stored;
     scene.hidesOtherApps |= m_services.prefs.hideOthersOnSwitch();
+    m_stash.cancelReturn();
     const RestoreReport report = m_sceneApplier.apply(scene, m_services.prefs.alsoRestoreSizes());
     m_layoutAwaitsUser = false;
     m_panelModel.setLastAction(
@@ -276,6 +277,7 @@ const Layout *AppController::currentLayout() const
 
 RestoreReport AppController::restore(const Layout &layout)
 {
+    m_stash.cancelReturn();
     RestoreReport report = m_engine.apply(layout, m_services.prefs.alsoRestoreSizes());
     m_layoutAwaitsUser = false;
     m_usage.record(UsageEvents::Restore{report.restored});

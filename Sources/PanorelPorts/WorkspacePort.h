@@ -41,8 +41,8 @@ public:
     virtual void hide(ProcessIdentifier pid) = 0;
 
     /// Brings back what hide() took away and leaves the focus where it is; a window that was
-    /// minimised before stays minimised. Nothing for an application that is not hidden. May
-    /// return before it is done.
+    /// minimised before stays minimised. Where the user has brought back some of
+    /// its windows himself, the rest follows. May return before it is done.
     virtual void unhide(ProcessIdentifier pid) = 0;
 
     /// `launched` is called on the main thread, from the event loop, for every application that

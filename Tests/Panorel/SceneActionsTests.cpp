@@ -190,6 +190,16 @@ private Q_SLOTS:
         QCOMPARE(program.layouts().at(0).windows.size(), 3u);
     }
 
+    void whatTheUserAsksForMeanwhileWinsOverTheStashsReturn()
+    {
+        ProgramWithScene program;
+        program.panel.onStash();
+        program.panel.onStash();
+        program.panel.onApplyScene(program.scene().id);
+        program.scheduler.advance(1s);
+        QVERIFY(program.isInPlace());
+    }
+
     void anApplicationThatWasClosedForDaysOpensInItsPlace()
     {
         for (const bool isWanted : {true, false}) {

@@ -44,6 +44,10 @@ public:
     void toggle(const std::vector<DisplayInfo> &displays, const QString &configID,
                 bool alsoRestoreSize);
 
+    /// The windows are about to be put somewhere else: those on their way back are not moved to
+    /// their old places any more.
+    void cancelReturn() { m_return.reset(); }
+
     bool isStashed() const { return m_stashed.has_value(); }
 
     /// True while what is on the screen is not the whole desk, so that nothing may be learned: an
