@@ -72,15 +72,17 @@ private Q_SLOTS:
 
     void numbersAreReadUnchecked()
     {
-        TestDataDir dir;
-        dir.write(triggersFile, fileWith(R"({"tides": {}, "time":
-            {"hour": 99, "minute": -1, "weekdays": [9, 2, 9.0], "x": 0}})"));
-        QVERIFY((TriggerStore(dir.log, dir.clock).all()[0].kind
-                 == TriggerKind{TimeTrigger{99, -1, {2, 9}}}));
-        dir.write(triggersFile,
-                  fileWith(R"({"calendarVideo": {"leadMinutes": -9223372036854775808}})"));
-        QVERIFY(TriggerStore(dir.log, dir.clock).all()[0].kind
-                == TriggerKind{CalendarVideoTrigger{std::numeric_limits<qint64>::min()}});
+        const std::pair<const char *, TriggerKind> rows[] = {
+            {R"({"tides": {}, "time": {"hour": 99, "minute": -1, "weekdays": [9, 2, 9.0], "x": 0}})",
+             {TimeTrigger{99, -1, {2, 9}}}},
+            {R"({"calendarVideo": {"leadMinutes": -9223372036854775808}})",
+             {CalendarVideoTrigger{std::numeric_limits<qint64>::min()}}}};
+        for (const auto &[kind, expected] : rows) {
+            TestDataDir dir;
+            dir.write(triggersFile, fileWith(kind));
+            const TriggerStore store(dir.log, dir.clock);
+            QVERIFY(store.all() == (std::vector<TriggerRecord>{{first, {}, expected, true}}));
+        }
     }
 
     void aKindThatIsNoneMovesTheFileAside()
