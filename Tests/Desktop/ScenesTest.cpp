@@ -144,14 +144,16 @@ void ScenesTest::aSceneOpensWhatIsMissingAndHidesTheOthers()
     TestProgram program(files);
     desk.pressUntilLogged(program, sceneKey, "scene applied: Reading, ");
     require([&] { return desk.isIconic(chat); }, "a hidden application");
-    require([&] { return desk.probe.find(QStringLiteral("reader")); }, "an opened application");
+    require([&] { return desk.probe.find(QStringLiteral("reader")).has_value(); },
+            "an opened application");
     program.awaitLogged(1, "launch placement: moved 1 windows for Reader");
     const auto reader = desk.probe.find(QStringLiteral("reader")).value();
     QCOMPARE(desk.probe.restingFrame(reader), readersPlace);
     QCOMPARE(desk.probe.restingFrame(writer.window()), (Rect{100, 100, 600, 500}));
     QVERIFY(!desk.isIconic(writer));
     program.endCleanly(SIGTERM);
-    QVERIFY(desk.probe.find(QStringLiteral("reader"))); // it does not end with the program
+    QVERIFY(
+        desk.probe.find(QStringLiteral("reader")).has_value()); // it does not end with the program
 }
 
 void ScenesTest::theStashBringsEightWindowsBack_data()
@@ -219,7 +221,8 @@ void ScenesTest::aStartedProgramLandsInItsPlace()
                                            + QStringLiteral("/applications/"
                                                             "org.example.Reader.desktop")});
         reader.start();
-        require([&] { return desk.probe.find(QStringLiteral("reader")); }, "the reader");
+        require([&] { return desk.probe.find(QStringLiteral("reader")).has_value(); },
+                "the reader");
         const auto window = desk.probe.find(QStringLiteral("reader")).value();
         QElapsedTimer sinceManaged;
         sinceManaged.start();

@@ -12,7 +12,7 @@ namespace Panorel::Desktop {
 namespace {
 
 /// Where a PC keyboard has the keys that tests use, by the combination's code.
-const std::map<quint32, xcb_keycode_t> keys{{1, 39},  {6, 52},   {15, 27},
+const std::map<quint32, xcb_keycode_t> keys{{1, 39},  {6, 52},   {15, 27},  {18, 10},
                                             {16, 29}, {111, 96}, {126, 111}};
 
 struct Modifier {
