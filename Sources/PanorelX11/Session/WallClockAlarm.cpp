@@ -37,15 +37,12 @@ private:
     void arm(Instant when)
     {
         using namespace std::chrono;
-        const auto sinceEpoch = when.time_since_epoch();
+        // Nothing before the epoch is a time to the kernel, and zero would disarm the timer.
+        const auto sinceEpoch = std::max(when.time_since_epoch(), milliseconds(1));
         const auto whole = floor<seconds>(sinceEpoch);
         itimerspec spec{};
         spec.it_value.tv_sec = whole.count();
         spec.it_value.tv_nsec = nanoseconds(sinceEpoch - whole).count();
-        if (spec.it_value.tv_sec < 0)
-            spec.it_value = {};
-        if (spec.it_value.tv_sec == 0 && spec.it_value.tv_nsec == 0)
-            spec.it_value.tv_nsec = 1; // zero would disarm it
         timerfd_settime(m_descriptor, TFD_TIMER_ABSTIME, &spec, nullptr);
     }
     void fire()
