@@ -1,6 +1,7 @@
 #include "PanorelX11/X11Platform.h"
 
 #include "PanorelX11/Connection/ToolkitMessages.h"
+#include "PanorelX11/Session/StartEnvironment.h"
 
 #include <QCoreApplication>
 
@@ -24,6 +25,7 @@ X11Platform::~X11Platform()
 
 void preparePlatform()
 {
+    X11::StartEnvironment::record();
     const X11::XConnection reachable;
     X11::ToolkitMessages::install();
     // Windows are placed through X11, also where the session offers the toolkit something newer.

@@ -1,5 +1,7 @@
 #include "PanorelX11/Applications/DesktopList.h"
 
+#include "PanorelX11/Session/GObjectOwned.h"
+
 #include <QFileInfo>
 #include <QSet>
 
@@ -9,10 +11,6 @@
 namespace Panorel::X11 {
 
 namespace {
-
-struct GObjectDeleter {
-    void operator()(void *object) const { g_object_unref(object); }
-};
 
 struct ContextDeleter {
     void operator()(GMainContext *context) const { g_main_context_unref(context); }
@@ -102,7 +100,7 @@ struct DesktopList::Watch {
     ~Watch() { g_signal_handler_disconnect(monitor.get(), handler); }
 
     std::unique_ptr<GMainContext, ContextDeleter> context;
-    std::unique_ptr<GAppInfoMonitor, GObjectDeleter> monitor;
+    GOwned<GAppInfoMonitor> monitor;
     gulong handler = 0;
     bool stale = true;
 };

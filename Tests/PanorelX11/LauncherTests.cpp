@@ -1,0 +1,194 @@
+#include "PanorelX11/Applications/GioLauncher.h"
+#include "PanorelX11/Session/StartEnvironment.h"
+
+#include <QDBusConnection>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace Panorel::X11 {
+
+namespace {
+
+/// Stands for an application that the session bus starts.
+class ActivatedService : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    int activations = 0;
+
+public Q_SLOTS:
+    void Activate(const QVariantMap &) { ++activations; }
+};
+
+/// Writes what it was started with, then stays.
+constexpr auto probe = R"sh(#!/bin/sh
+{
+    tr '\0' '\n' </proc/$$/environ
+    ls /proc/$$/fd | sed 's/^/open file /'
+    echo "session: $(cut -d' ' -f6 /proc/$$/stat)"
+    grep -E 'Sig(Ign|Blk)' /proc/$$/status
+    echo "pid: $$"
+} >"$REPORTS/$1.part"
+mv "$REPORTS/$1.part" "$REPORTS/$1"
+exec sleep 60
+)sh";
+
+} // namespace
+
+class LauncherTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        for (const char *folder : {"bin", "reports", "data/applications/sub", "outside"})
+            QVERIFY(QDir(m_home.path()).mkpath(QLatin1String(folder)));
+        qputenv("XDG_DATA_HOME", path("data"));
+        qputenv("XDG_DATA_DIRS", path("none"));
+        qputenv("REPORTS", path("reports"));
+        qputenv("PATH", path("bin") + ':' + qgetenv("PATH"));
+        write("bin/probe", probe);
+        QVERIFY(QFile::setPermissions(QFile::decodeName(path("bin/probe")),
+                                      QFile::ReadOwner | QFile::ExeOwner));
+        install("viewer", "Exec=probe viewer\n");
+        install("sub/editor", "Exec=probe editor\nNoDisplay=true\n");
+        install("hidden", "Exec=probe hidden\nHidden=true\n");
+        install("gone", "Exec=no-such-program\n");
+        install("try", "Exec=probe try\nTryExec=no-such-program\n");
+        install("noexec", "Comment=nothing to run\n");
+        install("../../outside/other", "Exec=probe other\n");
+        install("org.example.Activated", "Exec=probe activated\nDBusActivatable=true\n");
+        // As the program does for itself after it has recorded how it was started.
+        qputenv("DESKTOP_STARTUP_ID", "of this program's own start");
+        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+        qputenv("QT_QPA_PLATFORM", "wayland");
+        StartEnvironment::record();
+        qputenv("QT_QPA_PLATFORM", "xcb");
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    }
+
+    void onlyAnInstalledApplicationIsFoundByItsID()
+    {
+        GioLauncher launcher;
+        QCOMPARE(launcher.locate(QStringLiteral("viewer")), location("viewer"));
+        QCOMPARE(launcher.locate(QStringLiteral("sub-editor")), location("sub/editor"));
+        const QString others[] = {
+            QStringLiteral("hidden"),
+            QStringLiteral("gone"),
+            QStringLiteral("try"),
+            QStringLiteral("noexec"),
+            QStringLiteral("wmclass:XTerm"),
+            QString(),
+            QStringLiteral("sub/editor"),
+            QStringLiteral("../../outside/other"),
+            m_home.filePath(QStringLiteral("outside/other")),
+            QStringLiteral("viewer.desktop") + QChar(u'\0'),
+            QString(100'000, u'x'),
+        };
+        for (const QString &id : others)
+            QVERIFY2(!launcher.locate(id), qPrintable(id.left(40)));
+    }
+
+    void whatIsOpenedStandsOnItsOwnFeet()
+    {
+        std::signal(SIGPIPE, SIG_IGN);            // as the toolkit does
+        const int open = dup2(STDOUT_FILENO, 77); // handed on unless someone prevents it
+        GioLauncher().open(location("viewer"));
+        const QStringList report = reportOf("viewer");
+        std::signal(SIGPIPE, SIG_DFL);
+        close(open);
+        QVERIFY(report.contains(QStringLiteral("QT_QPA_PLATFORM=wayland")));
+        QVERIFY(report.contains(QStringLiteral("GIO_LAUNCHED_DESKTOP_FILE=") + location("viewer")));
+        QVERIFY(report.contains(QStringLiteral("GIO_LAUNCHED_DESKTOP_FILE_PID=%1").arg(m_pid)));
+        QVERIFY(report.filter(QStringLiteral("DBUS_SESSION_BUS_ADDRESS=")).isEmpty());
+        QVERIFY(report.filter(QStringLiteral("DESKTOP_STARTUP_ID=")).isEmpty());
+        QVERIFY(report.contains(QStringLiteral("open file 1")));
+        QVERIFY(!report.contains(QStringLiteral("open file 77")));
+        QVERIFY(report.contains(QStringLiteral("SigIgn:\t0000000000000000")));
+        QVERIFY(report.contains(QStringLiteral("session: %1").arg(m_pid)));
+        QCOMPARE(waitpid(-1, nullptr, WNOHANG), -1); // no child, alive or dead, is ours
+        QCOMPARE(errno, ECHILD);
+    }
+
+    void anActivatableApplicationIsStartedByTheBusAndWithoutOneByItsCommand()
+    {
+        const QString file = location("org.example.Activated");
+        GioLauncher().open(location("gone")); // is dropped
+        GioLauncher().open(QStringLiteral("/dev/null"));
+        GioLauncher().open(file);
+        QVERIFY(!reportOf("activated").isEmpty());
+        QVERIFY(QFile::remove(QFile::decodeName(path("reports/activated"))));
+
+        QProcess bus;
+        bus.start(QStringLiteral("dbus-daemon"),
+                  {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                   QStringLiteral("--nopidfile"), QStringLiteral("--print-address=1")});
+        QTRY_VERIFY(bus.canReadLine());
+        const QByteArray address = bus.readLine().trimmed();
+        auto connection =
+            QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("service"));
+        ActivatedService service;
+        QVERIFY(connection.registerObject(QStringLiteral("/org/example/Activated"), &service,
+                                          QDBusConnection::ExportAllSlots));
+        QVERIFY(connection.registerService(QStringLiteral("org.example.Activated")));
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        GioLauncher().open(file);
+        QTRY_COMPARE(service.activations, 1);
+        QVERIFY(!QFile::exists(QFile::decodeName(path("reports/activated"))));
+        QDBusConnection::disconnectFromBus(QStringLiteral("service"));
+        bus.terminate();
+        QVERIFY(bus.waitForFinished());
+    }
+
+    void cleanup()
+    {
+        if (m_pid > 0)
+            ::kill(std::exchange(m_pid, 0), SIGKILL);
+    }
+
+private:
+    QByteArray path(const char *name) const
+    {
+        return QFile::encodeName(m_home.filePath(QLatin1String(name)));
+    }
+    QString location(const char *id) const
+    {
+        return QFile::decodeName(path("data/applications/") + id + ".desktop");
+    }
+    void write(const QByteArray &name, const QByteArray &text) const
+    {
+        QFile file(QFile::decodeName(path(name.constData())));
+        QVERIFY(file.open(QFile::WriteOnly));
+        file.write(text);
+    }
+    void install(const QByteArray &id, const QByteArray &keys) const
+    {
+        write("data/applications/" + id + ".desktop",
+              "[Desktop Entry]\nType=Application\nName=" + id + "\n" + keys);
+    }
+    QStringList reportOf(const char *name)
+    {
+        QFile file(QFile::decodeName(path("reports/") + name));
+        if (!QTest::qWaitFor([&] { return file.exists(); }, 10'000) || !file.open(QFile::ReadOnly))
+            return {};
+        const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
+        m_pid = lines.filter(QStringLiteral("pid: ")).value(0).mid(5).toInt();
+        return lines;
+    }
+
+    QTemporaryDir m_home;
+    int m_pid = 0; ///< of the application that reported last
+};
+
+} // namespace Panorel::X11
+
+QTEST_GUILESS_MAIN(Panorel::X11::LauncherTests)
+#include "LauncherTests.moc"
