@@ -8,7 +8,8 @@ PACKAGES_DESKTOP="xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils x
     xkb-data dbus-daemon openbox xfwm4 xterm file-roller fonts-dejavu-core
     qt6-qpa-plugins trayer xfce4-panel xfconf libglib2.0-bin"
 
-PACKAGES_TEST="clang-format libasan8 libubsan1 libxcb-icccm4-dev libxcb-xtest0-dev tzdata"
+PACKAGES_TEST="clang-format libasan8 libubsan1 libxcb-icccm4-dev libxcb-xtest0-dev tzdata
+    gsettings-desktop-schemas cinnamon-desktop-data mate-desktop-common"
 
 PACKAGES_DEMO="x11-utils x11-apps wmctrl imagemagick geany galculator l3afpad linguist-qt6 jq
     xdotool adwaita-icon-theme hicolor-icon-theme"

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "PanorelPorts/DesktopPicturePort.h"
+#include "PanorelX11/DesktopPicture/PictureSetter.h"
+
+#include <memory>
 
 namespace Panorel::X11 {
 
@@ -8,6 +11,9 @@ namespace Panorel::X11 {
 class X11DesktopPicture final : public DesktopPicturePort {
 public:
     void setDesktopPicture(const QString &path) override;
+
+private:
+    std::unique_ptr<PictureSetter> m_setter; ///< made when first needed
 };
 
 } // namespace Panorel::X11

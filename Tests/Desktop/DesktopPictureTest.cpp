@@ -1,0 +1,339 @@
+#include "Desktop/Support/TestServer.h"
+#include "PanorelX11/Connection/XConnection.h"
+#include "PanorelX11/DesktopPicture/PictureWay.h"
+#include "PanorelX11/DesktopPicture/SettingsPicture.h"
+#include "PanorelX11/DesktopPicture/X11DesktopPicture.h"
+#include "PanorelX11/Session/GObjectOwned.h"
+
+#include <QBuffer>
+#include <QDBusConnection>
+#include <QDBusInterface>
+#include <QDBusReply>
+#include <QFile>
+#include <QPainter>
+#include <QTest>
+#include <QUrl>
+
+#include <gio/gio.h>
+#include <sys/stat.h>
+
+namespace Panorel::X11 {
+
+using namespace Panorel::Desktop;
+
+namespace {
+
+/// Stands for Plasma: there is no scripting without all of it.
+class PlasmaShell : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.kde.PlasmaShell")
+
+public:
+    QString script;
+
+public Q_SLOTS:
+    QString evaluateScript(const QString &text) { return script = text, QString(); }
+};
+
+const std::tuple<int, int, QColor> corners[] = {
+    {0, 0, Qt::red}, {1, 0, Qt::green}, {0, 1, Qt::blue}, {1, 1, Qt::white}};
+
+/// A quarter of each colour; black at two ends, which are cut off where the shape is another.
+QImage quarters(QSize size, QSize ends = {})
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    painter.setClipRect(QRect(QPoint(ends.width(), ends.height()), size - 2 * ends));
+    const QSize quarter = size / 2;
+    for (const auto &[right, below, color] : corners)
+        painter.fillRect(QRect(QPoint(right * quarter.width(), below * quarter.height()), quarter),
+                         color);
+    return image;
+}
+
+bool isNearly(QColor color, QColor wanted)
+{
+    const auto near = [](int a, int b) { return std::abs(a - b) <= 6; };
+    return near(color.red(), wanted.red()) && near(color.green(), wanted.green())
+           && near(color.blue(), wanted.blue());
+}
+
+constexpr auto hostileName = "it's \"quoted\" \\ 100% #1\nline \u2028 \u00E9.png";
+
+} // namespace
+
+/// The root window's picture is tested by its pixels. Of the other desktops, which don't run here,
+/// the setting that they follow is.
+class DesktopPictureTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        m_server.plug({{.output = 0}, {.output = 1, .x = 1920, .width = 1280, .height = 1024}});
+        m_viewer = std::make_unique<XConnection>();
+        m_bus.silence();
+        m_bus.start();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.readLine().toLatin1());
+    }
+
+    void theDesktopIsToldByItsName()
+    {
+        constexpr std::pair<const char *, PictureWay> desktops[] = {
+            {"ubuntu:GNOME", PictureWay::Gnome},
+            {"Budgie:GNOME", PictureWay::Gnome},
+            {"X-Cinnamon", PictureWay::Cinnamon},
+            {"mate", PictureWay::Mate},
+            {":XFCE", PictureWay::Xfce},
+            {"KDE:GNOME", PictureWay::Plasma},
+            {"NOTGNOME:i3", PictureWay::RootWindow},
+            {"", PictureWay::RootWindow},
+        };
+        for (const auto &[name, way] : desktops)
+            QCOMPARE(pictureWay(QLatin1String(name)), way);
+    }
+
+    void thePictureCoversEveryMonitorWithItsMiddle_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::newRow("wide") << save(quarters({4000, 500}, {500, 0}), "wide.png");
+        QTest::newRow("tall") << save(quarters({500, 4000}, {0, 500}), "tall.jpg");
+        QTest::newRow("small") << save(quarters({32, 18}), "small.bmp");
+        QTest::newRow("long and thin") << save(quarters({20, 30000}, {0, 9000}), "thin.png");
+        QTest::newRow("turned by the camera") << saveTurned(quarters({1920, 1080}), "turned.jpg");
+        QFile::copy(path("wide.png"), path("wide.jpg"));
+        QTest::newRow("wrong suffix") << path("wide.jpg");
+    }
+    void thePictureCoversEveryMonitorWithItsMiddle()
+    {
+        QFETCH(QString, file);
+        const auto before = rootProperty("_XROOTPMAP_ID");
+        show("", file);
+        const auto pixmap = rootProperty("_XROOTPMAP_ID").value();
+        QVERIFY(pixmap != before);
+        QCOMPARE(rootProperty("ESETROOT_PMAP_ID"), pixmap);
+        for (const QRect monitor : {QRect(0, 0, 1920, 1080), QRect(1920, 0, 1280, 1024)}) {
+            for (const auto &[right, below, color] : corners) {
+                // Near the corners, where a stretched picture would show its black ends.
+                const int x = monitor.x() + (right ? monitor.width() - 5 : 4);
+                const int y = monitor.y() + (below ? monitor.height() - 5 : 4);
+                QVERIFY(isNearly(pixel(pixmap, x, y), color));
+                QVERIFY(isNearly(pixel(m_viewer->root(), x, y), color));
+            }
+        }
+        QCOMPARE(pixel(pixmap, 2500, 1060), QColor(Qt::black)); // below the smaller monitor
+    }
+
+    void anotherPictureFreesTheOneBeforeAndNobodyElses()
+    {
+        const QString file = save(quarters({64, 48}), "picture.png");
+        show("", file);
+        const auto first = rootProperty("_XROOTPMAP_ID").value();
+        show("", file);
+        const auto second = rootProperty("_XROOTPMAP_ID").value();
+        QVERIFY(!exists(first));
+        QVERIFY(exists(second));
+
+        xcb_connection_t *c = m_viewer->get();
+        const xcb_window_t window = xcb_generate_id(c);
+        xcb_create_window(c, XCB_COPY_FROM_PARENT, window, m_viewer->root(), 0, 0, 9, 9, 0,
+                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
+        xcb_map_window(c, window); // its pixels are read
+        const xcb_pixmap_t used = xcb_generate_id(c);
+        xcb_create_pixmap(c, 24, used, m_viewer->root(), 9, 9);
+        // A window's program; a picture that was not left to be freed; everybody at once.
+        for (const auto &[announced, disposable] :
+             {std::pair(window, window), std::pair(used, second), std::pair(0U, 0U)}) {
+            setRootProperty("_XROOTPMAP_ID", announced);
+            setRootProperty("ESETROOT_PMAP_ID", disposable);
+            QVERIFY(exists(window));
+            show("", file);
+            QVERIFY(exists(window) && exists(used) && exists(second));
+        }
+    }
+
+    void whatIsNoPictureLeavesTheDesktopAsItIs()
+    {
+        save(quarters({300, 300}), "whole.png");
+        QFile whole(path("whole.png"));
+        QVERIFY(whole.open(QFile::ReadOnly));
+        ::mkfifo(qPrintable(path("pipe without a writer")), 0600);
+        const std::pair<const char *, QByteArray> files[] = {
+            {"text.png", "no picture"},
+            {"empty.png", ""},
+            {"immense.ppm", "P6 65535 65535 255\n"},
+            {"cut off.png", whole.read(whole.size() / 2)},
+        };
+        for (const auto &[name, bytes] : files) {
+            QFile file(path(name));
+            QVERIFY(file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size());
+        }
+        show("", path("whole.png"));
+        const auto before = rootProperty("_XROOTPMAP_ID").value();
+        for (const char *name :
+             {"text.png", "empty.png", "immense.ppm", "missing.png", "", "pipe without a writer"})
+            QVERIFY2(!PictureFile::at(path(name)), name);
+        QVERIFY(!PictureFile::at(QString()));
+        show("", path("cut off.png"));
+        show("", path("missing.png"));
+        QCOMPARE(rootProperty("_XROOTPMAP_ID"), before);
+        QVERIFY(exists(before));
+    }
+
+    void theSettingIsStored_data()
+    {
+        QTest::addColumn<QByteArray>("schema");
+        QTest::addColumn<QByteArray>("key");
+        QTest::addColumn<QByteArray>("fitting"); ///< the user's
+        QTest::addColumn<QByteArray>("fittingAfter");
+        const auto row = [](const char *desktop, QByteArray schema, QByteArray key,
+                            QByteArray fitting, QByteArray after) {
+            QTest::newRow(desktop) << schema << key << fitting << after;
+        };
+        row("GNOME", "org.gnome.desktop.background", "picture-uri", "none", "zoom");
+        row("Unity", "org.gnome.desktop.background", "picture-uri-dark", "centered", "centered");
+        row("Cinnamon", "org.cinnamon.desktop.background", "picture-uri", "none", "zoom");
+        row("MATE", "org.mate.background", "picture-filename", "spanned", "spanned");
+    }
+    void theSettingIsStored()
+    {
+        QFETCH(QByteArray, schema);
+        QFETCH(QByteArray, key);
+        QFETCH(QByteArray, fitting);
+        const GOwned<GSettings> settings(g_settings_new(schema));
+        const auto stored = [&](const char *name) {
+            const std::unique_ptr<char, decltype(&g_free)> text(
+                g_settings_get_string(settings.get(), name), g_free);
+            return QByteArray(text.get());
+        };
+        g_settings_set_string(settings.get(), "picture-options", fitting);
+        const QString file = save(quarters({64, 48}), hostileName);
+        for (const QString &shown : {file, path("missing.png")}) {
+            show(QTest::currentDataTag(), shown);
+            QCOMPARE(key.contains("uri") ? QUrl::fromEncoded(stored(key)).toLocalFile()
+                                         : QString::fromUtf8(stored(key)),
+                     file);
+            QTEST(stored("picture-options"), "fittingAfter");
+        }
+    }
+
+    void aSettingThatIsNotInstalledIsLeftOut()
+    {
+        const auto picture = PictureFile::at(save(quarters({64, 48}), "picture.png"));
+        SettingsPicture({"org.example.NotInstalled", {"picture-uri"}, true}).set(picture.value());
+        SettingsPicture({"org.mate.background", {"no-such-key"}, true}).set(picture.value());
+    }
+
+    void everyDisplayAndWorkspaceOfXfceGetsThePicture()
+    {
+        QDBusInterface xfconf(QStringLiteral("org.xfce.Xfconf"), QStringLiteral("/org/xfce/Xfconf"),
+                              QStringLiteral("org.xfce.Xfconf"));
+        const QString channel = QStringLiteral("xfce4-desktop");
+        const QString base = QStringLiteral("/backdrop/screen0/monitor");
+        const auto store = [&](const char *name, const QVariant &value) {
+            xfconf.call(QStringLiteral("SetProperty"), channel, base + QLatin1String(name),
+                        QVariant::fromValue(QDBusVariant(value)));
+        };
+        const auto stored = [&](const QByteArray &name) {
+            const QDBusReply<QDBusVariant> reply =
+                xfconf.call(QStringLiteral("GetProperty"), channel, base + QLatin1String(name));
+            return reply.isValid() ? reply.value().variant() : QVariant();
+        };
+        store("DP-7/workspace3/last-image", QStringLiteral("/old.png"));
+        store("DP-7/workspace3/image-style", 3);
+        store("DP-8/workspace0/last-image", QStringLiteral("/old.png"));
+        store("DP-8/workspace0/image-style", 0); // shows none
+        const QString file = save(quarters({64, 48}), hostileName);
+        show("XFCE", file);
+        for (const auto &[backdrop, style] :
+             {std::pair("DP-7/workspace3", 3), std::pair("DP-8/workspace0", 5),
+              std::pair("DUMMY0/workspace0", 5), std::pair("DUMMY1/workspace0", 5)}) {
+            QTRY_COMPARE(stored(backdrop + QByteArray("/last-image")).toString(), file);
+            QCOMPARE(stored(backdrop + QByteArray("/image-style")).toInt(), style);
+        }
+        QVERIFY(!stored("DP-7/workspace0/last-image").isValid());
+    }
+
+    void plasmaIsToldAnyFileName()
+    {
+        auto plasma = QDBusConnection::connectToBus(
+            qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("plasma"));
+        PlasmaShell shell;
+        QVERIFY(plasma.registerObject(QStringLiteral("/PlasmaShell"), &shell,
+                                      QDBusConnection::ExportAllSlots));
+        QVERIFY(plasma.registerService(QStringLiteral("org.kde.plasmashell")));
+        const QString file = save(quarters({64, 48}), hostileName);
+        show("KDE", file);
+        QTRY_VERIFY(!shell.script.isEmpty());
+        QDBusConnection::disconnectFromBus(QStringLiteral("plasma"));
+        // The last of six quoted texts, none of which can end early.
+        QCOMPARE(shell.script.count(u'"'), 12);
+        QVERIFY(!shell.script.contains(u'\\'));
+        QCOMPARE(QUrl(shell.script.section(u'"', -2, -2)).toLocalFile(), file);
+    }
+
+private:
+    QString path(const char *name) const
+    {
+        return m_server.home() + QLatin1Char('/') + QString::fromUtf8(name);
+    }
+    QString save(const QImage &image, const char *name) const
+    {
+        image.save(path(name));
+        return path(name);
+    }
+    /// As a camera that was held on its side does: the pixels lie, a note says how to turn them.
+    QString saveTurned(const QImage &image, const char *name) const
+    {
+        QBuffer bytes;
+        image.transformed(QTransform().rotate(-90)).save(&bytes, "JPEG");
+        bytes.buffer().insert(2, QByteArray::fromHex("ffe10022457869660000"
+                                                     "4d4d002a00000008"
+                                                     "0001"
+                                                     "01120003000000010006000000000000"));
+        QFile file(path(name));
+        return file.open(QFile::WriteOnly) && file.write(bytes.data()) > 0 ? path(name) : QString();
+    }
+    void show(const char *desktop, const QString &file)
+    {
+        qputenv("XDG_CURRENT_DESKTOP", desktop);
+        m_picture = std::make_unique<X11DesktopPicture>();
+        m_picture->setDesktopPicture(file);
+    }
+    std::optional<std::uint32_t> rootProperty(const char *name) const
+    {
+        return PropertyRequest(*m_viewer, m_viewer->root(), m_viewer->atom(name))
+            .collect()
+            .value32();
+    }
+    void setRootProperty(const char *name, std::uint32_t pixmap) const
+    {
+        xcb_change_property(m_viewer->get(), XCB_PROP_MODE_REPLACE, m_viewer->root(),
+                            m_viewer->atom(name), XCB_ATOM_PIXMAP, 32, 1, &pixmap);
+    }
+    bool exists(xcb_drawable_t drawable) const { return pixel(drawable, 0, 0).isValid(); }
+    QColor pixel(xcb_drawable_t drawable, int x, int y) const
+    {
+        xcb_generic_error_t *error = nullptr;
+        const auto cookie = xcb_get_image(m_viewer->get(), XCB_IMAGE_FORMAT_Z_PIXMAP, drawable,
+                                          std::int16_t(x), std::int16_t(y), 1, 1, ~0U);
+        const XOwned<xcb_get_image_reply_t> reply(
+            xcb_get_image_reply(m_viewer->get(), cookie, &error));
+        const XOwned<xcb_generic_error_t> dropped(error);
+        return reply ? QColor(*reinterpret_cast<QRgb *>(xcb_get_image_data(reply.get())))
+                     : QColor();
+    }
+
+    TestServer m_server;
+    ChildProcess m_bus{QStringLiteral("dbus-daemon"),
+                       {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                        QStringLiteral("--nopidfile"), QStringLiteral("--print-address=1")}};
+    std::unique_ptr<XConnection> m_viewer;
+    std::unique_ptr<X11DesktopPicture> m_picture;
+};
+
+} // namespace Panorel::X11
+
+QTEST_GUILESS_MAIN(Panorel::X11::DesktopPictureTest)
+#include "DesktopPictureTest.moc"
