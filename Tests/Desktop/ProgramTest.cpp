@@ -112,7 +112,7 @@ void ProgramTest::theServersEndIsSaidOnceAndLosesNothing()
     TestProgram program;
     program.awaitLogged(1, "learned layout: 1 windows");
     const QStringList files{QStringLiteral("app.log"), QStringLiteral("layouts.json"),
-                            QStringLiteral("usage.json")};
+                            QStringLiteral("placements.json"), QStringLiteral("usage.json")};
     require([&] { return program.files() == files; }, "the last file of the first learning");
     const QJsonObject layouts = program.layouts();
     server.kill();

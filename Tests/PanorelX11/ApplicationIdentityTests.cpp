@@ -109,6 +109,7 @@ private Q_SLOTS:
              {std::pair(pid, "mail"), std::pair(pid - 1, "term")}) {
             ProcessFacts process;
             process.pid = pid;
+            process.cgroup = "0::/app.slice/app-term-1.scope"; // of whoever started it
             const QByteArray number = QByteArray::number(launched);
             readLauncher("A=1" + QByteArray(1, '\0')
                              + "GIO_LAUNCHED_DESKTOP_FILE=/elsewhere/mail.desktop" + '\0'

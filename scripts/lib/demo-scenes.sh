@@ -52,7 +52,7 @@ scene_by_key() {
     step "Pressing Ctrl+Alt+1: the scene \"Work\""
     xdotool key ctrl+alt+1
     wait_for 10 logged 1 "scene applied: Work" || fail "the key did not apply the scene"
-    wait_for 15 window_of_class galculator || fail "the calculator was not opened"
+    wait_for 15 window_of_class galculator >/dev/null || fail "the calculator was not opened"
     window[calculator]=$(window_of_class galculator)
     wait_for 10 logged 1 "launch placement: moved 1 windows for Galculator" ||
         fail "the calculator was not placed"
@@ -75,6 +75,7 @@ stash_and_return() {
     for name in "${names[@]}"; do
         wait_for 5 is_iconic "${window[$name]}" || fail "$name is still on the screen"
     done
+    wait_for_rest # openbox draws how they shrink
     screenshot stashed
     reports=$(count_logged "restore report:")
     step "Pressing Alt+Shift+S again: it comes back"

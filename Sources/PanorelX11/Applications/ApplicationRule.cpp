@@ -139,8 +139,10 @@ const DesktopEntry *byProgram(const Entries &installed, const ProcessFacts &proc
 
 const DesktopEntry *byProcess(const Entries &installed, const ProcessFacts &process)
 {
-    const auto *entry = byControlGroup(installed, process);
-    return entry ? entry : byLauncher(installed, process);
+    // The launcher speaks of this very process. A group is inherited: what an application starts,
+    // for a scene of this program for example, is in its group too.
+    const auto *entry = byLauncher(installed, process);
+    return entry ? entry : byControlGroup(installed, process);
 }
 
 } // namespace
