@@ -1,7 +1,8 @@
 # Debian packages by purpose, and their installation. Sourced by the scripts beside this folder.
 
 PACKAGES_BUILD="ca-certificates g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev
-    libgl-dev libxcb1-dev libxcb-randr0-dev libxcb-xkb-dev libglib2.0-dev"
+    libgl-dev libxcb1-dev libxcb-randr0-dev libxcb-xkb-dev libglib2.0-dev libical-dev
+    libecal2.0-dev"
 
 # A private X server with hot-plug, window managers and windows to manage.
 PACKAGES_DESKTOP="xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils x11-xkb-utils
@@ -9,7 +10,8 @@ PACKAGES_DESKTOP="xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils x
     qt6-qpa-plugins trayer xfce4-panel xfconf libglib2.0-bin"
 
 PACKAGES_TEST="clang-format libasan8 libubsan1 libxcb-icccm4-dev libxcb-xtest0-dev tzdata
-    gsettings-desktop-schemas cinnamon-desktop-data mate-desktop-common"
+    gsettings-desktop-schemas cinnamon-desktop-data mate-desktop-common
+    evolution-data-server"
 
 PACKAGES_DEMO="x11-utils x11-apps wmctrl imagemagick geany galculator l3afpad linguist-qt6 jq
     xdotool adwaita-icon-theme hicolor-icon-theme"

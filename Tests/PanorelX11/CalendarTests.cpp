@@ -1,0 +1,478 @@
+#include "PanorelX11/Calendar/DesktopCalendar.h"
+#include "Support/TestDataDir.h"
+
+#include <QDateTime>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTest>
+
+#include <sys/stat.h>
+#include <utime.h>
+
+namespace Panorel::X11 {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+Instant instant(const char *iso)
+{
+    const auto time = QDateTime::fromString(QLatin1String(iso), Qt::ISODate);
+    return Instant(std::chrono::milliseconds(time.toMSecsSinceEpoch()));
+}
+
+/// The hour that is asked for: from 11 to 12 in the user's zone.
+const Instant from = instant("2024-05-13T09:00:00Z");
+const Instant to = from + 1h;
+
+QString described(const CalendarEvent &event)
+{
+    const auto start = event.start->time_since_epoch().count();
+    return QStringLiteral("%1 %2").arg(
+        *event.identifier,
+        QDateTime::fromMSecsSinceEpoch(start, Qt::UTC).toString(QStringLiteral("MMdd'T'HHmmss")));
+}
+
+QByteArray calendar(const QByteArray &body)
+{
+    QByteArray text = "BEGIN:VCALENDAR\nVERSION:2.0\n" + body + "END:VCALENDAR\n";
+    return text.replace("\n", "\r\n");
+}
+
+/// One event; its lines are separated by blanks, so that a row of a table shows them.
+QByteArray vevent(const QByteArray &lines)
+{
+    return "BEGIN:VEVENT\nUID:a\n" + QByteArray(lines).replace(' ', '\n') + "\nEND:VEVENT\n";
+}
+
+const QByteArray officeZone = "BEGIN:VTIMEZONE\nTZID:Office\n"
+                              "BEGIN:DAYLIGHT\nDTSTART:20000326T020000\n"
+                              "RRULE:FREQ=YEARLY;BYMONTH=3;BYDAY=-1SU\n"
+                              "TZOFFSETFROM:+0100\nTZOFFSETTO:+0200\nEND:DAYLIGHT\n"
+                              "BEGIN:STANDARD\nDTSTART:20001029T030000\n"
+                              "RRULE:FREQ=YEARLY;BYMONTH=10;BYDAY=-1SU\n"
+                              "TZOFFSETFROM:+0200\nTZOFFSETTO:+0100\nEND:STANDARD\n"
+                              "END:VTIMEZONE\n";
+
+/// Some folders of calendars and what is read from them.
+class Folders {
+public:
+    Folders() { places.folders = {root.filePath(QStringLiteral("calendars"))}; }
+
+    QString path(const QString &name) const { return places.folders.front() + u'/' + name; }
+    void write(const QString &name, const QByteArray &text) const
+    {
+        QDir().mkpath(QFileInfo(path(name)).path());
+        QFile file(path(name));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(text), text.size());
+    }
+    CalendarPort::Events read(Instant begin = from, Instant end = to)
+    {
+        std::optional<CalendarPort::Events> answer;
+        port.events(begin, end, [&](const CalendarPort::Events &events) { answer = events; });
+        if (!QTest::qWaitFor([&] { return answer.has_value(); }, 60'000))
+            qFatal("the calendar did not answer");
+        return *answer;
+    }
+    QStringList summary(Instant begin = from, Instant end = to)
+    {
+        QStringList lines;
+        for (const CalendarEvent &event : read(begin, end))
+            lines << described(event);
+        lines.sort();
+        return lines;
+    }
+
+    TestDataDir data;
+    QTemporaryDir root;
+    CalendarPlaces places;
+    DesktopCalendar port{data.log, data.clock,
+                         CalendarPlaces{{root.filePath(u"calendars"_qs)}, {}}};
+};
+
+struct Row {
+    const char *name;
+    QByteArray body;
+    const char *expected; ///< identifiers and starts, in order, separated by ", "
+};
+
+} // namespace
+
+class CalendarTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { qputenv("TZ", "Europe/Berlin"); }
+
+    void theEventsOfTheHourAreFound_data();
+    void theEventsOfTheHourAreFound();
+    void repeatingEventsOccurWhenTheirRuleSays_data();
+    void repeatingEventsOccurWhenTheirRuleSays();
+
+    void aMeetingIsTold()
+    {
+        Folders folders;
+        folders.write(u"work/team/one.ics"_qs,
+                      calendar("BEGIN:VEVENT\nUID:b@c\nDTSTART:20240513T093000Z\n"
+                               "SUMMARY:Stand-up\\, daily\nLOCATION:Room \xFF 5\n"
+                               "DESCRIPTION:Join\\nhttps://zoom.us/\n j/1\nURL:https://e.org/x\n"
+                               "CONFERENCE;VALUE=URI:https://meet.google.com/x\nEND:VEVENT\n"));
+        const auto events = folders.read();
+        QCOMPARE(events.size(), 1U);
+        const CalendarEvent expected{u"b@c"_qs,
+                                     u"Stand-up, daily"_qs,
+                                     u"Room \uFFFD 5"_qs,
+                                     u"Join\nhttps://zoom.us/j/1"_qs,
+                                     u"https://e.org/x"_qs,
+                                     instant("2024-05-13T09:30:00Z")};
+        QVERIFY(events.front() == expected);
+        QCOMPARE(folders.data.logged(), {});
+    }
+
+    void aLinkThatTheCalendarProgramAddsCountsAsItsAddress()
+    {
+        const QByteArray link = "https://teams.microsoft.com/l/a,b;c?d=1";
+        for (const char *property :
+             {"CONFERENCE;VALUE=URI", "X-GOOGLE-CONFERENCE", "X-MICROSOFT-SKYPETEAMSMEETINGURL"}) {
+            Folders folders;
+            folders.write(u"a.ics"_qs, calendar(vevent("DTSTART:20240513T093000Z "
+                                                       + QByteArray(property) + ':' + link)));
+            QCOMPARE(folders.read().front().url, QString::fromLatin1(link));
+        }
+    }
+
+    void aChangedFileIsReadAgain()
+    {
+        Folders folders;
+        const QString name = u"a.ics"_qs;
+        folders.write(name, calendar(vevent("DTSTART:20240513T093000Z SUMMARY:Old")));
+        QCOMPARE(folders.read().front().title, u"Old"_qs);
+        // Of the same size and time, as a program that keeps times would leave it.
+        struct stat before {};
+        stat(qPrintable(folders.path(name)), &before);
+        folders.write(name, calendar(vevent("DTSTART:20240513T093000Z SUMMARY:New")));
+        const utimbuf times{before.st_atime, before.st_mtime};
+        utime(qPrintable(folders.path(name)), &times);
+        QCOMPARE(folders.read().front().title, u"New"_qs);
+        QVERIFY(QFile::remove(folders.path(name)));
+        QVERIFY(folders.read().empty());
+    }
+
+    void calendarsAreThereWhenAFolderHoldsOne()
+    {
+        Folders folders;
+        const auto status = [&] {
+            folders.data.clock.advance(1min);
+            bool granted = false;
+            folders.port.requestAccess([&](bool answer) { granted = answer; });
+            const auto authorization = folders.port.authorization();
+            return granted == (authorization == CalendarAuthorization::FullAccess) && granted;
+        };
+        QVERIFY(!status());
+        folders.write(u"readme.txt"_qs, "x");
+        QVERIFY(!status());
+        folders.write(u"work/a.ICS"_qs, "x");
+        QTRY_VERIFY(status());
+        QVERIFY(QFile::remove(folders.path(u"work/a.ICS"_qs)));
+        QTRY_VERIFY(!status());
+    }
+
+    void aFileThatCannotBeReadIsReportedOnce_data();
+    void aFileThatCannotBeReadIsReportedOnce();
+
+    void onlyFilesAreOpenedAndNoFolderTwice()
+    {
+        Folders folders;
+        const QByteArray text = calendar(vevent("DTSTART:20240513T093000Z"));
+        folders.write(u"work/a.ics"_qs, text);
+        folders.write(u"1/2/3/4/deep.ics"_qs, calendar(vevent("DTSTART:20240513T094000Z")));
+        QCOMPARE(mkfifo(qPrintable(folders.path(u"pipe.ics"_qs)), 0600), 0);
+        QVERIFY(QFile::link(u"/dev/zero"_qs, folders.path(u"zero.ics"_qs)));
+        QVERIFY(QFile::link(folders.path(u"pipe.ics"_qs), folders.path(u"linked.ics"_qs)));
+        QVERIFY(QFile::link(u"/nowhere.ics"_qs, folders.path(u"gone.ics"_qs)));
+        QVERIFY(QFile::link(folders.path({}), folders.path(u"work/loop"_qs)));
+        QDir().mkpath(folders.path(u"folder.ics"_qs));
+        QCOMPARE(folders.summary(), {u"a 0513T093000"_qs});
+        QCOMPARE(folders.data.logged(), {});
+    }
+
+    void anEventThatRepeatsEverySecondIsFollowedSoFar()
+    {
+        Folders folders;
+        folders.write(u"a.ics"_qs,
+                      calendar(vevent("SUMMARY:Tick DTSTART:19700101T000000 RRULE:FREQ=SECONDLY")
+                               + vevent("RRULE:FREQ=SECONDLY;COUNT=2000000000 SUMMARY:Count "
+                                        "DTSTART:19700101T000000")
+                                     .replace("UID:a", "UID:b")
+                               + vevent("DTSTART:20240513T093000Z").replace("UID:a", "UID:c")));
+        QElapsedTimer timer;
+        timer.start();
+        const auto events = folders.read();
+        QCOMPARE(events.size(), 1001U);
+        folders.read();
+        QVERIFY2(timer.elapsed() < 20'000, "bounded work");
+        QStringList logged = folders.data.logged();
+        logged.sort();
+        QCOMPARE(logged, QStringList({u"calendar: “Count” repeats too often to be followed"_qs,
+                                      u"calendar: “Tick” repeats too often to be followed"_qs}));
+    }
+
+    void tenThousandEventsAreReadInTime()
+    {
+        Folders folders;
+        QByteArray body = officeZone;
+        for (int i = 0; i < 10'000; ++i) {
+            body += vevent("DTSTART;TZID=Office:20200101T110000 SUMMARY:x RRULE:FREQ=WEEKLY"
+                           + QByteArray(i % 1000 == 0 ? ";BYDAY=MO" : ";BYDAY=TU"))
+                        .replace("UID:a", "UID:" + QByteArray::number(i));
+        }
+        folders.write(u"a.ics"_qs, calendar(body));
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(folders.read().size(), 10U);
+        qInfo("first %lld ms", timer.restart());
+        QCOMPARE(folders.read().size(), 10U);
+        qInfo("again %lld ms", timer.elapsed());
+    }
+
+    void aQueryMayEndWithTheCalendar()
+    {
+        TestDataDir data;
+        auto port = std::make_unique<DesktopCalendar>(data.log, data.clock, CalendarPlaces{});
+        int answers = 0;
+        const auto ask = [&](auto completion) { port->events(from, to, completion); };
+        ask([&](const auto &) {
+            ++answers;
+            port.reset();
+        });
+        ask([&](const auto &) { ++answers; });
+        QTRY_COMPARE(answers, 1);
+        QCoreApplication::processEvents();
+        QVERIFY(!port && answers == 1);
+    }
+
+    void aThreadThatHangsIsLeftBehind()
+    {
+        struct Gates {
+            std::promise<void> begun;
+            std::promise<void> released;
+            std::promise<void> ended;
+        };
+        const auto gates = std::make_shared<Gates>();
+        bool lastRan = false;
+        {
+            BackgroundThread thread;
+            thread.run([gates] {
+                gates->begun.set_value();
+                gates->released.get_future().wait();
+                gates->ended.set_value();
+            });
+            gates->begun.get_future().wait();
+            thread.end([] {}, 50ms);
+        }
+        gates->released.set_value();
+        QCOMPARE(gates->ended.get_future().wait_for(20s), std::future_status::ready);
+        BackgroundThread other;
+        other.run([] {});
+        other.end([&] { lastRan = true; }, 20s);
+        QVERIFY(lastRan);
+    }
+};
+
+void CalendarTests::theEventsOfTheHourAreFound_data()
+{
+    const Row rows[] = {
+        {"UTC", vevent("DTSTART:20240513T090000Z"), "a 0513T090000"},
+        {"the user's clock", vevent("DTSTART:20240513T113000"), "a 0513T093000"},
+        {"a known zone", vevent("DTSTART;TZID=America/New_York:20240513T053000"), "a 0513T093000"},
+        {"a zone by a path", vevent("DTSTART;TZID=/e.org/Tz/Asia/Tokyo:20240513T183000"),
+         "a 0513T093000"},
+        {"a zone by its name in Windows",
+         vevent("DTSTART;TZID=Tokyo_Standard_Time:20240513T183000").replace('_', ' '),
+         "a 0513T093000"},
+        {"a zone that is no name", vevent("DTSTART;TZID=../../etc/passwd:20240513T113000"),
+         "a 0513T093000"},
+        {"a zone of the calendar's own, in summer",
+         officeZone + vevent("DTSTART;TZID=Office:20240513T113000"), "a 0513T093000"},
+        {"the same, from winter on",
+         officeZone + vevent("DTSTART;TZID=Office:20240101T113000 RRULE:FREQ=WEEKLY"),
+         "a/20240513T093000Z 0513T093000"},
+        {"a known zone, from winter on",
+         vevent("DTSTART;TZID=Europe/Berlin:20240101T113000 RRULE:FREQ=WEEKLY"),
+         "a/20240513T093000Z 0513T093000"},
+        {"a day", vevent("DTSTART;VALUE=DATE:20240513"), "a 0512T220000"},
+        {"a day every day", vevent("DTSTART;VALUE=DATE:20240501 RRULE:FREQ=DAILY"),
+         "a/20240513 0512T220000"},
+        {"yesterday", vevent("DTSTART;VALUE=DATE:20240512"), ""},
+        {"going on by its end", vevent("DTSTART:20240513T083000Z DTEND:20240513T090100Z"),
+         "a 0513T083000"},
+        {"going on by its length", vevent("DTSTART:20240511T083000Z DURATION:P3D"),
+         "a 0511T083000"},
+        {"just ended", vevent("DTSTART:20240513T083000Z DTEND:20240513T090000Z"), ""},
+        {"just after", vevent("DTSTART:20240513T100000Z"), ""},
+        {"last moment", vevent("DTSTART:20240513T095959Z"), "a 0513T095959"},
+        {"cancelled", vevent("DTSTART:20240513T093000Z STATUS:CANCELLED"), ""},
+        {"cancelled later on",
+         vevent("DTSTART:20240513T093000Z SEQUENCE:1 STATUS:CANCELLED")
+             + vevent("DTSTART:20240513T093000Z"),
+         ""},
+        {"moved later on",
+         vevent("DTSTART:20240513T093000Z") + vevent("DTSTART:20240513T094000Z SEQUENCE:1"),
+         "a 0513T094000"},
+        {"without identity", vevent("DTSTART:20240513T093000Z SUMMARY:x").replace("UID:a\n", ""),
+         "@20240513T093000Z 0513T093000"},
+        {"one day removed",
+         vevent(
+             "DTSTART:20240501T093000Z RRULE:FREQ=DAILY EXDATE:20240512T093000Z,20240513T093000Z"),
+         ""},
+        {"one day removed, in another zone",
+         vevent("DTSTART:20240501T093000Z RRULE:FREQ=DAILY EXDATE;TZID=Asia/Tokyo:20240513T183000"),
+         ""},
+        {"a whole day removed",
+         vevent("DTSTART:20240501T093000Z RRULE:FREQ=DAILY EXDATE;VALUE=DATE:20240513"), ""},
+        {"one time added",
+         vevent("DTSTART:20240501T093000Z RDATE:20240513T094500Z,20240520T093000Z"),
+         "a/20240513T094500Z 0513T094500"},
+        {"a period added",
+         vevent("DTSTART:20240501T093000Z RDATE;VALUE=PERIOD:20240513T094500Z/PT1H"),
+         "a/20240513T094500Z 0513T094500"},
+        {"an occurrence moved within the hour",
+         vevent("DTSTART;TZID=Europe/Berlin:20240501T113000 RRULE:FREQ=DAILY")
+             + vevent("RECURRENCE-ID:20240513T093000Z DTSTART:20240513T095000Z"),
+         "a/20240513T093000Z 0513T095000"},
+        {"an occurrence moved away",
+         vevent("RECURRENCE-ID:20240513T093000Z DTSTART:20240514T093000Z")
+             + vevent("DTSTART:20240501T093000Z RRULE:FREQ=DAILY"),
+         ""},
+        {"an occurrence moved here",
+         vevent("DTSTART:20240501T150000Z RRULE:FREQ=WEEKLY")
+             + vevent("RECURRENCE-ID:20240515T150000Z DTSTART:20240513T094000Z"),
+         "a/20240515T150000Z 0513T094000"},
+        {"an occurrence cancelled",
+         vevent("DTSTART:20240501T093000Z RRULE:FREQ=DAILY")
+             + vevent("RECURRENCE-ID:20240513T093000Z DTSTART:20240513T093000Z STATUS:CANCELLED"),
+         ""},
+        {"an occurrence without its series",
+         vevent("RECURRENCE-ID:20240513T093000Z DTSTART:20240513T094000Z"),
+         "a/20240513T093000Z 0513T094000"},
+        {"a broken event does not hide the next",
+         "BEGIN:VEVENT\nUID:broken\nBEGIN:VALARM\n" + vevent("DTSTART:20240513T093000Z"),
+         "a 0513T093000"},
+        {"an event without a start does not either",
+         vevent("SUMMARY:x").replace("UID:a", "UID:broken") + vevent("DTSTART:20240513T093000Z"),
+         "a 0513T093000"},
+    };
+    QTest::addColumn<Row>("row");
+    for (const Row &row : rows)
+        QTest::newRow(row.name) << row;
+}
+
+void CalendarTests::theEventsOfTheHourAreFound()
+{
+    QFETCH(Row, row);
+    Folders folders;
+    folders.write(u"a.ics"_qs, calendar(row.body));
+    QCOMPARE(folders.summary().join(u", "_qs), QLatin1String(row.expected));
+}
+
+/// Rules and what they say between 1 May 2024 and 1 June 2025, days and times in UTC.
+void CalendarTests::repeatingEventsOccurWhenTheirRuleSays_data()
+{
+    struct RuleRow {
+        const char *start;
+        const char *rule;
+        const char *expected;
+    };
+    const RuleRow rows[] = {
+        {"20240513T093000Z", "FREQ=DAILY;COUNT=3", "0513 0514 0515"},
+        {"19700101T093000Z", "FREQ=DAILY;INTERVAL=100", "0626 1004 0112 0422"},
+        {"20240513T093000Z", "FREQ=DAILY;UNTIL=20240515T093000Z", "0513 0514 0515"},
+        {"20240513T093000Z", "FREQ=DAILY;UNTIL=20240515T092959Z", "0513 0514"},
+        {"20240513T093000Z", "FREQ=DAILY;UNTIL=20240514", "0513 0514"},
+        {"20240513T093000Z", "FREQ=DAILY;INTERVAL=2;COUNT=3;BYDAY=MO,TU,WE,TH,FR",
+         "0513 0515 0517"},
+        {"20240514T093000Z", "FREQ=WEEKLY;INTERVAL=2;COUNT=4;BYDAY=TU,SU;WKST=MO",
+         "0514 0519 0528 0602"},
+        {"20240514T093000Z", "FREQ=WEEKLY;INTERVAL=2;COUNT=4;BYDAY=TU,SU;WKST=SU",
+         "0514 0526 0528 0609"},
+        {"20240531T093000Z", "FREQ=MONTHLY;COUNT=3", "0531 0731 0831"},
+        {"20240513T093000Z", "FREQ=MONTHLY;COUNT=3;BYDAY=2MO", "0513 0610 0708"},
+        {"20240531T093000Z", "FREQ=MONTHLY;COUNT=3;BYDAY=-1FR", "0531 0628 0726"},
+        {"20240531T093000Z", "FREQ=MONTHLY;COUNT=3;BYMONTHDAY=-1", "0531 0630 0731"},
+        {"20240531T093000Z", "FREQ=MONTHLY;COUNT=3;BYDAY=MO,TU,WE,TH,FR;BYSETPOS=-1",
+         "0531 0628 0731"},
+        {"20240913T093000Z", "FREQ=MONTHLY;COUNT=2;BYDAY=FR;BYMONTHDAY=13", "0913 1213"},
+        {"20240513T093000Z", "FREQ=YEARLY;COUNT=2", "0513 0513"},
+        {"20200229T093000Z", "FREQ=YEARLY", ""},
+        {"20240520T093000Z", "FREQ=YEARLY;BYDAY=20MO", "0520 0519"},
+        {"20240513T093000Z", "FREQ=YEARLY;BYWEEKNO=20", "0513 0512"},
+        {"20230101T093000Z", "FREQ=YEARLY;BYYEARDAY=-1,200", "0718 1231"},
+        {"20230507T093000Z", "FREQ=YEARLY;BYMONTH=5;BYDAY=1SU", "0505 0504"},
+        {"20240513T093000Z", "FREQ=MONTHLY;BYMONTHDAY=31;BYMONTH=2", "0513"},
+        {"20240513T093000Z", "FREQ=YEARLY;INTERVAL=4;BYWEEKNO=19,40,-25;COUNT=3", "0513 0708 0930"},
+        {"20240513T093000Z", "FREQ=MONTHLY;BYDAY=3WE,3FR,3SA;BYMONTHDAY=-22,-1,30;COUNT=1", "0513"},
+        {"20240513T093000Z", "FREQ=SECONDLY;BYMONTH=2;BYMONTHDAY=30", "0513"},
+        {"20240513T093000Z", "FREQ=NEVER", "0513"},
+    };
+    QTest::addColumn<QByteArray>("lines");
+    QTest::addColumn<QString>("expected");
+    for (const RuleRow &row : rows)
+        QTest::newRow(row.rule) << QByteArray("DTSTART:") + row.start + " RRULE:" + row.rule
+                                << QString::fromLatin1(row.expected);
+}
+
+void CalendarTests::repeatingEventsOccurWhenTheirRuleSays()
+{
+    QFETCH(QByteArray, lines);
+    QFETCH(QString, expected);
+    Folders folders;
+    folders.write(u"a.ics"_qs, calendar(vevent(lines)));
+    auto events = folders.read(instant("2024-05-01T00:00:00Z"), instant("2025-06-01T00:00:00Z"));
+    std::ranges::sort(events, {}, &CalendarEvent::start);
+    QStringList days;
+    for (const CalendarEvent &event : events)
+        days << described(event).section(u' ', 1).left(4);
+    QCOMPARE(days.join(u' '), expected);
+}
+
+void CalendarTests::aFileThatCannotBeReadIsReportedOnce_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("problem");
+    const QString broken = u"is not a whole calendar"_qs;
+    QTest::newRow("empty") << QByteArray() << broken;
+    QTest::newRow("not a calendar") << QByteArray("\x00\xFF\x1B%PDF", 7) << broken;
+    QTest::newRow("cut off") << calendar(vevent("DTSTART:20240513T093000Z")).chopped(30) << broken;
+    QTest::newRow("folded in itself a million times")
+        << QByteArray("BEGIN:VCALENDAR\n") + QByteArray("BEGIN:VEVENT\nBEGIN:X\n").repeated(1 << 19)
+        << broken;
+    QTest::newRow("no times") << calendar(vevent("DTSTART:20249999T999999Z"))
+                              << u"holds 1 events that can't be read"_qs;
+    QTest::newRow("too large") << QByteArray((32 << 20) + 1, ' ')
+                               << u"is too large for a calendar"_qs;
+}
+
+void CalendarTests::aFileThatCannotBeReadIsReportedOnce()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, problem);
+    Folders folders;
+    const QString name = u"broken.ics"_qs;
+    folders.write(name, text);
+    folders.write(u"fine.ics"_qs, calendar(vevent("DTSTART:20240513T093000Z")));
+    for (int i = 0; i < 3; ++i) {
+        folders.data.clock.advance(2h);
+        QCOMPARE(folders.summary(), {u"a 0513T093000"_qs});
+    }
+    const QString line = u"calendar: %1 %2"_qs.arg(folders.path(name), problem);
+    QCOMPARE(folders.data.logged(), {line});
+    folders.write(name, text + "x");
+    folders.read();
+    QCOMPARE(folders.data.logged().size(), 2);
+}
+
+} // namespace Panorel::X11
+
+QTEST_GUILESS_MAIN(Panorel::X11::CalendarTests)
+#include "CalendarTests.moc"
