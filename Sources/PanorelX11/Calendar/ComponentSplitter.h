@@ -1,20 +1,20 @@
 #pragma once
 
 #include <QByteArray>
-#include <QByteArrayView>
 
 #include <vector>
 
 namespace Panorel::X11 {
 
-/// The components directly inside a text's VCALENDARs, each whole, in the text's own bytes.
+/// The components directly inside a text's VCALENDARs, each whole and ready for libical: its parser
+/// follows nesting by recursion, takes minutes for one line of megabytes, and writes to stderr
+/// about an end without a beginning. Taken apart, they also can't spoil each other.
 struct SplitCalendar {
     std::vector<QByteArray> zones;
     std::vector<QByteArray> events;
     bool isWellFormed = false; ///< a calendar was there and everything that began also ended
 
-    /// Splitting before parsing keeps a broken event from spoiling the next, the memory for
-    /// parsing small, and deep nesting, which the parser follows by recursion, away from it.
+    /// Lines of more than 64 KB, such as attachments, are left out.
     static SplitCalendar split(const QByteArray &text);
 };
 

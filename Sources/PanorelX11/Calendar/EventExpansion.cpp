@@ -105,9 +105,13 @@ void EventExpansion::expand(const EventRecord &event, CalendarPort::Events &resu
 }
 
 /// The times of a recurring event around the asked time, in order, each once.
-std::vector<EventTime> EventExpansion::repetitions(const EventRecord &event, bool &isComplete) const
+std::vector<EventTime> EventExpansion::repetitions(const EventRecord &event, bool &isComplete)
 {
     RecurrenceBudget budget;
+    // What an ordinary rule takes is left to each, whatever the others used up.
+    constexpr int ordinary = 2'000;
+    budget.stepsLeft = std::clamp(m_budget.stepsLeft, ordinary, budget.stepsLeft);
+    m_budget.stepsLeft -= budget.stepsLeft;
     const auto wall = [](Instant instant) {
         return WallTime(floor<seconds>(instant.time_since_epoch()));
     };
@@ -123,6 +127,7 @@ std::vector<EventTime> EventExpansion::repetitions(const EventRecord &event, boo
         }
     }
     isComplete = !budget.isSpent();
+    m_budget.stepsLeft += std::max(budget.stepsLeft, 0);
     result.insert(result.end(), event.added.begin(), event.added.end());
     std::erase_if(result,
                   [&](const EventTime &time) { return time.wall < from || time.wall > to; });

@@ -30,7 +30,7 @@ private:
     Instant instantOf(const EventTime &time) const;
     QString key(const EventTime &time) const;
     void expand(const EventRecord &event, CalendarPort::Events &result);
-    std::vector<EventTime> repetitions(const EventRecord &event, bool &isComplete) const;
+    std::vector<EventTime> repetitions(const EventRecord &event, bool &isComplete);
     bool isRemoved(const EventRecord &event, const EventTime &time) const;
     bool isAsked(const EventRecord &event, const EventTime &start) const;
     void append(const EventRecord &event, const EventTime &start, const QString &occurrence,
@@ -42,6 +42,7 @@ private:
     QHash<Identity, const EventRecord *> m_records;
     std::vector<const EventRecord *> m_anonymous;
     QStringList m_overlong;
+    RecurrenceBudget m_budget{10'000'000}; ///< of all events together, about a second
 };
 
 } // namespace Panorel::X11
