@@ -1,6 +1,8 @@
 #include "Desktop/Support/ChildProcess.h"
+#include "PanorelCore/Triggers/TriggerStore.h"
+#include "PanorelEngine/Triggers/CalendarTriggerMonitor.h"
 #include "PanorelX11/Calendar/DesktopCalendar.h"
-#include "Support/TestDataDir.h"
+#include "Support/FakeScheduler.h"
 
 #include <QDateTime>
 #include <QElapsedTimer>
@@ -214,6 +216,29 @@ private Q_SLOTS:
         const QStringList logged = m_data.logged();
         QCOMPARE(logged.size(), 1);
         QVERIFY(logged.front().startsWith(u"calendar: “Odd” left out: "_qs));
+    }
+
+    void aMeetingFiresItsTriggerOnce()
+    {
+        X11::DesktopCalendar port(m_data.log, m_data.clock, m_places);
+        FakeScheduler scheduler(m_data.clock);
+        TriggerStore triggers(m_data.log, m_data.clock);
+        const auto id = QUuid::createUuid();
+        triggers.add({id, id, {CalendarVideoTrigger{60}}, true});
+        QStringList fired;
+        m_data.clock.set(from + 20min);
+        CalendarTriggerMonitor monitor(
+            triggers, port, scheduler, m_data.log, m_data.clock,
+            [&](const TriggerRecord &, const QString &title) { fired << title; });
+        QTRY_COMPARE(port.authorization(), CalendarAuthorization::FullAccess);
+        monitor.start();
+        require([&] { return !fired.isEmpty(); }, "a fired trigger");
+        for (int minute = 0; minute < 3; ++minute) {
+            scheduler.advance(1min);
+            read(port); // answered in turn, so that look is over
+        }
+        QCOMPARE(fired, QStringList{u"Call"_qs});
+        QVERIFY(m_data.logged().contains(u"calendar trigger fired for “Call”"_qs));
     }
 
     void calendarsAreReadAgainWhenTheirServerHasDied()
