@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <ranges>
+#include <span>
 #include <unordered_set>
 
 #include <unistd.h>
@@ -42,6 +43,15 @@ constexpr std::int64_t unmanagedLayer = 2;
 /// The properties that ClientFacts are made of.
 constexpr std::array factProperties{"_NET_WM_WINDOW_TYPE", "WM_CLASS",          "_NET_WM_PID",
                                     "_GTK_APPLICATION_ID", "WM_CLIENT_MACHINE", "_NET_WM_STATE"};
+
+/// The root's properties that the list is read from.
+constexpr std::array listProperties{"_NET_CLIENT_LIST_STACKING", "_NET_CLIENT_LIST"};
+
+bool isOneOf(std::span<const char *const> names, const XConnection &connection, xcb_atom_t atom)
+{
+    return std::ranges::any_of(names,
+                               [&](const char *name) { return connection.atom(name) == atom; });
+}
 
 /// The requests for one window's facts, on their way together.
 class PendingFacts {
@@ -160,16 +170,33 @@ std::optional<std::vector<ClientRegistry::Client>> ClientRegistry::frontToBack()
     return clients;
 }
 
+std::vector<xcb_window_t> ClientRegistry::ordinaryWindows(ProcessIdentifier application)
+{
+    std::vector<xcb_window_t> windows;
+    for (const Client &client : frontToBack().value_or(std::vector<Client>{})) {
+        if (client.facts.application == application && client.facts.isOrdinary())
+            windows.push_back(client.window);
+    }
+    return windows;
+}
+
+bool ClientRegistry::isAffectedBy(const xcb_generic_event_t &event) const
+{
+    if (eventCode(event) != XCB_PROPERTY_NOTIFY)
+        return false;
+    const auto &notify = reinterpret_cast<const xcb_property_notify_event_t &>(event);
+    return notify.window == m_connection.root()
+               ? isOneOf(listProperties, m_connection, notify.atom)
+               : isOneOf(factProperties, m_connection, notify.atom);
+}
+
 void ClientRegistry::forget(const xcb_generic_event_t &event)
 {
     if (eventCode(event) == XCB_DESTROY_NOTIFY) {
         m_facts.erase(reinterpret_cast<const xcb_destroy_notify_event_t &>(event).window);
     } else if (eventCode(event) == XCB_PROPERTY_NOTIFY) {
         const auto &notify = reinterpret_cast<const xcb_property_notify_event_t &>(event);
-        const bool isFact = std::ranges::any_of(factProperties, [&](const char *property) {
-            return m_connection.atom(property) == notify.atom;
-        });
-        if (isFact)
+        if (isOneOf(factProperties, m_connection, notify.atom))
             m_facts.erase(notify.window);
     }
 }

@@ -41,6 +41,12 @@ public:
     /// or their facts have changed. Absent where nobody keeps a list.
     std::optional<std::vector<Client>> frontToBack();
 
+    /// The ordinary windows of one application, front to back.
+    std::vector<xcb_window_t> ordinaryWindows(ProcessIdentifier application);
+
+    /// Whether the event may be news to who knows the clients of before.
+    bool isAffectedBy(const xcb_generic_event_t &event) const;
+
 private:
     void forget(const xcb_generic_event_t &event);
     std::optional<std::vector<xcb_window_t>> readList() const;

@@ -21,6 +21,12 @@ void EventPump::drain()
         continue;
 }
 
+void EventPump::drainQueued()
+{
+    while (deliver(XOwned<xcb_generic_event_t>(xcb_poll_for_queued_event(m_connection.get()))))
+        continue;
+}
+
 void EventPump::waitUntil(TimePoint time)
 {
     m_connection.flush();

@@ -24,9 +24,26 @@ public:
     /// Hands out what has arrived, without waiting.
     void drain();
 
+    /// Hands out only what was taken in while a reply was waited for. The socket says nothing of
+    /// these any more, so before a wait for the socket they have to be asked for.
+    void drainQueued();
+
     /// Sends what is queued, waits until an event arrives or the time is over, then drains.
     /// Returns at once when the server is gone.
     void waitUntil(TimePoint time);
+
+    /// Whether the condition came true in time. It is looked at again after every event.
+    template <typename Condition>
+    bool waitFor(Condition condition, std::chrono::milliseconds atMost)
+    {
+        const auto end = std::chrono::steady_clock::now() + atMost;
+        while (!condition()) {
+            if (std::chrono::steady_clock::now() >= end || !m_connection.alive())
+                return false;
+            waitUntil(end);
+        }
+        return true;
+    }
 
 private:
     bool deliver(XOwned<xcb_generic_event_t> event);

@@ -1,5 +1,8 @@
 #include "PanorelX11/Windows/WindowManager.h"
 
+#include <array>
+#include <cstring>
+
 namespace Panorel::X11 {
 
 namespace {
@@ -10,6 +13,7 @@ constexpr std::uint32_t flagsShift = 8;
 constexpr std::uint32_t sourceShift = 12;
 constexpr std::uint32_t stateRemove = 0;
 constexpr std::uint32_t stateAdd = 1;
+constexpr std::uint32_t iconicState = 3;
 constexpr std::uint32_t supportedAtoms = 16 * 1024;
 
 /// Bits for x, y, width and height.
@@ -94,6 +98,41 @@ void WindowManager::setMaximized(xcb_window_t window, bool maximized) const
     send(window, "_NET_WM_STATE",
          {maximized ? stateAdd : stateRemove, m_connection.atom("_NET_WM_STATE_MAXIMIZED_VERT"),
           m_connection.atom("_NET_WM_STATE_MAXIMIZED_HORZ"), sourcePager, 0});
+}
+
+void WindowManager::minimize(xcb_window_t window) const
+{
+    send(window, "WM_CHANGE_STATE", {iconicState, 0, 0, 0, 0});
+}
+
+void WindowManager::setHidden(xcb_window_t window) const
+{
+    send(window, "_NET_WM_STATE",
+         {stateAdd, m_connection.atom("_NET_WM_STATE_HIDDEN"), 0, sourcePager, 0});
+}
+
+void WindowManager::clearHidden(xcb_window_t window) const
+{
+    send(window, "_NET_WM_STATE",
+         {stateRemove, m_connection.atom("_NET_WM_STATE_HIDDEN"), 0, sourcePager, 0});
+}
+
+void WindowManager::requestMap(xcb_window_t window) const
+{
+    xcb_map_request_event_t request{};
+    request.response_type = XCB_MAP_REQUEST;
+    request.parent = m_connection.root();
+    request.window = window;
+    // An event on the wire has 32 bytes, whatever its kind.
+    std::array<char, 32> event{};
+    std::memcpy(event.data(), &request, sizeof request);
+    xcb_send_event(m_connection.get(), 0, m_connection.root(), XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   event.data());
+}
+
+void WindowManager::map(xcb_window_t window) const
+{
+    xcb_map_window(m_connection.get(), window);
 }
 
 void WindowManager::stackOnTop(xcb_window_t window) const

@@ -37,6 +37,18 @@ public:
 
     void setMaximized(xcb_window_t window, bool maximized) const;
 
+    void minimize(xcb_window_t window) const;
+
+    /// The same for a window of another desktop, which some window managers take for minimised
+    /// already when they are asked in the first way.
+    void setHidden(xcb_window_t window) const;
+
+    /// Three ways to take a window out of its minimised state, none of which every window manager
+    /// knows. The last two may switch to the window's desktop.
+    void clearHidden(xcb_window_t window) const;
+    void requestMap(xcb_window_t window) const;
+    void map(xcb_window_t window) const;
+
     /// To the top of the stacking, the focus left alone. Only where supports() says so of
     /// "_NET_RESTACK_WINDOW".
     void stackOnTop(xcb_window_t window) const;

@@ -81,8 +81,6 @@ void WindowPlacer::place(xcb_window_t window, const PlacementTarget &target)
     if (placement.isDone())
         return;
     m_pending.emplace(window, Pending{std::move(placement), m_monitors.changeCount()});
-    if (m_nextLookChanged)
-        m_nextLookChanged();
 }
 
 std::optional<PixelRect> WindowPlacer::awaitFrame(xcb_window_t window)

@@ -5,7 +5,6 @@
 #include "PanorelX11/Windows/Placement.h"
 #include "PanorelX11/Windows/WindowManager.h"
 
-#include <functional>
 #include <map>
 #include <unordered_map>
 
@@ -40,12 +39,6 @@ public:
     /// When processEvents() is due even if no event comes; absent while nothing is being placed.
     std::optional<TimePoint> nextLook() const;
 
-    /// Called whenever nextLook() may have become earlier.
-    void setNextLookCallback(std::function<void()> changed)
-    {
-        m_nextLookChanged = std::move(changed);
-    }
-
 private:
     struct Pending {
         Placement placement;
@@ -65,7 +58,6 @@ private:
     std::map<xcb_window_t, Pending> m_pending;
     std::unordered_map<xcb_window_t, ClientReading> m_known;
     TimePoint m_lastAnswer{};
-    std::function<void()> m_nextLookChanged;
 };
 
 } // namespace Panorel::X11

@@ -15,11 +15,10 @@ constexpr auto focusPatience = 150ms;
 
 } // namespace
 
-WindowStacker::WindowStacker(const XConnection &connection, EventPump &pump,
-                             ClientRegistry &registry, const ClientReader &reader,
-                             const WindowManager &windowManager)
-    : m_connection(connection), m_pump(pump), m_registry(registry), m_reader(reader),
-      m_windowManager(windowManager)
+WindowStacker::WindowStacker(EventPump &pump, ClientRegistry &registry, const ClientReader &reader,
+                             const WindowManager &windowManager, const InputFocus &focus)
+    : m_pump(pump), m_registry(registry), m_reader(reader), m_windowManager(windowManager),
+      m_focus(focus)
 {}
 
 void WindowStacker::raise(const std::vector<xcb_window_t> &backToFront)
@@ -31,7 +30,7 @@ void WindowStacker::raise(const std::vector<xcb_window_t> &backToFront)
         return raiseByActivating(windows);
     for (const xcb_window_t window : windows)
         m_windowManager.stackOnTop(window);
-    waitFor([&] { return isStacked(windows); }, stackingPatience);
+    m_pump.waitFor([&] { return isStacked(windows); }, stackingPatience);
 }
 
 std::vector<xcb_window_t>
@@ -73,50 +72,21 @@ bool WindowStacker::isStacked(const std::vector<xcb_window_t> &backToFront)
 
 void WindowStacker::raiseByActivating(const std::vector<xcb_window_t> &backToFront)
 {
-    const auto before = focus();
+    const auto before = m_focus.holder();
     for (const xcb_window_t window : backToFront)
         m_windowManager.activate(window);
-    waitFor([&] { return activeWindow() == backToFront.back(); }, activationPatience);
+    m_pump.waitFor([&] { return m_focus.activeWindow() == backToFront.back(); },
+                   activationPatience);
     if (!before)
         return;
     // Set by hand: to activate the window again would raise it. Twice, because an activation that
     // is handled late takes the focus once more.
     for (int round = 0; round < 2; ++round) {
-        xcb_set_input_focus(m_connection.get(), before->revertTo, before->window, XCB_CURRENT_TIME);
-        if (waitFor([&] { return activeWindow() == before->active; }, focusPatience))
+        m_focus.giveBack(*before);
+        if (m_pump.waitFor([&] { return m_focus.activeWindow() == before->active; }, focusPatience))
             break;
     }
-    waitFor([&] { return isStacked(backToFront); }, stackingPatience);
-}
-
-std::optional<WindowStacker::Focus> WindowStacker::focus() const
-{
-    const XOwned<xcb_get_input_focus_reply_t> reply(xcb_get_input_focus_reply(
-        m_connection.get(), xcb_get_input_focus(m_connection.get()), nullptr));
-    if (!reply)
-        return std::nullopt;
-    return Focus{reply->focus, activeWindow(), reply->revert_to};
-}
-
-xcb_window_t WindowStacker::activeWindow() const
-{
-    return PropertyRequest(m_connection, m_connection.root(),
-                           m_connection.atom("_NET_ACTIVE_WINDOW"))
-        .collect()
-        .value32()
-        .value_or(XCB_WINDOW_NONE);
-}
-
-template <typename Condition>
-bool WindowStacker::waitFor(Condition condition, std::chrono::milliseconds atMost)
-{
-    const auto end = std::chrono::steady_clock::now() + atMost;
-    while (!condition()) {
-        if (std::chrono::steady_clock::now() >= end || !m_connection.alive())
-            return false;
-        m_pump.waitUntil(end);
-    }
-    return true;
+    m_pump.waitFor([&] { return isStacked(backToFront); }, stackingPatience);
 }
 
 } // namespace Panorel::X11

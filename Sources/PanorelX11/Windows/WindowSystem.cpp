@@ -1,5 +1,7 @@
 #include "PanorelX11/Windows/WindowSystem.h"
 
+#include <QAbstractEventDispatcher>
+
 namespace Panorel::X11 {
 
 WindowSystem::WindowSystem()
@@ -9,22 +11,40 @@ WindowSystem::WindowSystem()
     QObject::connect(&m_notifier, &QSocketNotifier::activated, &m_notifier,
                      [this] { processEvents(); });
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { processEvents(); });
-    m_placer.setNextLookCallback([this] { armTimer(); });
+    // The ports are called between two rounds of the loop. The first signal is for a round that
+    // may wait, the second for one that does not.
+    if (const auto *dispatcher = QAbstractEventDispatcher::instance()) {
+        QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, &m_timer,
+                         [this] { prepareToWait(); });
+        QObject::connect(dispatcher, &QAbstractEventDispatcher::awake, &m_timer,
+                         [this] { prepareToWait(); });
+    }
 }
 
 void WindowSystem::processEvents()
 {
     m_placer.processEvents();
+    m_hidden.processEvents();
+    m_launches.announce();
     m_connection.flush();
     // The socket of a server that has gone would be readable for ever.
     if (!m_connection.alive())
         m_notifier.setEnabled(false);
-    armTimer();
+    prepareToWait();
 }
 
-void WindowSystem::armTimer()
+/// What a port began or noticed in passing is gone on with from the timer.
+void WindowSystem::prepareToWait()
 {
-    const auto next = m_placer.nextLook();
+    m_pump.drainQueued();
+    auto next = m_placer.nextLook();
+    if (const auto look = m_hidden.nextLook())
+        next = next ? std::min(*next, *look) : *look;
+    if (m_launches.isDue())
+        next = EventPump::TimePoint{};
+    if (next == m_armedFor && m_timer.isActive() == next.has_value())
+        return;
+    m_armedFor = next;
     if (!next)
         return m_timer.stop();
     const auto left =

@@ -2,6 +2,9 @@
 
 #include "PanorelX11/Windows/ClientReader.h"
 #include "PanorelX11/Windows/ClientRegistry.h"
+#include "PanorelX11/Windows/HiddenWindows.h"
+#include "PanorelX11/Windows/InputFocus.h"
+#include "PanorelX11/Windows/LaunchWatch.h"
 #include "PanorelX11/Windows/Monitors.h"
 #include "PanorelX11/Windows/WindowManager.h"
 #include "PanorelX11/Windows/WindowPlacer.h"
@@ -16,10 +19,11 @@
 namespace Panorel::X11 {
 
 /// The three ports that are about windows, on a connection of their own. While the main event
-/// loop runs, placing that was sent and not waited for goes on from it.
+/// loop runs, what was sent and not waited for goes on from it, and launches are announced.
 class WindowSystem {
 public:
-    /// Throws std::runtime_error, its text fit for the user, where there is no X server.
+    /// Throws std::runtime_error, its text fit for the user, where there is no X server. After the
+    /// application object, whose event dispatcher it listens to.
     WindowSystem();
     WindowSystem(const WindowSystem &) = delete;
     WindowSystem &operator=(const WindowSystem &) = delete;
@@ -30,7 +34,7 @@ public:
 
 private:
     void processEvents();
-    void armTimer();
+    void prepareToWait();
 
     XConnection m_connection;
     EventPump m_pump{m_connection};
@@ -39,12 +43,17 @@ private:
     ClientRegistry m_registry{m_connection, m_pump};
     ClientReader m_reader{m_connection};
     WindowPlacer m_placer{m_connection, m_pump, m_reader, m_windowManager, m_monitors};
-    WindowStacker m_stacker{m_connection, m_pump, m_registry, m_reader, m_windowManager};
-    X11Accessibility m_accessibility{m_registry, m_reader, m_windowManager, m_placer, m_stacker};
-    X11WindowList m_windowList{m_registry, m_reader};
-    X11Workspace m_workspace{m_registry};
+    InputFocus m_focus{m_connection, m_pump, m_windowManager};
+    WindowStacker m_stacker{m_pump, m_registry, m_reader, m_windowManager, m_focus};
+    HiddenWindows m_hidden{m_connection, m_pump, m_registry, m_reader, m_windowManager, m_focus};
+    LaunchWatch m_launches{m_connection, m_pump, m_registry};
+    X11Accessibility m_accessibility{m_registry, m_reader, m_windowManager, m_placer,
+                                     m_stacker,  m_focus,  m_hidden};
+    X11WindowList m_windowList{m_registry, m_reader, m_hidden};
+    X11Workspace m_workspace{m_registry, m_hidden, m_launches};
     QSocketNotifier m_notifier;
     QTimer m_timer;
+    std::optional<EventPump::TimePoint> m_armedFor; ///< absent: not armed
 };
 
 } // namespace Panorel::X11

@@ -17,9 +17,9 @@ xcb_window_t idOf(const WindowElementRef &element)
 
 X11Accessibility::X11Accessibility(ClientRegistry &registry, const ClientReader &reader,
                                    const WindowManager &windowManager, WindowPlacer &placer,
-                                   WindowStacker &stacker)
+                                   WindowStacker &stacker, InputFocus &focus, HiddenWindows &hidden)
     : m_registry(registry), m_reader(reader), m_windowManager(windowManager), m_placer(placer),
-      m_stacker(stacker)
+      m_stacker(stacker), m_focus(focus), m_hidden(hidden)
 {}
 
 bool X11Accessibility::isTrusted() const
@@ -29,12 +29,8 @@ bool X11Accessibility::isTrusted() const
 
 std::vector<WindowAttributes> X11Accessibility::windows(ProcessIdentifier pid)
 {
-    std::vector<xcb_window_t> ids;
-    for (const auto &client :
-         m_registry.frontToBack().value_or(std::vector<ClientRegistry::Client>{})) {
-        if (client.facts.application == pid && client.facts.isOrdinary())
-            ids.push_back(client.window);
-    }
+    const auto ids = m_registry.ordinaryWindows(pid);
+    m_hidden.awaitRest(ids);
     const auto readings = m_reader.read(ids);
     const auto titles = m_reader.titles(ids);
     std::vector<WindowAttributes> windows;
@@ -44,7 +40,8 @@ std::vector<WindowAttributes> X11Accessibility::windows(ProcessIdentifier pid)
         m_placer.remember(ids[i], *readings[i]);
         const Rect frame = readings[i]->geometry.visibleFrame().toRect();
         windows.push_back({std::make_shared<X11Window>(ids[i]), frame.origin(), frame.size(),
-                           titles[i], readings[i]->isMinimized, readings[i]->isFullScreen});
+                           titles[i], readings[i]->isMinimized && !m_hidden.contains(ids[i]),
+                           readings[i]->isFullScreen});
     }
     return windows;
 }
@@ -72,14 +69,35 @@ void X11Accessibility::raise(const std::vector<WindowElementRef> &backToFront)
         if (const auto id = idOf(window))
             ids.push_back(id);
     }
+    m_hidden.awaitRest(ids);
     m_stacker.raise(ids);
 }
 
 WindowElementRef X11Accessibility::focusedWindow()
 {
+    const auto clients = m_registry.frontToBack();
+    const auto active = m_focus.activeWindow();
+    m_hidden.processEvents();
+    if (!clients || m_hidden.isWindowHidden(active))
+        return nullptr;
+    for (const auto &[window, facts] : *clients) {
+        if (window == active && facts.isOrdinary() && facts.application != ApplicationNumbers::own)
+            return std::make_shared<X11Window>(window);
+    }
     return nullptr;
 }
 
-void X11Accessibility::focus(const WindowElementRef &) {}
+void X11Accessibility::focus(const WindowElementRef &window)
+{
+    const auto id = idOf(window);
+    if (!id)
+        return;
+    m_hidden.awaitRest({id});
+    m_hidden.releaseFocus();
+    const auto reading = m_reader.read(id);
+    if (reading && !reading->isMinimized && reading->isOnCurrentDesktop
+        && !m_hidden.isWindowHidden(id))
+        m_focus.moveTo(id);
+}
 
 } // namespace Panorel::X11

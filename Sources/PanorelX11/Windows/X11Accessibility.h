@@ -2,6 +2,8 @@
 
 #include "PanorelPorts/AccessibilityPort.h"
 #include "PanorelX11/Windows/ClientRegistry.h"
+#include "PanorelX11/Windows/HiddenWindows.h"
+#include "PanorelX11/Windows/InputFocus.h"
 #include "PanorelX11/Windows/WindowPlacer.h"
 #include "PanorelX11/Windows/WindowStacker.h"
 
@@ -13,7 +15,7 @@ public:
     /// All of them outlive it.
     X11Accessibility(ClientRegistry &registry, const ClientReader &reader,
                      const WindowManager &windowManager, WindowPlacer &placer,
-                     WindowStacker &stacker);
+                     WindowStacker &stacker, InputFocus &focus, HiddenWindows &hidden);
 
     /// There is nothing to grant on X11, but without a window manager nobody would answer.
     bool isTrusted() const override;
@@ -33,6 +35,8 @@ private:
     const WindowManager &m_windowManager;
     WindowPlacer &m_placer;
     WindowStacker &m_stacker;
+    InputFocus &m_focus;
+    HiddenWindows &m_hidden;
 };
 
 } // namespace Panorel::X11

@@ -7,6 +7,7 @@ std::optional<std::vector<WindowListEntry>> X11WindowList::onScreenWindows()
     const auto clients = m_registry.frontToBack();
     if (!clients)
         return std::nullopt;
+    m_hidden.processEvents();
     std::vector<xcb_window_t> ids;
     for (const auto &client : *clients)
         ids.push_back(client.window);
@@ -14,7 +15,7 @@ std::optional<std::vector<WindowListEntry>> X11WindowList::onScreenWindows()
 
     std::vector<WindowListEntry> entries;
     for (std::size_t i = 0; i < ids.size(); ++i) {
-        if (!readings[i] || readings[i]->isMinimized)
+        if (!readings[i] || readings[i]->isMinimized || m_hidden.isUnderWay(ids[i]))
             continue;
         const ClientFacts &facts = (*clients)[i].facts;
         entries.push_back({facts.layer, facts.application,

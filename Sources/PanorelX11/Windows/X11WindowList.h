@@ -3,15 +3,16 @@
 #include "PanorelPorts/WindowListPort.h"
 #include "PanorelX11/Windows/ClientReader.h"
 #include "PanorelX11/Windows/ClientRegistry.h"
+#include "PanorelX11/Windows/HiddenWindows.h"
 
 namespace Panorel::X11 {
 
-/// The managed windows that are not minimised, of all desktops together.
+/// The managed windows that are neither minimised nor hidden, of all desktops together.
 class X11WindowList final : public WindowListPort {
 public:
-    /// Both outlive it.
-    X11WindowList(ClientRegistry &registry, const ClientReader &reader)
-        : m_registry(registry), m_reader(reader)
+    /// All of them outlive it.
+    X11WindowList(ClientRegistry &registry, const ClientReader &reader, HiddenWindows &hidden)
+        : m_registry(registry), m_reader(reader), m_hidden(hidden)
     {}
 
     std::optional<std::vector<WindowListEntry>> onScreenWindows() override;
@@ -19,6 +20,7 @@ public:
 private:
     ClientRegistry &m_registry;
     const ClientReader &m_reader;
+    HiddenWindows &m_hidden;
 };
 
 } // namespace Panorel::X11

@@ -2,25 +2,32 @@
 
 #include "PanorelPorts/WorkspacePort.h"
 #include "PanorelX11/Windows/ClientRegistry.h"
+#include "PanorelX11/Windows/HiddenWindows.h"
+#include "PanorelX11/Windows/LaunchWatch.h"
 
 namespace Panorel::X11 {
 
 /// The applications that have windows, by their numbers.
 class X11Workspace final : public WorkspacePort {
 public:
-    /// The registry outlives it.
-    explicit X11Workspace(ClientRegistry &registry) : m_registry(registry) {}
+    /// All of them outlive it.
+    X11Workspace(ClientRegistry &registry, HiddenWindows &hidden, LaunchWatch &launches)
+        : m_registry(registry), m_hidden(hidden), m_launches(launches)
+    {}
 
-    /// Regular with a window that the task bar would show, on whatever desktop; accessory with
-    /// any other.
     std::vector<RunningApplication> runningApplications() override;
     ProcessIdentifier ownProcessIdentifier() const override { return ApplicationNumbers::own; }
-    void hide(ProcessIdentifier pid) override;
-    void unhide(ProcessIdentifier pid) override;
-    void setLaunchCallback(std::function<void(const RunningApplication &)> launched) override;
+    void hide(ProcessIdentifier pid) override { m_hidden.hide(pid); }
+    void unhide(ProcessIdentifier pid) override { m_hidden.unhide(pid); }
+    void setLaunchCallback(std::function<void(const RunningApplication &)> launched) override
+    {
+        m_launches.setCallback(std::move(launched));
+    }
 
 private:
     ClientRegistry &m_registry;
+    HiddenWindows &m_hidden;
+    LaunchWatch &m_launches;
 };
 
 } // namespace Panorel::X11
