@@ -1,6 +1,7 @@
 #include "Contracts/AccessibilityContract.h"
 #include "Contracts/ScreensContract.h"
 #include "Contracts/UserDefaultsContract.h"
+#include "Contracts/WorkspaceContract.h"
 #include "Desktop/Support/DesktopProbe.h"
 #include "Desktop/Support/TestClient.h"
 #include "Desktop/Support/TestServer.h"
@@ -17,9 +18,11 @@ using namespace Panorel::Desktop;
 
 namespace {
 
-/// The contract suites' desktop on a real server with openbox.
+/// The contract suites' desktop on a real server.
 class RealRig final : public DesktopRig {
 public:
+    explicit RealRig(const QString &windowManager) : manager(windowManager) {}
+
     AccessibilityPort &accessibility() override { return platform->accessibility(); }
     WindowListPort &windowList() override { return platform->windowList(); }
     WorkspacePort &workspace() override { return platform->workspace(); }
@@ -53,6 +56,15 @@ public:
         m_probe.minimise(window(title));
         awaitState(title, "_NET_WM_STATE_HIDDEN");
     }
+    void restore(const QString &title) override
+    {
+        m_probe.activate(window(title));
+        require([&] { return isOnScreen(title); }, "a restored window");
+    }
+    bool isOnScreen(const QString &title) override
+    {
+        return !m_probe.hasState(window(title), "_NET_WM_STATE_HIDDEN");
+    }
     void makeFullScreen(const QString &title) override
     {
         m_probe.setState(window(title), true, "_NET_WM_STATE_FULLSCREEN");
@@ -78,7 +90,7 @@ public:
     }
 
     TestServer server;
-    TestWindowManager manager{QStringLiteral("openbox")};
+    TestWindowManager manager;
     TestDataDir data;
     std::unique_ptr<Platform> platform = makePlatform(data.log, data.clock);
 
@@ -99,9 +111,17 @@ private:
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
-    RealRig rig;
-    AccessibilityContract windows(rig);
-    ScreensContract screens(rig);
-    UserDefaultsContract defaults(rig.platform->userDefaults());
-    return QTest::qExec(&windows) + QTest::qExec(&screens) + QTest::qExec(&defaults);
+    int failures = 0;
+    for (const char *windowManager : {"openbox", "xfwm4"}) {
+        qInfo("under %s", windowManager);
+        RealRig rig(QString::fromLatin1(windowManager));
+        AccessibilityContract windows(rig);
+        WorkspaceContract workspace(rig);
+        ScreensContract screens(rig);
+        UserDefaultsContract defaults(rig.platform->userDefaults());
+        for (QObject *contract :
+             std::initializer_list<QObject *>{&windows, &workspace, &screens, &defaults})
+            failures += QTest::qExec(contract);
+    }
+    return failures;
 }
