@@ -94,14 +94,14 @@ meeting_from_a_calendar_file() {
     local name
     step "Saving a calendar file with a meeting in five minutes, and waiting for the next look at it"
     mkdir -p "$HOME/.calendars"
-    sed "s/START/$(date -u -d '+5 minutes' +%Y%m%dT%H%M%SZ)/" >"$HOME/.calendars/work.ics" <<'ICS'
+    sed "s/MOMENT/$(date -u -d '+5 minutes' +%Y%m%dT%H%M%SZ)/" >"$HOME/.calendars/work.ics" <<'ICS'
 BEGIN:VCALENDAR
 VERSION:2.0
 PRODID:-//Panorel//Demonstration//EN
 BEGIN:VEVENT
 UID:demonstration@panorel.example
 DTSTAMP:20260101T000000Z
-DTSTART:START
+DTSTART:MOMENT
 DURATION:PT30M
 SUMMARY:Weekly round
 DESCRIPTION:Join at https://meet.google.com/abc-defg-hij
