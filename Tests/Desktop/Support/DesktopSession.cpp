@@ -83,11 +83,17 @@ void DesktopSession::setStateAndWait(const TestClient &client, bool on, const ch
 
 void DesktopSession::activateAndWait(const TestClient &client)
 {
-    probe.activate(client.window());
+    // Asked for again where it does not hold: a program that has just started may still raise
+    // itself once more.
     require(
         [&] {
-            return probe.activeWindow() == client.window()
-                   && probe.stacking().back() == client.window();
+            probe.activate(client.window());
+            return waitUntil(
+                [&] {
+                    return probe.activeWindow() == client.window()
+                           && probe.stacking().back() == client.window();
+                },
+                2'000);
         },
         "an activated window");
 }
