@@ -2,6 +2,7 @@
 #include "PanorelCore/Triggers/TriggerStore.h"
 #include "PanorelEngine/Triggers/CalendarTriggerMonitor.h"
 #include "PanorelX11/Calendar/DesktopCalendar.h"
+#include "PanorelX11/Session/GObjectOwned.h"
 #include "Support/FakeScheduler.h"
 
 #include <QDateTime>
@@ -123,13 +124,9 @@ private:
                                            nullptr);
     }
 
-    struct Unref {
-        void operator()(gpointer object) const { g_object_unref(object); }
-    };
-
     QTemporaryDir m_home;
     ChildProcess m_bus{u"dbus-daemon"_qs, {u"--session"_qs, u"--nofork"_qs, u"--print-address"_qs}};
-    mutable std::unique_ptr<GDBusConnection, Unref> m_connection;
+    mutable X11::GOwned<GDBusConnection> m_connection;
 };
 
 /// Stopped servers, which go on when the test is done with them.

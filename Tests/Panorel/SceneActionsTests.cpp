@@ -127,7 +127,6 @@ private Q_SLOTS:
     void aTimeTriggerAppliesItsScene()
     {
         ProgramWithScene program;
-        // The fake clock stands at 09:20 UTC, which is some minute of an hour everywhere.
         program.startWithTriggers(R"({"time":{"hour":12,"minute":0,"weekdays":[]}})",
                                   program.sceneID());
         program.scheduler.advance(24h);

@@ -1,6 +1,7 @@
 #include "PanorelX11/Calendar/CalendarPlaces.h"
 
 #include "PanorelX11/Calendar/CalendarFolders.h"
+#include "PanorelX11/Session/GObjectOwned.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -14,10 +15,6 @@ namespace Panorel::X11 {
 namespace {
 
 constexpr int patience = 2'000; // milliseconds, for each question to the bus
-
-struct Unref {
-    void operator()(gpointer object) const { g_object_unref(object); }
-};
 
 bool isSessionBusThere()
 {
@@ -78,7 +75,7 @@ bool CalendarPlaces::offerService() const
     if (!address)
         return false;
     // A connection of its own: the shared one ends the process when the bus goes away.
-    const std::unique_ptr<GDBusConnection, Unref> bus(g_dbus_connection_new_for_address_sync(
+    const GOwned<GDBusConnection> bus(g_dbus_connection_new_for_address_sync(
         address,
         GDBusConnectionFlags(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT
                              | G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
