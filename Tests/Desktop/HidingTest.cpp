@@ -145,13 +145,6 @@ QStringList withClass(const char *name)
     return {QStringLiteral("--class"), QString::fromLatin1(name)};
 }
 
-void addManagers()
-{
-    QTest::addColumn<QString>("manager");
-    for (const char *name : {"openbox", "xfwm4"})
-        QTest::newRow(name) << QString::fromLatin1(name);
-}
-
 } // namespace
 
 /// Hiding, focus and launches on real window managers with real programs.
@@ -159,15 +152,15 @@ class HidingTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aDeskOfManyProgramsComesBackAsItWas_data() { addManagers(); }
+    void aDeskOfManyProgramsComesBackAsItWas_data() { forEachManager(); }
     void aDeskOfManyProgramsComesBackAsItWas();
-    void aChangeOfMindIsFollowed_data() { addManagers(); }
+    void aChangeOfMindIsFollowed_data() { forEachManager(); }
     void aChangeOfMindIsFollowed();
-    void windowsOfOtherDesktopsComeBackWithoutASwitch_data() { addManagers(); }
+    void windowsOfOtherDesktopsComeBackWithoutASwitch_data() { forEachManager(); }
     void windowsOfOtherDesktopsComeBackWithoutASwitch();
-    void aProgramThatTakesTheFocusItselfIsOfferedIt_data() { addManagers(); }
+    void aProgramThatTakesTheFocusItselfIsOfferedIt_data() { forEachManager(); }
     void aProgramThatTakesTheFocusItselfIsOfferedIt();
-    void onlyRealLaunchesAreAnnounced_data() { addManagers(); }
+    void onlyRealLaunchesAreAnnounced_data() { forEachManager(); }
     void onlyRealLaunchesAreAnnounced();
 };
 

@@ -16,13 +16,6 @@ constexpr auto horizontally = "_NET_WM_STATE_MAXIMIZED_HORZ";
 constexpr auto minimised = "_NET_WM_STATE_HIDDEN";
 constexpr auto fullScreen = "_NET_WM_STATE_FULLSCREEN";
 
-void forEachManager()
-{
-    QTest::addColumn<QString>("manager");
-    QTest::newRow("openbox") << QStringLiteral("openbox");
-    QTest::newRow("xfwm4") << QStringLiteral("xfwm4");
-}
-
 /// Windows of every kind, over both displays, one of them across the border.
 void furnish(DesktopSession &session)
 {

@@ -115,7 +115,7 @@ class ScenesTest : public QObject {
 
 private Q_SLOTS:
     void aSceneOpensWhatIsMissingAndHidesTheOthers();
-    void theStashBringsEightWindowsBack_data();
+    void theStashBringsEightWindowsBack_data() { forEachManager(); }
     void theStashBringsEightWindowsBack();
     void aStartedProgramLandsInItsPlace();
 };
@@ -154,13 +154,6 @@ void ScenesTest::aSceneOpensWhatIsMissingAndHidesTheOthers()
     program.endCleanly(SIGTERM);
     QVERIFY(
         desk.probe.find(QStringLiteral("reader")).has_value()); // it does not end with the program
-}
-
-void ScenesTest::theStashBringsEightWindowsBack_data()
-{
-    QTest::addColumn<QString>("manager");
-    QTest::newRow("openbox") << QStringLiteral("openbox");
-    QTest::newRow("xfwm4") << QStringLiteral("xfwm4");
 }
 
 void ScenesTest::theStashBringsEightWindowsBack()

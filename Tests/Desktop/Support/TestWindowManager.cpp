@@ -2,6 +2,8 @@
 
 #include "Desktop/Support/DesktopProbe.h"
 
+#include <QTest>
+
 namespace Panorel::Desktop {
 TestWindowManager::TestWindowManager(const QString &name)
     : m_bus(QStringLiteral("dbus-daemon"),
@@ -36,6 +38,13 @@ TestWindowManager::~TestWindowManager()
 {
     m_manager.end();
     m_bus.end();
+}
+
+void forEachManager()
+{
+    QTest::addColumn<QString>("manager");
+    for (const char *name : {"openbox", "xfwm4"})
+        QTest::newRow(name) << QString::fromLatin1(name);
 }
 
 } // namespace Panorel::Desktop

@@ -21,4 +21,7 @@ private:
     ChildProcess m_manager;
 };
 
+/// Rows for a test's data function: its column "manager" names each of them.
+void forEachManager();
+
 } // namespace Panorel::Desktop
