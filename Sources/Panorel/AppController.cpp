@@ -54,10 +54,7 @@ AppController::AppController(PanelModel &panelModel, const AppServices &services
           services.clock,
           [this](const TriggerRecord &trigger, const QString &) { applyScene(trigger.sceneID); }),
       m_keys(services, m_scenes,
-             {.stash = [this] { toggleStash(); },
-              .restore = [this] { restoreNow(); },
-              .saveLayout = [this] { saveLayoutNow(); },
-              .undo = [this] { undoLastRestore(); },
+             {.fixed = [this](FixedAction action) { perform(action); },
               .applyScene = [this](const QUuid &id) { applyScene(id); }})
 {
     installPanelActions();
@@ -184,6 +181,20 @@ void AppController::saveLayoutNow()
     m_layoutAwaitsUser = false;
     m_services.log.log(QStringLiteral("hotkey: layout saved (%1 windows)").arg(count));
     refreshPanel();
+}
+
+void AppController::perform(FixedAction action)
+{
+    switch (action) {
+    case FixedAction::Stash:
+        return toggleStash();
+    case FixedAction::Restore:
+        return restoreNow();
+    case FixedAction::SaveLayout:
+        return saveLayoutNow();
+    case FixedAction::Undo:
+        return undoLastRestore();
+    }
 }
 
 void AppController::toggleStash()

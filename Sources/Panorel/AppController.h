@@ -81,8 +81,19 @@ public:
     /// logout off, so after ten minutes the session counts as going on.
     void prepareToEnd();
 
+    // What the windows show and change. Who changes a store calls what depends on it.
+    LayoutStore &layouts() { return m_layouts; }
+    SceneStore &scenes() { return m_scenes; }
+    const UsageStore &usage() const { return m_usage; }
+    AppRuleStore &rules() { return m_rules; }
+    TriggerStore &triggers() { return m_triggers; }
+    TimeTriggerScheduler &timeTriggers() { return m_timeTriggers; }
+    CalendarTriggerMonitor &calendarMonitor() { return m_calendarMonitor; }
+    PermissionCenter &permission() { return m_permission; }
+
 private:
     void installPanelActions();
+    void perform(FixedAction action);
     bool hasAccessibility();
     bool mayLearn();
     void refreshWhileSettling();

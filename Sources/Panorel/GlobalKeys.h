@@ -1,16 +1,13 @@
 #pragma once
 
 #include "Panorel/AppServices.h"
-
-#include <QUuid>
+#include "Panorel/FixedAction.h"
 
 #include <functional>
-#include <optional>
 
 namespace Panorel {
 
 class SceneStore;
-struct HotKeyCombo;
 
 /// The program's global keys: one for each fixed action that the preferences give a key, and one
 /// for each scene that has its own, of whatever desk.
@@ -18,10 +15,7 @@ class GlobalKeys {
 public:
     /// What the keys do.
     struct Actions {
-        std::function<void()> stash;
-        std::function<void()> restore;
-        std::function<void()> saveLayout;
-        std::function<void()> undo;
+        std::function<void(FixedAction action)> fixed;
         std::function<void(const QUuid &scene)> applyScene;
     };
 
@@ -36,8 +30,6 @@ public:
     void reload();
 
 private:
-    void reloadFixed(const QString &id, const QString &name,
-                     const std::optional<HotKeyCombo> &combo, const std::function<void()> &action);
     void registerKey(const QString &id, const QString &name, const HotKeyCombo &combo,
                      const std::function<void()> &action);
 

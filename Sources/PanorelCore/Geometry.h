@@ -54,6 +54,19 @@ struct Rect {
         return {left, top, right - left, bottom - top};
     }
 
+    /// Around both; an all-zero rectangle adds nothing.
+    Rect united(const Rect &other) const
+    {
+        if (*this == Rect{})
+            return other;
+        if (other == Rect{})
+            return *this;
+        const double left = std::min(minX(), other.minX());
+        const double top = std::min(minY(), other.minY());
+        return {left, top, std::max(maxX(), other.maxX()) - left,
+                std::max(maxY(), other.maxY()) - top};
+    }
+
     bool operator==(const Rect &) const = default;
 };
 

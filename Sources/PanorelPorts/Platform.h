@@ -9,6 +9,7 @@
 #include "PanorelPorts/ScreensPort.h"
 #include "PanorelPorts/ShellPort.h"
 #include "PanorelPorts/SystemPreferencesPort.h"
+#include "PanorelPorts/UpdaterPort.h"
 #include "PanorelPorts/UserDefaultsPort.h"
 #include "PanorelPorts/WindowListPort.h"
 #include "PanorelPorts/WorkspacePort.h"
@@ -41,6 +42,8 @@ public:
     virtual AlarmPort &alarm() = 0;
     /// Null where the system has no settings that restoring depends on.
     virtual SystemPreferencesPort *systemPreferences() = 0;
+    /// Null where updates come from elsewhere, for example with the system's packages.
+    virtual UpdaterPort *updater() = 0;
 
     /// `lost` is called on the main thread, once, when the window system has gone away and
     /// nothing can be read or moved any more; `reason` is fit for the user. From then on the

@@ -20,10 +20,12 @@ public:
     virtual std::optional<bool> boolean(const QString &key) const = 0;
     virtual std::optional<double> number(const QString &key) const = 0;
     virtual std::optional<QByteArray> data(const QString &key) const = 0;
+    virtual std::optional<QString> text(const QString &key) const = 0;
 
     virtual void setBoolean(const QString &key, bool value) = 0;
     virtual void setNumber(const QString &key, double value) = 0;
     virtual void setData(const QString &key, const QByteArray &value) = 0;
+    virtual void setText(const QString &key, const QString &value) = 0;
     virtual void remove(const QString &key) = 0;
 };
 

@@ -39,6 +39,7 @@ public:
     CalendarPort &calendar() override { return m_calendar; }
     AlarmPort &alarm() override { return m_alarm; }
     SystemPreferencesPort *systemPreferences() override { return nullptr; }
+    UpdaterPort *updater() override { return nullptr; }
 
     void setLostCallback(std::function<void(const QString &reason)> lost) override
     {

@@ -25,6 +25,8 @@ private Q_SLOTS:
         QVERIFY(m_defaults.number(QStringLiteral("third")).value() == 1.0 / 3);
         QVERIFY(m_defaults.number(QStringLiteral("three")).value() == 3.0);
         QCOMPARE(m_defaults.data(QStringLiteral("bytes")), bytes);
+        m_defaults.setText(QStringLiteral("words"), QStringLiteral("automation, „heute“"));
+        QCOMPARE(m_defaults.text(QStringLiteral("words")), QStringLiteral("automation, „heute“"));
     }
 
     void whatIsGoneOrOfAnotherTypeReadsAsAbsent()
@@ -32,7 +34,7 @@ private Q_SLOTS:
         const auto text = QStringLiteral("text");
         m_defaults.setData(text, "yes");
         QVERIFY(m_defaults.contains(text));
-        QVERIFY(!m_defaults.boolean(text) && !m_defaults.number(text));
+        QVERIFY(!m_defaults.boolean(text) && !m_defaults.number(text) && !m_defaults.text(text));
         m_defaults.remove(text);
         QVERIFY(!m_defaults.contains(text) && !m_defaults.data(text));
         m_defaults.remove(text);

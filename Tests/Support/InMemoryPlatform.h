@@ -50,9 +50,11 @@ public:
     {
         return typed<QByteArray>(key);
     }
+    std::optional<QString> text(const QString &key) const override { return typed<QString>(key); }
     void setBoolean(const QString &key, bool value) override { values[key] = value; }
     void setNumber(const QString &key, double value) override { values[key] = value; }
     void setData(const QString &key, const QByteArray &value) override { values[key] = value; }
+    void setText(const QString &key, const QString &value) override { values[key] = value; }
     void remove(const QString &key) override { values.erase(key); }
 
 private:
@@ -124,7 +126,8 @@ class InMemoryPlatform final : public Platform,
                                ShellPort,
                                ApplicationLauncherPort,
                                DesktopPicturePort,
-                               SystemPreferencesPort {
+                               SystemPreferencesPort,
+                               UpdaterPort {
 public:
     InMemoryDesktop desktop;
     InMemoryScreens display;
@@ -137,6 +140,8 @@ public:
     QStringList pictures;                           ///< every desktop picture asked for
     std::map<QString, PreferenceValue> preferences; ///< by "domain key"
     int desktopSettingsOpened = 0;
+    bool checksForUpdates = true;
+    int updateChecks = 0;
     std::optional<bool> registeredAtLogin;
     std::optional<ActivationPolicy> policy;
     std::vector<WindowHandle> onAllDesktops;
@@ -154,6 +159,7 @@ public:
     DesktopPicturePort &desktopPicture() override { return *this; }
     CalendarPort &calendar() override { return events; }
     AlarmPort &alarm() override { return *alarms; }
+    UpdaterPort *updater() override { return this; }
     SystemPreferencesPort *systemPreferences() override { return this; }
     void setLostCallback(std::function<void(const QString &)>) override {}
 
@@ -169,6 +175,9 @@ private:
     std::optional<PreferenceValue> value(const QString &domain, const QString &key) override;
     void openDesktopSettings() override { ++desktopSettingsOpened; }
     void setActivationPolicy(ActivationPolicy asked) override { policy = asked; }
+    bool automaticallyChecksForUpdates() override { return checksForUpdates; }
+    void setAutomaticallyChecksForUpdates(bool checks) override { checksForUpdates = checks; }
+    void checkForUpdates() override { ++updateChecks; }
     bool isComposited() const override { return true; }
     bool hasEmbeddingTray() const override { return true; }
     void showOnAllDesktops(WindowHandle window) override { onAllDesktops.push_back(window); }

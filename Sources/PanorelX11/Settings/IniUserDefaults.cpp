@@ -86,6 +86,14 @@ std::optional<QByteArray> IniUserDefaults::data(const QString &key) const
     return value.toByteArray();
 }
 
+std::optional<QString> IniUserDefaults::text(const QString &key) const
+{
+    const QVariant value = m_settings.value(key);
+    if (value.typeId() != QMetaType::QString)
+        return {};
+    return value.toString();
+}
+
 void IniUserDefaults::setBoolean(const QString &key, bool value)
 {
     m_settings.setValue(key, value);
@@ -99,6 +107,12 @@ void IniUserDefaults::setNumber(const QString &key, double value)
 }
 
 void IniUserDefaults::setData(const QString &key, const QByteArray &value)
+{
+    m_settings.setValue(key, value);
+    writeThrough();
+}
+
+void IniUserDefaults::setText(const QString &key, const QString &value)
 {
     m_settings.setValue(key, value);
     writeThrough();

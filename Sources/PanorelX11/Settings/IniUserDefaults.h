@@ -26,11 +26,13 @@ public:
     std::optional<bool> boolean(const QString &key) const override;
     std::optional<double> number(const QString &key) const override;
     std::optional<QByteArray> data(const QString &key) const override;
+    std::optional<QString> text(const QString &key) const override;
 
     void setBoolean(const QString &key, bool value) override;
     /// One that is not finite is stored and reads as absent.
     void setNumber(const QString &key, double value) override;
     void setData(const QString &key, const QByteArray &value) override;
+    void setText(const QString &key, const QString &value) override;
     void remove(const QString &key) override;
 
 private:

@@ -1,0 +1,54 @@
+#include "Panorel/FixedAction.h"
+
+#include "Panorel/Prefs.h"
+
+namespace Panorel {
+
+namespace {
+
+struct Entry {
+    const char *id;
+    const char *name;
+    const std::optional<HotKeyCombo> &(Prefs::*key)() const;
+    void (Prefs::*setKey)(const std::optional<HotKeyCombo> &);
+};
+
+const Entry &entry(FixedAction action)
+{
+    static constexpr Entry entries[] = {
+        {"stash", "Stash", &Prefs::stashHotKey, &Prefs::setStashHotKey},
+        {"restore", "Restore now", &Prefs::restoreHotKey, &Prefs::setRestoreHotKey},
+        {"savelayout", "Save layout now", &Prefs::saveLayoutHotKey, &Prefs::setSaveLayoutHotKey},
+        {"undo", "Undo last restore", &Prefs::undoHotKey, &Prefs::setUndoHotKey},
+    };
+    return entries[std::size_t(action)];
+}
+
+} // namespace
+
+QString keyID(FixedAction action)
+{
+    return QLatin1String(entry(action).id);
+}
+
+QString nameOf(FixedAction action)
+{
+    return QLatin1String(entry(action).name);
+}
+
+std::optional<HotKeyCombo> keyOf(FixedAction action, const Prefs &prefs)
+{
+    return (prefs.*entry(action).key)();
+}
+
+void setKeyOf(FixedAction action, const std::optional<HotKeyCombo> &combo, Prefs &prefs)
+{
+    (prefs.*entry(action).setKey)(combo);
+}
+
+QString keyID(const SceneRecord &scene)
+{
+    return sceneKeyPrefix + scene.id.toString(QUuid::WithoutBraces).toUpper();
+}
+
+} // namespace Panorel
