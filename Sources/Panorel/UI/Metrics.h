@@ -16,6 +16,7 @@ constexpr int controlRadius = 6;
 constexpr int rowHeight = 32; ///< at least; a larger font makes it higher
 constexpr int hitArea = 28;   ///< nothing to press is smaller
 constexpr int symbolSize = 20;
+constexpr int contentWidth = 640; ///< at most, of a page
 constexpr int focusRing = 2;
 
 } // namespace Panorel::Metrics

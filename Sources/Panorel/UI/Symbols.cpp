@@ -5,39 +5,23 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
+#include <array>
+
 namespace Panorel {
 
 namespace {
 
+constexpr std::array files{
+    "display", "scene",    "plus",    "close",      "stash",  "bring-back",   "undo",
+    "layouts", "settings", "update",  "quit",       "window", "general",      "keyboard",
+    "clock",   "info",     "rules",   "trash",      "edit",   "play",         "calendar",
+    "picture", "check",    "warning", "permission", "more",   "chevron-down", "chevron-right",
+};
+static_assert(files.size() == std::size_t(Symbol::ChevronRight) + 1);
+
 QString fileOf(Symbol symbol)
 {
-    switch (symbol) {
-    case Symbol::Display:
-        return QStringLiteral("display");
-    case Symbol::Scene:
-        return QStringLiteral("scene");
-    case Symbol::Plus:
-        return QStringLiteral("plus");
-    case Symbol::Close:
-        return QStringLiteral("close");
-    case Symbol::Stash:
-        return QStringLiteral("stash");
-    case Symbol::BringBack:
-        return QStringLiteral("bring-back");
-    case Symbol::Undo:
-        return QStringLiteral("undo");
-    case Symbol::Layouts:
-        return QStringLiteral("layouts");
-    case Symbol::Settings:
-        return QStringLiteral("settings");
-    case Symbol::Update:
-        return QStringLiteral("update");
-    case Symbol::Quit:
-        return QStringLiteral("quit");
-    case Symbol::Window:
-        return QStringLiteral("window");
-    }
-    return {};
+    return QLatin1String(files.at(std::size_t(symbol)));
 }
 
 } // namespace

@@ -8,7 +8,8 @@ class QRectF;
 
 namespace Panorel {
 
-/// The project's own line symbols, drawn on a grid of 20 with a line of 1.5.
+/// The project's own line symbols, drawn on a grid of 20 with a line of 1.5. Each is a file of
+/// symbols/; Symbols.cpp names them in this order.
 enum class Symbol {
     Display,
     Scene,
@@ -22,6 +23,22 @@ enum class Symbol {
     Update,
     Quit,
     Window,
+    General,
+    Keyboard,
+    Clock,
+    Info,
+    Rules,
+    Trash,
+    Edit,
+    Play,
+    Calendar,
+    Picture,
+    Check,
+    Warning,
+    Permission,
+    More,
+    ChevronDown,
+    ChevronRight,
 };
 
 /// Draws it in one colour, sharp at any scale.

@@ -1,6 +1,7 @@
 #include "Panorel/UI/TabOrder.h"
 
 #include <QLayout>
+#include <QScrollArea>
 #include <QWidget>
 
 namespace Panorel {
@@ -14,7 +15,9 @@ void collect(QLayout *layout, std::vector<QWidget *> &controls)
         QWidget *widget = item->widget();
         if (widget && widget->focusPolicy() & Qt::TabFocus)
             controls.push_back(widget);
-        collect(widget ? widget->layout() : item->layout(), controls);
+        const auto *scrolling = qobject_cast<QScrollArea *>(widget);
+        QWidget *within = scrolling ? scrolling->widget() : widget;
+        collect(within ? within->layout() : item->layout(), controls);
     }
 }
 

@@ -32,6 +32,9 @@ struct Theme {
     QColor attention;
     QColor off;
 
+    /// Of what can't be used now.
+    static constexpr double disabledOpacity = 0.45;
+
     /// Of a palette's active colours: the panel is no less alive for not having the focus.
     static Theme of(const QPalette &palette);
 };

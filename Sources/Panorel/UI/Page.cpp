@@ -1,0 +1,75 @@
+#include "Panorel/UI/Page.h"
+
+#include "Panorel/UI/Metrics.h"
+#include "Panorel/UI/RowCard.h"
+#include "Panorel/UI/SectionHeading.h"
+#include "Panorel/UI/TextLabel.h"
+
+#include <QVBoxLayout>
+
+namespace Panorel {
+
+Page::Page(const QString &title, QWidget *parent)
+    : QScrollArea(parent), m_header(new QHBoxLayout), m_contents(new QVBoxLayout)
+{
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWidgetResizable(true);
+    setAccessibleName(title);
+
+    auto *name = new TextLabel(TextStyle::Title);
+    name->setText(title);
+    m_header->setSpacing(Metrics::small);
+    m_header->addWidget(name, 1);
+    m_contents->setSpacing(Metrics::small);
+    m_contents->addStretch(); // stays the last
+
+    auto *column = new QWidget;
+    column->setMaximumWidth(Metrics::contentWidth);
+    auto *lines = new QVBoxLayout(column);
+    lines->setContentsMargins({});
+    lines->setSpacing(Metrics::large);
+    lines->addLayout(m_header);
+    lines->addLayout(m_contents, 1);
+
+    auto *content = new QWidget;
+    auto *layout = new QVBoxLayout(content); // centres what may not be as wide as it is
+    layout->setContentsMargins(Metrics::wide, Metrics::wide, Metrics::wide, Metrics::wide);
+    layout->addWidget(column);
+    setWidget(content);
+    // What is behind the page shows, in the window's colour.
+    viewport()->setAutoFillBackground(false);
+    content->setAutoFillBackground(false);
+}
+
+void Page::addToHeader(QWidget *control)
+{
+    m_header->addWidget(control, 0, Qt::AlignVCenter);
+}
+
+RowCard *Page::addCard(const QString &heading)
+{
+    if (!heading.isEmpty()) {
+        auto *title = new SectionHeading(heading, {});
+        if (m_contents->count() > 1)
+            title->layout()->setContentsMargins(Metrics::small, Metrics::small, Metrics::small, 0);
+        addWidget(title);
+    }
+    auto *card = new RowCard;
+    addWidget(card);
+    return card;
+}
+
+void Page::addWidget(QWidget *widget)
+{
+    m_contents->insertWidget(m_contents->count() - 1, widget);
+}
+
+void Page::addFilling(QWidget *widget)
+{
+    widget->setSizePolicy(widget->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
+    m_contents->insertWidget(m_contents->count() - 1, widget, 1);
+}
+
+} // namespace Panorel
