@@ -2,6 +2,7 @@
 
 #include <QStringList>
 
+#include <algorithm>
 #include <array>
 
 namespace Panorel {
@@ -37,13 +38,30 @@ constexpr std::array keyNames{
 };
 static_assert(keyNames.size() == 52);
 
-const KeyName *nameOf(quint32 keyCode)
+/// Keys that have a name on a PC keyboard only.
+constexpr std::array pcKeyNames{
+    KeyName{122, nullptr, u"F1"},     KeyName{120, nullptr, u"F2"},
+    KeyName{99, nullptr, u"F3"},      KeyName{118, nullptr, u"F4"},
+    KeyName{96, nullptr, u"F5"},      KeyName{97, nullptr, u"F6"},
+    KeyName{98, nullptr, u"F7"},      KeyName{100, nullptr, u"F8"},
+    KeyName{101, nullptr, u"F9"},     KeyName{109, nullptr, u"F10"},
+    KeyName{103, nullptr, u"F11"},    KeyName{111, nullptr, u"F12"},
+    KeyName{105, nullptr, u"F13"},    KeyName{107, nullptr, u"F14"},
+    KeyName{113, nullptr, u"F15"},    KeyName{106, nullptr, u"F16"},
+    KeyName{64, nullptr, u"F17"},     KeyName{79, nullptr, u"F18"},
+    KeyName{80, nullptr, u"F19"},     KeyName{90, nullptr, u"F20"},
+    KeyName{114, nullptr, u"Insert"}, KeyName{115, nullptr, u"Home"},
+    KeyName{116, nullptr, u"PgUp"},   KeyName{117, nullptr, u"Delete"},
+    KeyName{119, nullptr, u"End"},    KeyName{121, nullptr, u"PgDown"},
+    KeyName{123, nullptr, u"Left"},   KeyName{124, nullptr, u"Right"},
+    KeyName{125, nullptr, u"Down"},   KeyName{126, nullptr, u"Up"},
+};
+
+template <std::size_t count>
+const KeyName *nameOf(quint32 keyCode, const std::array<KeyName, count> &names)
 {
-    for (const KeyName &name : keyNames) {
-        if (name.keyCode == keyCode)
-            return &name;
-    }
-    return nullptr;
+    const auto found = std::ranges::find(names, keyCode, &KeyName::keyCode);
+    return found == names.end() ? nullptr : &*found;
 }
 
 } // namespace
@@ -59,7 +77,7 @@ QString HotKeyCombo::displayString() const
         text += QStringLiteral("⇧");
     if (modifiers & command)
         text += QStringLiteral("⌘");
-    const KeyName *name = nameOf(keyCode);
+    const KeyName *name = nameOf(keyCode, keyNames);
     return text + (name ? QString::fromUtf16(name->onMac) : QStringLiteral("?"));
 }
 
@@ -74,7 +92,9 @@ QString HotKeyCombo::pcString() const
         parts.append(QStringLiteral("Shift"));
     if (modifiers & command)
         parts.append(QStringLiteral("Super"));
-    const KeyName *name = nameOf(keyCode);
+    const KeyName *name = nameOf(keyCode, keyNames);
+    if (!name)
+        name = nameOf(keyCode, pcKeyNames);
     if (name)
         parts.append(QString::fromUtf16(name->onPC ? name->onPC : name->onMac));
     else

@@ -72,7 +72,7 @@ struct HotKeyCombo {
 
     /// In a Mac's glyphs, for example "⌥⇧S"; "?" for a key without a name.
     QString displayString() const;
-    /// As on a PC keyboard, for example "Alt+Shift+S".
+    /// As on a PC keyboard, for example "Alt+Shift+S"; more keys have a name there.
     QString pcString() const;
 
     bool operator==(const HotKeyCombo &) const = default;
