@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace Panorel {
 
@@ -31,6 +32,12 @@ public:
     /// registration.
     [[nodiscard]] virtual std::unique_ptr<HotKeyRegistration>
     registerHotKey(const HotKeyCombo &combo, HotKeyNumber number) = 0;
+
+    /// The key code of a key that was pressed in a window of ours, from the two numbers that the
+    /// toolkit gives with it; each platform knows its keys by one of them. Absent: a key that no
+    /// combination can name.
+    virtual std::optional<quint32> keyCodeOf(quint32 nativeScanCode,
+                                             quint32 nativeVirtualKey) const = 0;
 
     /// The combination as the platform's users know it: "⌥⇧S" or "Alt+Shift+S".
     virtual QString text(const HotKeyCombo &combo) const = 0;

@@ -90,6 +90,12 @@ public:
     }
     std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKeyCombo &combo,
                                                        HotKeyNumber number) override;
+    /// A key's scan code is its code and 8, as X counts them.
+    std::optional<quint32> keyCodeOf(quint32 nativeScanCode, quint32) const override
+    {
+        const bool isKey = nativeScanCode >= 8 && nativeScanCode - 8 <= lastKeyCode;
+        return isKey ? std::optional(nativeScanCode - 8) : std::nullopt;
+    }
     QString text(const HotKeyCombo &combo) const override { return combo.pcString(); }
 
 private:

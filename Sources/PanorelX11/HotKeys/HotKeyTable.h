@@ -23,6 +23,7 @@ public:
     /// Moves the grabs to where the keyboard has their keys, and tries those again that were
     /// refused. What stays where it is stays grabbed throughout.
     void setKeyboard(Keyboard keyboard);
+    const Keyboard &keyboard() const { return m_keyboard; }
 
     /// False where the keyboard lacks the combination or it can't be grabbed; then nothing is kept.
     /// No number is used twice.

@@ -78,4 +78,14 @@ std::optional<KeyGrab> Keyboard::find(const HotKeyCombo &combo) const
     return grab;
 }
 
+std::optional<quint32> Keyboard::keyCodeOf(std::uint32_t key) const
+{
+    for (quint32 keyCode = 0; keyCode <= lastKeyCode; ++keyCode) {
+        const auto found = keys.find(keyPosition(keyCode).toByteArray());
+        if (found != keys.end() && found->second == key)
+            return keyCode;
+    }
+    return {};
+}
+
 } // namespace Panorel::X11

@@ -48,6 +48,9 @@ struct Keyboard {
 
     /// Absent where this keyboard lacks the key or one of the modifiers.
     std::optional<KeyGrab> find(const HotKeyCombo &combo) const;
+
+    /// The way back: which key code names the key. Absent: none.
+    std::optional<quint32> keyCodeOf(std::uint32_t key) const;
 };
 
 } // namespace Panorel::X11

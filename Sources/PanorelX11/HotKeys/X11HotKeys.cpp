@@ -51,6 +51,11 @@ std::unique_ptr<HotKeyRegistration> X11HotKeys::registerHotKey(const HotKeyCombo
     return std::make_unique<Registration>(*this, number);
 }
 
+std::optional<quint32> X11HotKeys::keyCodeOf(quint32 nativeScanCode, quint32) const
+{
+    return m_table.keyboard().keyCodeOf(nativeScanCode); // X's own keycode
+}
+
 void X11HotKeys::onEvent(const xcb_generic_event_t &event)
 {
     // Compared whole: an event that some program made up carries the sent bit.

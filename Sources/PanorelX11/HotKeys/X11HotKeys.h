@@ -20,6 +20,8 @@ public:
     void setPressedCallback(std::function<void(HotKeyNumber)> pressed) override;
     std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKeyCombo &combo,
                                                        HotKeyNumber number) override;
+    std::optional<quint32> keyCodeOf(quint32 nativeScanCode,
+                                     quint32 nativeVirtualKey) const override;
     QString text(const HotKeyCombo &combo) const override { return combo.pcString(); }
 
 private:
