@@ -72,6 +72,8 @@ public:
 
     /// Registers the global keys anew, as the preferences and the scenes have them now.
     void reloadHotKeys() { m_keys.reload(); }
+    /// None of them is in force until reloadHotKeys().
+    void suspendHotKeys() { m_keys.suspend(); }
 
     /// Copies the current state into the panel's model, all but the last action.
     void refreshPanel();

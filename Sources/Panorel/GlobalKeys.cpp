@@ -13,6 +13,11 @@ GlobalKeys::GlobalKeys(const AppServices &services, const SceneStore &scenes, Ac
 
 GlobalKeys::~GlobalKeys()
 {
+    suspend();
+}
+
+void GlobalKeys::suspend()
+{
     for (const FixedAction action : fixedActions)
         m_services.hotKeys.unregister(keyID(action));
     m_services.hotKeys.unregisterAll(sceneKeyPrefix);

@@ -29,6 +29,9 @@ public:
     /// refuses is logged.
     void reload();
 
+    /// Gives all keys back to the platform until reload(), while the user types one to be recorded.
+    void suspend();
+
 private:
     void registerKey(const QString &id, const QString &name, const HotKeyCombo &combo,
                      const std::function<void()> &action);
