@@ -1,0 +1,40 @@
+#pragma once
+
+#include "Panorel/Settings/SettingsModel.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+class QWidget;
+
+namespace Panorel {
+
+/// A library that the program is made with, and the terms that it comes under.
+struct LinkedLibrary {
+    QString name;
+    QString licence;
+};
+
+/// What the settings window needs of the program and the platform beside its model. A function
+/// that is absent does nothing.
+struct SettingsEnvironment {
+    /// How long the displays must be quiet, to be in force at once.
+    std::function<void(double seconds)> setSettleSeconds;
+    /// While the user types a combination, none may fire.
+    std::function<void()> suspendHotKeys;
+    std::function<void()> resumeHotKeys;
+    /// As HotKeyPort::keyCodeOf().
+    std::function<std::optional<quint32>(quint32 nativeScanCode, quint32 nativeVirtualKey)>
+        keyCodeOf;
+    /// The panes that are not made here, each once, when it is first shown. Null: an empty page.
+    std::function<QWidget *(SettingsSection section)> makePane;
+    /// Whether there is a Dock for an icon.
+    bool hasDock = false;
+    /// The platform's own, beside Qt.
+    std::vector<LinkedLibrary> libraries;
+};
+
+} // namespace Panorel
