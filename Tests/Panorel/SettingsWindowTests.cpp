@@ -146,6 +146,7 @@ class SettingsWindowTests : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { QCoreApplication::setApplicationVersion(u("1.0")); }
     void init() { QApplication::setPalette(paletteOf(0xfafafb, 0x1d1f23)); }
 
     void theWindowOpensAsItWasLeft()

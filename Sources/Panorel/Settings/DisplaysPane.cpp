@@ -107,8 +107,9 @@ void DisplaysPane::refreshDesk()
     for (const DisplayInfo &display : m_model.displays()) {
         auto *size = new TextLabel(TextStyle::Secondary);
         size->setText(sizeText(display));
-        m_displays->addRow(new SettingRow(
-            display.name, display.isBuiltin ? tr("Built-in display") : QString(), size));
+        m_displays->addRow(new SettingRow(display.name,
+                                          display.isBuiltin ? tr("Built-in display") : QString(),
+                                          size, TextLabel::Fit::Elide));
     }
 }
 

@@ -10,6 +10,22 @@
 
 namespace Panorel {
 
+namespace {
+
+/// Names of any length in one sentence.
+QString listed(const QStringList &names)
+{
+    constexpr int charactersWide = 40;
+    const QFontMetrics metrics(fontOf(TextStyle::Body));
+    QStringList shortened;
+    for (const QString &name : names)
+        shortened << metrics.elidedText(name.simplified(), Qt::ElideRight,
+                                        charactersWide * metrics.averageCharWidth());
+    return shortened.join(QStringLiteral(", "));
+}
+
+} // namespace
+
 ShortcutRow::ShortcutRow(const SettingsEnvironment &environment, HotKeyRecorder::TextOf textOf,
                          QWidget *parent)
     : QWidget(parent), m_recorder(new HotKeyRecorder(environment, std::move(textOf))),
@@ -25,7 +41,7 @@ ShortcutRow::ShortcutRow(const SettingsEnvironment &environment, HotKeyRecorder:
     QSizePolicy policy = m_clear->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     m_clear->setSizePolicy(policy);
-    m_row = new SettingRow({}, {}, control);
+    m_row = new SettingRow({}, {}, control, TextLabel::Fit::Elide);
     m_remark->layout()->setContentsMargins(Metrics::large, 0, 0, Metrics::small);
     m_remark->setObjectName(QStringLiteral("remark"));
     m_remark->hide();
@@ -55,9 +71,8 @@ void ShortcutRow::showKey(const QString &name, const QString &explanation,
     m_clear->setTitle(tr("Clear the shortcut for %1").arg(name));
     m_clear->setToolTip(tr("Clear"));
     m_clear->setVisible(combo.has_value());
-    m_collision = collisions.isEmpty()
-                      ? QString()
-                      : tr("Already used by %1").arg(collisions.join(QStringLiteral(", ")));
+    m_collision =
+        collisions.isEmpty() ? QString() : tr("Already used by %1").arg(listed(collisions));
     if (!m_recorder->isRecording())
         say(m_collision);
 }

@@ -15,19 +15,23 @@ EmptyState::EmptyState(Symbol symbol, const QString &sentence, const QString &ac
 {
     constexpr int symbolSize = 48;
     constexpr int lineWidth = 360;
-    auto *picture = new SymbolView(symbol);
+    auto *picture = new SymbolView(symbol, SymbolView::Tint::Faint);
     picture->setFixedSize(symbolSize, symbolSize);
     auto *text = new TextLabel(TextStyle::Body, TextLabel::Fit::Wrap);
     text->setText(sentence);
     text->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     text->setMaximumWidth(lineWidth);
+    auto *line = new QHBoxLayout; // in the middle, and as wide as it may be
+    line->addStretch(1);
+    line->addWidget(text, 1000);
+    line->addStretch(1);
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(Metrics::wide, Metrics::wide, Metrics::wide, Metrics::wide);
     layout->setSpacing(Metrics::medium);
     layout->addStretch();
     layout->addWidget(picture, 0, Qt::AlignHCenter);
-    layout->addWidget(text);
+    layout->addLayout(line);
     if (!action.isEmpty()) {
         auto *button = new PrimaryButton(action);
         button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

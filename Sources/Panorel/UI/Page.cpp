@@ -34,9 +34,11 @@ Page::Page(const QString &title, QWidget *parent)
     lines->addLayout(m_contents, 1);
 
     auto *content = new QWidget;
-    auto *layout = new QVBoxLayout(content); // centres what may not be as wide as it is
+    auto *layout = new QHBoxLayout(content);
     layout->setContentsMargins(Metrics::wide, Metrics::wide, Metrics::wide, Metrics::wide);
-    layout->addWidget(column);
+    layout->addStretch(1); // in the middle, and as wide as it may be
+    layout->addWidget(column, 1000);
+    layout->addStretch(1);
     setWidget(content);
     // What is behind the page shows, in the window's colour.
     viewport()->setAutoFillBackground(false);

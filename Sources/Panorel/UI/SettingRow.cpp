@@ -1,7 +1,6 @@
 #include "Panorel/UI/SettingRow.h"
 
 #include "Panorel/UI/Metrics.h"
-#include "Panorel/UI/TextLabel.h"
 #include "Panorel/UI/Toggle.h"
 
 #include <QHBoxLayout>
@@ -10,20 +9,19 @@
 namespace Panorel {
 
 SettingRow::SettingRow(const QString &name, const QString &explanation, QWidget *control,
-                       QWidget *parent)
-    : QWidget(parent), m_name(new TextLabel(TextStyle::Body, TextLabel::Fit::Wrap)),
+                       TextLabel::Fit nameFit, QWidget *parent)
+    : QWidget(parent), m_name(new TextLabel(TextStyle::Body, nameFit)),
       m_explanation(new TextLabel(TextStyle::Secondary, TextLabel::Fit::Wrap)), m_control(control)
 {
     auto *texts = new QVBoxLayout;
     texts->setSpacing(2);
-    texts->addStretch();
     texts->addWidget(m_name);
     texts->addWidget(m_explanation);
-    texts->addStretch();
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, Metrics::small, 0, Metrics::small);
     layout->setSpacing(Metrics::large);
     layout->addLayout(texts, 1);
+    layout->setAlignment(texts, Qt::AlignVCenter);
     if (m_control) {
         const bool isNamed = !m_control->accessibleName().isEmpty();
         layout->addWidget(m_control, 0, Qt::AlignVCenter);

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <QWidget>
+#include "Panorel/UI/TextLabel.h"
 
 namespace Panorel {
-
-class TextLabel;
 
 /// One line of a card: what it is about at the left, its control at the right, and where the name
 /// alone is not enough, an explanation below. The control is read out under the row's name unless
@@ -13,11 +11,11 @@ class SettingRow : public QWidget {
     Q_OBJECT
 
 public:
-    /// The row owns the control. Null: it only shows.
+    /// The row owns the control. Null: it only shows. A name of the user's or of a program, of any
+    /// length, is to be elided.
     SettingRow(const QString &name, const QString &explanation, QWidget *control,
-               QWidget *parent = nullptr);
+               TextLabel::Fit nameFit = TextLabel::Fit::Wrap, QWidget *parent = nullptr);
 
-    /// Any text of the user's or of a program; it wraps.
     void setName(const QString &name);
     /// Empty: none.
     void setExplanation(const QString &explanation);

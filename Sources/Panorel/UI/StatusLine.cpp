@@ -6,6 +6,8 @@
 #include <QHBoxLayout>
 #include <QPainter>
 
+#include <algorithm>
+
 namespace Panorel {
 
 namespace {
@@ -52,7 +54,11 @@ void StatusLine::paintEvent(QPaintEvent *)
     const QColor color = colorOf(m_status, Theme::of(palette()));
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    QRectF dot(0, (height() - dotSize) / 2.0, dotSize, dotSize);
+    // Beside the first line of the text, which is in the middle of its label.
+    const int lineHeight = m_label->minimumSizeHint().height();
+    const int textHeight = std::max(m_label->heightForWidth(m_label->width()), lineHeight);
+    const double top = m_label->y() + (m_label->height() - textHeight) / 2.0;
+    QRectF dot(0, top + (lineHeight - dotSize) / 2.0, dotSize, dotSize);
     if (m_status == Status::Off) {
         painter.setPen(QPen(color, 1.5));
         dot.adjust(0.75, 0.75, -0.75, -0.75);

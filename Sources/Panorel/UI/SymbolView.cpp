@@ -7,7 +7,8 @@
 
 namespace Panorel {
 
-SymbolView::SymbolView(Symbol symbol, QWidget *parent) : QWidget(parent), m_symbol(symbol)
+SymbolView::SymbolView(Symbol symbol, Tint tint, QWidget *parent)
+    : QWidget(parent), m_symbol(symbol), m_tint(tint)
 {
     setFixedSize(Metrics::symbolSize, Metrics::symbolSize);
 }
@@ -16,7 +17,8 @@ void SymbolView::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    drawSymbol(painter, m_symbol, rect(), Theme::of(palette()).accentInk);
+    const Theme theme = Theme::of(palette());
+    drawSymbol(painter, m_symbol, rect(), m_tint == Tint::Faint ? theme.off : theme.accentInk);
 }
 
 } // namespace Panorel

@@ -11,13 +11,16 @@ class SymbolView : public QWidget {
     Q_OBJECT
 
 public:
-    explicit SymbolView(Symbol symbol, QWidget *parent = nullptr);
+    enum class Tint { Accent, Faint };
+
+    explicit SymbolView(Symbol symbol, Tint tint = Tint::Accent, QWidget *parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
     Symbol m_symbol;
+    Tint m_tint;
 };
 
 } // namespace Panorel

@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include <cmath>
+
 namespace Panorel {
 
 TextLabel::TextLabel(TextStyle style, Fit fit, QWidget *parent)
@@ -23,7 +25,9 @@ QFontMetrics TextLabel::metrics() const
 
 QSize TextLabel::sizeHint() const
 {
-    return {metrics().horizontalAdvance(text()), metrics().height()};
+    // Rounded up: a line that gets half a pixel less than it needs is elided.
+    const double width = QFontMetricsF(fontOf(m_style)).horizontalAdvance(text());
+    return {int(std::ceil(width)) + 1, metrics().height()};
 }
 
 QSize TextLabel::minimumSizeHint() const

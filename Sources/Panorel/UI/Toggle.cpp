@@ -23,7 +23,7 @@ Toggle::Toggle(const QString &title, QWidget *parent) : ActionControl(title, par
 QSize Toggle::sizeHint() const
 {
     // The focus ring goes around the track.
-    return {trackSize.width() + 2 * Metrics::tight, Metrics::hitArea};
+    return {trackSize.width() + 2 * Metrics::focusRing, Metrics::hitArea};
 }
 
 void Toggle::paintEvent(QPaintEvent *)
