@@ -7,6 +7,7 @@
 #include "Panorel/UI/EmptyState.h"
 #include "Panorel/UI/PlainButton.h"
 #include "Panorel/UI/PrimaryButton.h"
+#include "Panorel/UI/TextLabel.h"
 #include "Panorel/UI/Toggle.h"
 
 #include <QAccessible>
@@ -97,6 +98,16 @@ struct Settings {
     {
         return std::ranges::any_of(all<QLabel>(),
                                    [&](QLabel *label) { return label->text() == u(text); });
+    }
+    /// Text has the height that it needs, and what is not the user's the width.
+    bool nothingIsCut()
+    {
+        return std::ranges::all_of(all<TextLabel>(), [](TextLabel *label) {
+            const bool isName = label->text().contains(u'ä');
+            return label->height() >= label->heightForWidth(label->width())
+                   && label->height() >= label->minimumSizeHint().height()
+                   && (isName || label->wordWrap() || label->width() >= label->sizeHint().width());
+        });
     }
     HotKeyRecorder &recorder(const char *name)
     {
@@ -507,7 +518,7 @@ private Q_SLOTS:
             large.setPointSizeF(font.pointSizeF() * 1.5);
             QApplication::setFont(large);
         }
-        QCoreApplication::processEvents();
+        QTRY_VERIFY(settings.nothingIsCut());
         settings.save(name, name.endsWith(u"200") ? 2 : 1);
         QApplication::setFont(font);
     }

@@ -89,7 +89,7 @@ void DisplaysPane::addDelay()
     });
     addCard(tr("After a change"))
         ->addRow(new SettingRow(tr("Wait before moving windows"),
-                                tr("Displays come up one after the other. Windows move once "
+                                tr("Displays come up one by one. Windows move once "
                                    "nothing has changed for this long."),
                                 m_delay));
 }

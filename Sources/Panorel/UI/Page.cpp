@@ -54,8 +54,8 @@ RowCard *Page::addCard(const QString &heading)
 {
     if (!heading.isEmpty()) {
         auto *title = new SectionHeading(heading, {});
-        if (m_contents->count() > 1)
-            title->layout()->setContentsMargins(Metrics::small, Metrics::small, Metrics::small, 0);
+        const int above = m_contents->count() > 1 ? Metrics::small : 0;
+        title->layout()->setContentsMargins(Metrics::medium, above, Metrics::medium, 0);
         addWidget(title);
     }
     auto *card = new RowCard;

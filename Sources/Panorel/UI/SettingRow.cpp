@@ -21,7 +21,6 @@ SettingRow::SettingRow(const QString &name, const QString &explanation, QWidget 
     layout->setContentsMargins(0, Metrics::small, 0, Metrics::small);
     layout->setSpacing(Metrics::large);
     layout->addLayout(texts, 1);
-    layout->setAlignment(texts, Qt::AlignVCenter);
     if (m_control) {
         const bool isNamed = !m_control->accessibleName().isEmpty();
         layout->addWidget(m_control, 0, Qt::AlignVCenter);
@@ -46,6 +45,10 @@ void SettingRow::setExplanation(const QString &explanation)
 {
     m_explanation->setText(explanation);
     m_explanation->setVisible(!explanation.isEmpty());
+    // Together they are in the middle of a row that is higher than they are.
+    m_name->setAlignment(Qt::AlignLeading
+                         | (explanation.isEmpty() ? Qt::AlignVCenter : Qt::AlignBottom));
+    m_explanation->setAlignment(Qt::AlignLeading | Qt::AlignTop);
     if (m_control)
         m_control->setAccessibleDescription(explanation);
 }
