@@ -88,6 +88,8 @@ private Q_SLOTS:
         for (quint32 code = 0; code < 128; ++code) {
             const QString name = HotKeyCombo{code, 0}.displayString();
             const std::optional<KeyGrab> grab = keyboard.find({code, 0});
+            if (grab)
+                QCOMPARE(keyboard.keyCodeOf(grab->key), code);
             if (name.size() == 1 && name != u"?" && name.at(0).unicode() < 0x80) {
                 QVERIFY2(grab, qPrintable(name));
                 QCOMPARE(keysym(connection, grab->key),

@@ -47,6 +47,14 @@ class HotKeyTableTests : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void aPressedKeyIsNamedByItsPosition()
+    {
+        const Keyboard keys = keyboard(39, 40);
+        QCOMPARE(keys.keyCodeOf(40), altD.keyCode);
+        QVERIFY(!keys.keyCodeOf(41));
+        QVERIFY(!keys.keyCodeOf(39 + 256)); // beyond X's keycodes
+    }
+
     void locksMakeNoDifferenceToAGrab_data()
     {
         QTest::addColumn<QList<int>>("variants");
