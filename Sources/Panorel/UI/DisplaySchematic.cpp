@@ -1,5 +1,6 @@
 #include "Panorel/UI/DisplaySchematic.h"
 
+#include "Panorel/UI/ApplicationIcon.h"
 #include "Panorel/UI/Metrics.h"
 #include "Panorel/UI/Symbols.h"
 #include "Panorel/UI/TextStyle.h"
@@ -39,14 +40,9 @@ QColor translucent(QColor color, double opacity)
     return color;
 }
 
-QIcon themeIcon(const QString &bundleID)
-{
-    return QIcon::fromTheme(bundleID, QIcon::fromTheme(bundleID.section(u'.', -1).toLower()));
-}
-
 } // namespace
 
-DisplaySchematic::DisplaySchematic(QWidget *parent) : QWidget(parent), m_iconOf(themeIcon) {}
+DisplaySchematic::DisplaySchematic(QWidget *parent) : QWidget(parent), m_iconOf(applicationIcon) {}
 
 void DisplaySchematic::setDisplays(const std::vector<DisplayInfo> &displays)
 {
