@@ -1,0 +1,70 @@
+#include "Panorel/Layouts/LayoutsWindowController.h"
+
+#include "Panorel/Layouts/DesksTab.h"
+#include "Panorel/Layouts/LayoutsWindow.h"
+#include "Panorel/Layouts/RulesTab.h"
+#include "Panorel/Settings/SceneCollection.h"
+#include "PanorelPorts/UserDefaultsPort.h"
+
+#include <QScreen>
+
+namespace Panorel {
+
+namespace {
+
+const QString frameKey = QStringLiteral("layouts");
+
+} // namespace
+
+LayoutsWindowController::LayoutsWindowController(SettingsModel &model, UserDefaultsPort &defaults,
+                                                 EditScene editScene, const Clock &clock)
+    : m_model(model), m_defaults(defaults), m_editScene(std::move(editScene)), m_clock(clock)
+{}
+
+LayoutsWindowController::~LayoutsWindowController()
+{
+    if (m_window)
+        m_window->close(); // which remembers its frame
+}
+
+const Clock &LayoutsWindowController::systemClock()
+{
+    static const SystemClock clock;
+    return clock;
+}
+
+void LayoutsWindowController::show(std::optional<LayoutsSection> section)
+{
+    if (section)
+        m_model.setLayoutsSection(*section);
+    m_model.refresh();
+    if (!m_window)
+        build();
+    if (m_window->isMinimized())
+        m_window->showNormal();
+    else
+        m_window->show();
+    m_window->raise();
+    m_window->activateWindow();
+}
+
+void LayoutsWindowController::build()
+{
+    constexpr QSize size{760, 620};
+    m_window = std::make_unique<LayoutsWindow>(
+        m_model, std::vector<QWidget *>{new DesksTab(m_model, m_clock),
+                                        new SceneCollection(LayoutsWindow::tr("Saved scenes"),
+                                                            m_model, m_editScene, {}),
+                                        new RulesTab(m_model)});
+    m_window->resize(size);
+    const std::optional<QByteArray> frame = m_defaults.data(frameKey);
+    if (!frame || !m_window->restoreGeometry(*frame)) {
+        QRect area(QPoint(), size);
+        area.moveCenter(m_window->screen()->availableGeometry().center());
+        m_window->setGeometry(area);
+    }
+    QObject::connect(m_window.get(), &LayoutsWindow::hidden, m_window.get(),
+                     [this] { m_defaults.setData(frameKey, m_window->saveGeometry()); });
+}
+
+} // namespace Panorel

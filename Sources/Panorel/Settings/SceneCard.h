@@ -1,0 +1,61 @@
+#pragma once
+
+#include "Panorel/UI/RowCard.h"
+#include "PanorelCore/Records/Models.h"
+
+#include <functional>
+
+namespace Panorel {
+
+class DisplaySchematic;
+class NameField;
+class PlainButton;
+class SceneOptions;
+class SettingsModel;
+class TextButton;
+class TextLabel;
+
+/// Makes the control that shows and sets the key of a scene; it follows the model by itself.
+using MakeKeyField = std::function<QWidget *(const QUuid &scene)>;
+
+/// One scene: what it looks like, its name, what can be done with it, and its options once they
+/// are asked for.
+class SceneCard : public RowCard {
+    Q_OBJECT
+
+public:
+    /// Absent: a summary, without options. Null: options, without a key.
+    SceneCard(SettingsModel &model, const std::optional<MakeKeyField> &makeKeyField,
+              QWidget *parent = nullptr);
+
+    void setScene(const SceneRecord &scene);
+    QUuid id() const { return m_scene.id; }
+
+    void setEditable(bool isEditable);
+    /// So that the user writes another at once.
+    void startNaming();
+
+Q_SIGNALS:
+    void editRequested(const QUuid &id);
+    void deleteRequested(const QUuid &id);
+
+private:
+    QWidget *makeSummary();
+    QWidget *makeButtons();
+    void toggleOptions();
+    void rename(const QString &name);
+
+    SettingsModel &m_model;
+    std::optional<MakeKeyField> m_makeKeyField;
+    SceneRecord m_scene;
+    DisplaySchematic *m_schematic;
+    NameField *m_name;
+    TextLabel *m_windows;
+    TextLabel *m_displays;
+    PlainButton *m_edit;
+    TextButton *m_disclose;
+    std::vector<QWidget *> m_buttons;  ///< each is read out with the scene's name
+    SceneOptions *m_options = nullptr; ///< made when first shown
+};
+
+} // namespace Panorel

@@ -1,0 +1,67 @@
+#include "Panorel/Settings/SceneOptions.h"
+
+#include "Panorel/Settings/PictureField.h"
+#include "Panorel/Settings/SettingsModel.h"
+#include "Panorel/UI/Separator.h"
+#include "Panorel/UI/SettingRow.h"
+#include "Panorel/UI/Toggle.h"
+
+#include <QVBoxLayout>
+
+namespace Panorel {
+
+SceneOptions::SceneOptions(SettingsModel &model, const QUuid &id, QWidget *keyField,
+                           QWidget *parent)
+    : QWidget(parent), m_model(model), m_id(id), m_opens(new Toggle), m_hides(new Toggle),
+      m_picture(new PictureField)
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    addRow(tr("Open missing applications"), tr("Starts those of the scene that do not run."),
+           m_opens);
+    addRow(tr("Hide other applications"),
+           tr("Off: the scene's windows come forward and everything else stays where it is. On: "
+              "apps with no window in the scene get hidden — the Dock brings them back."),
+           m_hides);
+    addRow(tr("Desktop picture"), {}, m_picture);
+    if (keyField)
+        addRow(tr("Key"), tr("Applies the scene from anywhere."), keyField);
+
+    connect(m_opens, &Toggle::clicked, this, [this](bool isOn) {
+        change([isOn](SceneRecord &scene) { scene.opensMissingApps = isOn; });
+    });
+    connect(m_hides, &Toggle::clicked, this, [this](bool isOn) {
+        change([isOn](SceneRecord &scene) { scene.hidesOtherApps = isOn; });
+    });
+    connect(m_picture, &PictureField::chosen, this, [this](const std::optional<QString> &path) {
+        change([&path](SceneRecord &scene) { scene.wallpaperPath = path; });
+    });
+}
+
+void SceneOptions::addRow(const QString &name, const QString &explanation, QWidget *control)
+{
+    if (layout()->count() > 0)
+        layout()->addWidget(new Separator);
+    layout()->addWidget(new SettingRow(name, explanation, control));
+}
+
+void SceneOptions::setScene(const SceneRecord &scene)
+{
+    m_opens->setChecked(scene.opensMissingApps);
+    m_hides->setChecked(scene.hidesOtherApps);
+    m_picture->setPath(scene.wallpaperPath);
+}
+
+/// Of the scene as it is stored now, which may be gone.
+void SceneOptions::change(const std::function<void(SceneRecord &)> &edit)
+{
+    const SceneRecord *stored = m_model.scene(m_id);
+    if (!stored)
+        return;
+    SceneRecord scene = *stored;
+    edit(scene);
+    m_model.updateScene(scene);
+}
+
+} // namespace Panorel

@@ -1,0 +1,16 @@
+#include "Panorel/UI/PlainLine.h"
+
+namespace Panorel {
+
+QString plainLine(QString text)
+{
+    for (QChar &character : text) {
+        const auto category = character.category();
+        if (category == QChar::Other_Control || category == QChar::Separator_Line
+            || category == QChar::Separator_Paragraph)
+            character = u' ';
+    }
+    return text.trimmed();
+}
+
+} // namespace Panorel
