@@ -1,0 +1,180 @@
+#include "Panorel/Settings/AddTriggerSheet.h"
+#include "Panorel/Settings/AutomationPane.h"
+#include "Panorel/Settings/ScenePicker.h"
+#include "Panorel/SettingsProgram.h"
+#include "Panorel/ViewProbe.h"
+
+#include <QSpinBox>
+#include <QTimeEdit>
+
+using namespace Panorel;
+
+namespace {
+
+struct Pane {
+    SettingsProgram program;
+    AutomationPane pane{program.model};
+    ViewProbe view{pane};
+
+    void open()
+    {
+        pane.resize(700, 560);
+        pane.show();
+        QVERIFY(QTest::qWaitForWindowActive(&pane));
+        ViewProbe::settle();
+    }
+    /// The sheet that is open for a new trigger.
+    static ViewProbe sheet()
+    {
+        QWidget *window = QApplication::activeModalWidget();
+        if (!qobject_cast<AddTriggerSheet *>(window))
+            qFatal("no sheet");
+        ViewProbe::settle();
+        return {*window};
+    }
+    std::vector<TriggerRecord> triggers() { return program.model.triggers(); }
+    void add(const QUuid &scene, const TriggerKind &kind)
+    {
+        program.model.addTrigger({QUuid::createUuid(), scene, kind, true});
+    }
+};
+
+const TriggerKind everyMorning{TimeTrigger{9, 5, {}}};
+const TriggerKind beforeMeetings{CalendarVideoTrigger{5}};
+
+} // namespace
+
+class AutomationPaneTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { QLocale::setDefault(QLocale(QStringLiteral("de_DE"))); }
+
+    void aTimeTriggerIsAdded()
+    {
+        Pane test;
+        test.program.addScene("Writing");
+        const QUuid mail = test.program.addScene("Mail").id;
+        test.open();
+        test.view.photograph("automation-empty");
+        test.view.click("Add trigger…");
+        const ViewProbe sheet = Pane::sheet();
+        QVERIFY(sheet.reads("No days selected means every day."));
+        QStringList days;
+        for (const ActionControl *control : sheet.shown<ActionControl>()) {
+            if (control->isCheckable() && control->title().size() < 4)
+                days << control->title();
+        }
+        QCOMPARE(days.join(u' '), QStringLiteral("Mo Di Mi Do Fr Sa So"));
+        sheet.shown<QTimeEdit>().at(0)->setTime(QTime(17, 30));
+        sheet.click("So");
+        sheet.click("Mo");
+        auto *scenes = sheet.shown<ScenePicker>().at(0);
+        scenes->setFocus();
+        QTest::keyClick(scenes, Qt::Key_Down);
+        sheet.photograph("automation-sheet");
+        sheet.click("Add trigger");
+        QCOMPARE(test.triggers().size(), 1u);
+        const TriggerRecord trigger = test.triggers().at(0);
+        QCOMPARE(trigger.kind, (TriggerKind{TimeTrigger{17, 30, {1, 2}}}));
+        QCOMPARE(trigger.sceneID, mail);
+        QVERIFY(trigger.enabled && test.view.reads("At 17:30 on Sun, Mon"));
+    }
+
+    void aMeetingTriggerAsksForTheCalendar()
+    {
+        Pane test;
+        test.program.platform.events.status = CalendarAuthorization::Denied;
+        test.program.addScene("Writing");
+        test.open();
+        test.view.click("Add trigger…");
+        const ViewProbe sheet = Pane::sheet();
+        QVERIFY(!sheet.find("Grant calendar access…"));
+        sheet.click("Before a meeting");
+        QVERIFY(sheet.reads("Calendar access needed"));
+        auto *lead = sheet.shown<QSpinBox>().at(0);
+        QVERIFY(lead->minimum() == 0 && lead->maximum() == 60);
+        lead->setValue(60);
+        sheet.photograph("automation-sheet-meeting");
+        sheet.click("Add trigger");
+        QCOMPARE(test.triggers().at(0).kind, TriggerKind{CalendarVideoTrigger{60}});
+
+        QVERIFY(test.view.reads("Calendar access needed"));
+        test.view.click("Grant calendar access…"); // refused
+        QVERIFY(test.view.reads("Calendar access needed"));
+        test.program.platform.events.status = CalendarAuthorization::FullAccess;
+        test.view.click("Grant calendar access…");
+        QVERIFY(!test.view.reads("Calendar access needed"));
+    }
+
+    void withoutScenesTheSheetSaysSoAndMakesOne()
+    {
+        Pane test;
+        test.open();
+        test.view.click("Add trigger…");
+        const ViewProbe sheet = Pane::sheet();
+        QVERIFY(sheet.reads("There is no scene to apply yet."));
+        QVERIFY(!sheet.find("Add trigger")->isEnabled());
+        sheet.photograph("automation-sheet-no-scenes");
+        QTest::keyClick(&sheet.root, Qt::Key_Return); // not even so
+        QVERIFY(test.triggers().empty());
+        sheet.click("Add scene");
+        QVERIFY(!sheet.reads("There is no scene to apply yet."));
+        sheet.click("Add trigger");
+        QCOMPARE(test.triggers().at(0).sceneID, test.program.model.scenes().at(0).id);
+    }
+
+    void theChosenSceneStaysChosenWhileOthersComeAndGo()
+    {
+        ScenePicker picker;
+        const auto scene = [](const char *name) {
+            SceneRecord record;
+            record.id = QUuid::createUuidV5(QUuid(), QLatin1String(name));
+            record.name = QLatin1String(name);
+            return record;
+        };
+        const SceneRecord first = scene("first"), second = scene("second"), third = scene("third");
+        picker.setGroups({{{}, {}, true, {first, second}}});
+        QCOMPARE(picker.scene(), first.id);
+        picker.choose(second.id);
+        // Another desk brings headings, which can't be chosen.
+        picker.setGroups({{{}, QStringLiteral("A"), true, {third}},
+                          {QStringLiteral("b"), QStringLiteral("B"), false, {first, second}}});
+        QCOMPARE(picker.scene(), second.id);
+        QTest::keyClick(&picker, Qt::Key_Home);
+        QCOMPARE(picker.scene(), third.id);
+        picker.choose(second.id);
+        picker.setGroups({{{}, {}, true, {first}}});
+        QCOMPARE(picker.scene(), first.id);
+        picker.setGroups({});
+        QCOMPARE(picker.scene(), std::nullopt);
+    }
+
+    void triggersAreSwitchedRemovedAndBroughtBack()
+    {
+        Pane test;
+        const QUuid scene = test.program.addScene("Writing").id;
+        test.add(scene, everyMorning);
+        test.add(scene, beforeMeetings);
+        test.add(QUuid::createUuid(), {TimeTrigger{18, 0, {2, 3, 4, 5, 6}}});
+        test.open();
+        QVERIFY(test.view.reads("deleted scene"));
+        const QByteArray when = everyMorning.description().toUtf8();
+        QVERIFY(test.view.find(when)->isChecked());
+        test.view.find(when)->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(test.view.find(when), Qt::Key_Space);
+        QVERIFY(!test.triggers().at(0).enabled && test.view.find(when)->hasFocus());
+        test.program.platform.events.status = CalendarAuthorization::NotDetermined;
+        test.program.model.refresh();
+        test.view.photograph("automation");
+        test.view.click("Remove");
+        QCOMPARE(test.triggers().size(), 2u);
+        QVERIFY(!test.view.find(when));
+        test.view.click("Undo");
+        QCOMPARE(test.triggers().at(2).kind, everyMorning);
+        QVERIFY(!test.triggers().at(2).enabled && !test.view.find(when)->isChecked());
+    }
+};
+
+QTEST_MAIN(AutomationPaneTests)
+#include "AutomationPaneTests.moc"

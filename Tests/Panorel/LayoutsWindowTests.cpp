@@ -1,0 +1,247 @@
+#include "Panorel/Layouts/LayoutsWindow.h"
+#include "Panorel/Layouts/LayoutsWindowController.h"
+#include "Panorel/Layouts/RulesModel.h"
+#include "Panorel/SettingsProgram.h"
+#include "Panorel/UI/NameField.h"
+#include "Panorel/UI/TimeInWords.h"
+#include "Panorel/ViewProbe.h"
+
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QTableView>
+
+using namespace Panorel;
+using namespace std::chrono_literals;
+
+namespace {
+
+/// A desk elsewhere, with as many windows, each of an application of its own.
+Layout desk(const char *name, int windows)
+{
+    Layout layout;
+    layout.configID = layout.name = QString::fromUtf8(name);
+    layout.savedAt = FakeClock().now();
+    layout.displays = {{QStringLiteral("a"),
+                        QStringLiteral("a"),
+                        QStringLiteral("Built-in Display"),
+                        true,
+                        {0, 360, 1440, 900},
+                        {0, 360, 1440, 900}},
+                       {QStringLiteral("b"),
+                        QStringLiteral("b"),
+                        QStringLiteral("U2720Q"),
+                        false,
+                        {1440, 0, 2560, 1440},
+                        {1440, 0, 2560, 1440}}};
+    for (int i = 0; i < windows; ++i) {
+        const QString application = QStringLiteral("App %1").arg(i, 4, 10, QLatin1Char('0'));
+        const double x = 40 + i * 631 % 3200;
+        const double y = 420 + i * 367 % 500;
+        layout.windows.push_back(
+            {application, QStringLiteral("org.test.") + application, {}, {}, {x, y, 700, 420}, i});
+    }
+    return layout;
+}
+
+struct Window {
+    SettingsProgram program;
+    std::unique_ptr<LayoutsWindowController> controller;
+
+    explicit Window(const std::vector<Layout> &learned = {}) : program(learned) { restart(); }
+    void restart()
+    {
+        controller = std::make_unique<LayoutsWindowController>(
+            program.model, program.platform.defaults, [](const QUuid &) {}, program.dir.clock);
+    }
+    ViewProbe open(std::optional<LayoutsSection> section = {})
+    {
+        controller->show(section);
+        if (!QTest::qWaitForWindowActive(controller->window()))
+            qFatal("the window does not show");
+        ViewProbe::settle();
+        return {*controller->window()};
+    }
+    static ViewProbe dialog() { return {*QApplication::activeModalWidget()}; }
+};
+
+} // namespace
+
+class LayoutsWindowTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theWindowComesBackAsItWasLeft()
+    {
+        Window test;
+        test.open();
+        LayoutsWindow *window = test.controller->window();
+        QCOMPARE(window->windowTitle(), QStringLiteral("Panorel Layouts"));
+        QVERIFY(test.program.model.layoutsSection() == LayoutsSection::Desks);
+        window->resize(700, 500);
+        window->move(40, 60);
+        ViewProbe{*window}.click("Rules");
+        QTest::keyClick(window, Qt::Key_Escape);
+        QVERIFY(!window->isVisible());
+        test.open();
+        QCOMPARE(test.controller->window(), window);
+        QVERIFY(test.program.model.layoutsSection() == LayoutsSection::Rules);
+        QVERIFY(window->findChild<QTableView *>()->isVisible());
+        window->resize(720, 520);
+        const QRect left = window->geometry();
+        test.restart(); // the program ends while it is open
+        test.open(LayoutsSection::Scenes);
+        QCOMPARE(test.controller->window()->geometry(), left);
+        QVERIFY(ViewProbe{*test.controller->window()}.reads("Saved scenes"));
+    }
+
+    void desksAreNamedMarkedAndForgotten()
+    {
+        Window test({desk("Office", 12), desk("Home", 1)});
+        const ViewProbe view = test.open();
+        const auto names = [&] {
+            QStringList result;
+            for (const NameField *field : view.shown<NameField>())
+                result << field->name();
+            return result.join(u'|');
+        };
+        QCOMPARE(names(), QStringLiteral("Desk setup|Office|Home"));
+        QCOMPARE(view.shown<QWidget>(QStringLiteral("currentDesk")).size(), 1);
+        QVERIFY(view.reads("1 window, last learned just now"));
+        view.photograph("layouts-desks");
+        NameField *office = view.shown<NameField>().at(1);
+        office->setFocus(Qt::TabFocusReason);
+        office->setText(QStringLiteral("Desk 5"));
+        test.program.dir.clock.advance(5min);
+        test.program.model.refresh(); // does not disturb
+        QTest::keyClick(office, Qt::Key_Return);
+        QCOMPARE(names(), QStringLiteral("Desk setup|Desk 5|Home"));
+        QVERIFY(view.reads("1 window, last learned 5 minutes ago"));
+        QCOMPARE(test.program.model.deskName(QStringLiteral("Office")), QStringLiteral("Desk 5"));
+
+        view.click("Forget…", 1);
+        QVERIFY(Window::dialog().reads("Forget “Desk 5”?"));
+        Window::dialog().click("Forget");
+        QCOMPARE(names(), QStringLiteral("Desk setup|Home"));
+    }
+
+    void scenesAreAppliedAndDeletedHereToo()
+    {
+        Window test;
+        test.program.addScene("Writing");
+        test.program.addForeignScene("Away");
+        const ViewProbe view = test.open(LayoutsSection::Scenes);
+        QVERIFY(!view.find("Options") && view.find("Edit…"));
+        view.photograph("layouts-scenes");
+        view.click("Apply");
+        QCOMPARE(test.program.model.usage().sceneSwitches, 1);
+        view.click("Delete…");
+        Window::dialog().click("Delete");
+        QCOMPARE(test.program.sceneNames(), QStringList{QStringLiteral("Away")});
+        QVERIFY(view.find("Undo"));
+    }
+
+    void rulesAreFoundAndSetByMouseAndKeyboard()
+    {
+        Window test({desk("Office", 1000)});
+        const ViewProbe view = test.open(LayoutsSection::Rules);
+        auto *table = view.shown<QTableView>().at(0);
+        const auto cell = [&](int row, int column) { return table->model()->index(row, column); };
+        const auto click = [&](int row, int column) {
+            QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
+                              table->visualRect(cell(row, column)).center());
+        };
+        const auto rule = [&](int row) {
+            return test.program.model.rules().at(std::size_t(row)).rule;
+        };
+        QCOMPARE(table->model()->rowCount(), 1002);
+        click(1, RulesModel::Ignored);
+        QVERIFY(rule(1).ignored && !rule(1).restoreSize);
+        click(1, RulesModel::Application); // a name is no switch
+        QVERIFY(rule(1).ignored);
+        table->setFocus(Qt::TabFocusReason);
+        table->setCurrentIndex(cell(1, RulesModel::Ignored));
+        for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Right, Qt::Key_Space, Qt::Key_Down})
+            QTest::keyClick(table, key);
+        QVERIFY(!rule(1).ignored && rule(1).restoreSize);
+        QCOMPARE(table->currentIndex(), cell(2, RulesModel::RestoreSize)); // the place is kept
+        view.photograph("layouts-rules");
+
+        auto *search = view.shown<QLineEdit>().at(0);
+        QTest::keyClicks(search, QStringLiteral("app 099"));
+        QCOMPARE(table->model()->rowCount(), 10);
+        click(9, RulesModel::Ignored);
+        QCOMPARE(test.program.model.rules().at(999).appName, QStringLiteral("App 0999"));
+        QVERIFY(rule(999).ignored);
+        QTest::keyClicks(search, QStringLiteral("?"));
+        QCOMPARE(table->model()->rowCount(), 0);
+        QVERIFY(view.reads("No application is called so."));
+        view.photograph("layouts-rules-none");
+    }
+
+    void aThousandWindowsOpenAtOnce_data()
+    {
+        QTest::addColumn<LayoutsSection>("section");
+        QTest::newRow("desks") << LayoutsSection::Desks;
+        QTest::newRow("scenes") << LayoutsSection::Scenes;
+        QTest::newRow("rules") << LayoutsSection::Rules;
+    }
+
+    void aThousandWindowsOpenAtOnce()
+    {
+        QFETCH(LayoutsSection, section);
+        Window test({desk("Office", 1000)});
+        SceneRecord scene = test.program.addScene("Many");
+        scene.layout = desk("Office", 1000);
+        test.program.model.updateScene(scene);
+        QElapsedTimer timer;
+        timer.start();
+        const ViewProbe view = test.open(section);
+        view.root.grab();
+        const qint64 took = timer.elapsed();
+        qInfo("opened and drawn in %lld ms", took);
+        QVERIFY2(took < 2000, "half a second is the aim; a busy machine may take longer");
+    }
+
+    void whenSomethingHappenedIsSaidInWords_data()
+    {
+        QTest::addColumn<std::chrono::milliseconds>("ago");
+        QTest::addColumn<QString>("words");
+        const auto row = [](std::chrono::milliseconds ago, const char *words) {
+            QTest::newRow(words) << ago << QString::fromUtf8(words);
+        };
+        row(0ms, "just now");
+        row(59999ms, "just now");
+        row(1min, "a minute ago");
+        row(2min, "2 minutes ago");
+        row(1h - 1ms, "59 minutes ago");
+        row(1h, "today at 08:20");
+        row(9h + 20min, "today at 00:00");
+        row(9h + 21min, "yesterday at 23:59");
+        row(33h + 21min, "on Saturday, 11 May 2024");
+        row(-1min, "on Monday, 13 May 2024");
+    }
+
+    void whenSomethingHappenedIsSaidInWords()
+    {
+        QFETCH(std::chrono::milliseconds, ago);
+        QFETCH(QString, words);
+        const Instant now = FakeClock().now(); // 9:20 in UTC
+        const QLocale locale(QStringLiteral("en_GB"));
+        QCOMPARE(timeInWords(now - ago, now, locale, QTimeZone::utc()), words);
+    }
+
+    void emptyPagesSayWhatWillAppear()
+    {
+        Window test;
+        for (const Layout &layout : std::vector(test.program.model.layouts()))
+            test.program.model.forgetDesk(layout.configID);
+        test.open(LayoutsSection::Desks).photograph("layouts-desks-empty");
+        QVERIFY(ViewProbe{*test.controller->window()}.shown<NameField>().isEmpty());
+        const ViewProbe view = test.open(LayoutsSection::Rules);
+        QVERIFY(view.shown<QTableView>().isEmpty());
+        view.photograph("layouts-rules-empty");
+    }
+};
+
+QTEST_MAIN(LayoutsWindowTests)
+#include "LayoutsWindowTests.moc"

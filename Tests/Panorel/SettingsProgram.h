@@ -1,0 +1,60 @@
+#pragma once
+
+#include "InMemoryProgram.h"
+#include "Panorel/Settings/SettingsModel.h"
+
+namespace Panorel {
+
+/// The program with the model of its settings, after its first learning.
+struct SettingsProgram : Program {
+    SettingsModel model;
+
+    /// With these desks learned in an earlier run.
+    explicit SettingsProgram(const std::vector<Layout> &learned = {})
+        : model{controllerWith(learned), // first: it may start anew all that follows
+                AppServices{platform, *watcher, hotKeys, *prefs, scheduler, dir.log, dir.clock}}
+    {}
+
+    /// A scene of the current windows under that name.
+    SceneRecord addScene(const char *name)
+    {
+        SceneRecord scene = model.addSceneFromCurrentWindows();
+        scene.name = QString::fromUtf8(name);
+        model.updateScene(scene);
+        return scene;
+    }
+    /// A scene of a desk that is not connected, without displays.
+    SceneRecord addForeignScene(const char *name)
+    {
+        SceneRecord scene = addScene(name);
+        model.removeScene(scene.id);
+        scene.configID = scene.layout.configID = QStringLiteral("elsewhere");
+        scene.layout.displays.clear();
+        model.addScene(scene);
+        return scene;
+    }
+    QStringList sceneNames()
+    {
+        QStringList names;
+        for (const SceneRecord &scene : model.scenes())
+            names << scene.name;
+        return names;
+    }
+
+private:
+    AppController &controllerWith(const std::vector<Layout> &learned)
+    {
+        if (!learned.empty()) {
+            LayoutStore store(dir.log, dir.clock);
+            for (const Layout &layout : learned)
+                store.saveLearned(layout);
+            start();
+        }
+        return *controller;
+    }
+};
+
+/// Nothing is so long, so marked up or so broken as a name from a file.
+inline const QString nastyName = QStringLiteral("<b>A&B</b>\n") + QString(300, u'x');
+
+} // namespace Panorel

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "Panorel/UI/ActionControl.h"
+#include "Panorel/UI/TextLabel.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QTest>
+
+namespace Panorel {
+
+/// Looks at a window as its user does: by what shows and what it is called.
+struct ViewProbe {
+    QWidget &root;
+
+    /// From top to bottom.
+    template <typename Widget> QList<Widget *> shown(const QString &name = {}) const
+    {
+        auto widgets = root.findChildren<Widget *>(name);
+        widgets.removeIf([](const Widget *widget) { return !widget->isVisible(); });
+        std::ranges::stable_sort(widgets, {}, [this](const Widget *widget) {
+            return widget->mapTo(&root, QPoint()).y();
+        });
+        return widgets;
+    }
+    /// The nth of that title; null where there is none.
+    ActionControl *find(const char *title, int nth = 0) const
+    {
+        for (ActionControl *control : shown<ActionControl>()) {
+            if (control->title() == QString::fromUtf8(title) && nth-- == 0)
+                return control;
+        }
+        return nullptr;
+    }
+    void click(const char *title, int nth = 0) const
+    {
+        ActionControl *control = find(title, nth);
+        if (!control)
+            qFatal("nothing is called %s", title);
+        QTest::mouseClick(control, Qt::LeftButton);
+        QCoreApplication::processEvents(); // what was pressed may be gone now
+    }
+    bool reads(const char *text) const
+    {
+        for (const TextLabel *label : shown<TextLabel>()) {
+            if (label->text() == QString::fromUtf8(text))
+                return true;
+        }
+        return false;
+    }
+    /// What is left of what went only when the event loop ran goes now.
+    static void settle()
+    {
+        QCoreApplication::processEvents();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    /// Light, dark, and twice as dense with a font 1.5 times as large.
+    void photograph(const char *name) const
+    {
+        const QPalette palette = QApplication::palette();
+        const QFont font = QApplication::font();
+        QApplication::setPalette(paletteOf(0xfafafb, 0xffffff, 0x1d1f23));
+        save(QLatin1String(name) + QStringLiteral("-light"), 1);
+        QApplication::setPalette(paletteOf(0x26282c, 0x1e2023, 0xf1f2f4));
+        save(QLatin1String(name) + QStringLiteral("-dark"), 1);
+        QFont large = font;
+        large.setPointSizeF(font.pointSizeF() * 1.5);
+        QApplication::setFont(large);
+        save(QLatin1String(name) + QStringLiteral("-dark-large-200"), 2);
+        QApplication::setFont(font);
+        QApplication::setPalette(palette);
+    }
+
+private:
+    static QPalette paletteOf(const QColor &window, const QColor &base, const QColor &text)
+    {
+        QPalette palette(text, window, window.lighter(), window.darker(), window, text, base);
+        palette.setColor(QPalette::Highlight, QColor(0x3584e4));
+        palette.setColor(QPalette::HighlightedText, Qt::white);
+        QColor faint = text;
+        faint.setAlphaF(0.5f);
+        palette.setColor(QPalette::PlaceholderText, faint);
+        return palette;
+    }
+    void save(const QString &name, double scale) const
+    {
+        settle();
+        QImage picture(root.size() * scale, QImage::Format_ARGB32_Premultiplied);
+        picture.setDevicePixelRatio(scale);
+        root.render(&picture);
+        const QDir folder(QStringLiteral(PANOREL_SCREENSHOTS));
+        if (!folder.mkpath(QStringLiteral("."))
+            || !picture.save(folder.filePath(name + QStringLiteral(".png"))))
+            qFatal("no screenshot %s", qPrintable(name));
+    }
+};
+
+} // namespace Panorel
