@@ -63,6 +63,20 @@ void DisplaySchematic::setIconOf(IconOf iconOf)
     update();
 }
 
+void DisplaySchematic::setShowsNames(bool showsNames)
+{
+    m_showsNames = showsNames;
+    update();
+}
+
+QSize DisplaySchematic::sizeWithin(const QSize &room) const
+{
+    const QSizeF displays = boundsOf(m_displays).size();
+    if (displays.isEmpty())
+        return sizeHint().boundedTo(room);
+    return displays.scaled(room, Qt::KeepAspectRatio).toSize();
+}
+
 QTransform DisplaySchematic::transform() const
 {
     const QRectF bounds = boundsOf(m_displays);
@@ -117,6 +131,8 @@ void DisplaySchematic::drawDisplay(QPainter &painter, const DisplayInfo &display
         painter.setClipping(false);
     }
 
+    if (!m_showsNames)
+        return;
     painter.setFont(fontOf(TextStyle::Secondary));
     const QRectF textArea = box.adjusted(Metrics::small, Metrics::tight, -Metrics::small, 0);
     const int lineHeight = painter.fontMetrics().height();
