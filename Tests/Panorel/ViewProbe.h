@@ -65,13 +65,22 @@ struct ViewProbe {
         save(QLatin1String(name) + QStringLiteral("-dark"), 1);
         QFont large = font;
         large.setPointSizeF(font.pointSizeF() * 1.5);
-        QApplication::setFont(large);
+        setFont(large);
         save(QLatin1String(name) + QStringLiteral("-dark-large-200"), 2);
-        QApplication::setFont(font);
+        setFont(font);
         QApplication::setPalette(palette);
     }
 
 private:
+    /// The event comes by itself only while QApplication::exec() runs.
+    static void setFont(const QFont &font)
+    {
+        QApplication::setFont(font);
+        for (QWidget *widget : QApplication::allWidgets()) {
+            QEvent change(QEvent::ApplicationFontChange);
+            QCoreApplication::sendEvent(widget, &change);
+        }
+    }
     static QPalette paletteOf(const QColor &window, const QColor &base, const QColor &text)
     {
         QPalette palette(text, window, window.lighter(), window.darker(), window, text, base);
@@ -86,6 +95,7 @@ private:
     {
         settle();
         QImage picture(root.size() * scale, QImage::Format_ARGB32_Premultiplied);
+        picture.fill(Qt::transparent);
         picture.setDevicePixelRatio(scale);
         root.render(&picture);
         const QDir folder(QStringLiteral(PANOREL_SCREENSHOTS));

@@ -50,7 +50,7 @@ void LayoutsWindowController::show(std::optional<LayoutsSection> section)
 
 void LayoutsWindowController::build()
 {
-    constexpr QSize size{760, 620};
+    constexpr QSize size{720, 640};
     m_window = std::make_unique<LayoutsWindow>(
         m_model, std::vector<QWidget *>{new DesksTab(m_model, m_clock),
                                         new SceneCollection(LayoutsWindow::tr("Saved scenes"),

@@ -20,12 +20,11 @@ LearnedDeskCard::LearnedDeskCard(QWidget *parent)
       m_windows(new TextLabel(TextStyle::Secondary)),
       m_forget(new SymbolButton(Symbol::Trash, tr("Forget…")))
 {
-    constexpr QSize schematicSize{240, 136};
     setObjectName(QStringLiteral("learnedDesk"));
     m_windows->setObjectName(QStringLiteral("learned"));
     m_current->setObjectName(QStringLiteral("currentDesk"));
     m_current->setStatus(Status::Good, tr("Current desk"));
-    m_schematic->setFixedSize(schematicSize);
+    m_schematic->setShowsNames(false); // they stand beside it
 
     auto *facts = new QVBoxLayout; // below the name's text, which stands a little inside its field
     facts->setContentsMargins(Metrics::tight, 0, 0, 0);
@@ -36,10 +35,13 @@ LearnedDeskCard::LearnedDeskCard(QWidget *parent)
     facts->addWidget(m_current);
     auto *column = new QVBoxLayout;
     column->setSpacing(0);
-    column->addWidget(m_name);
+    auto *heading = new QHBoxLayout;
+    heading->setSpacing(Metrics::small);
+    heading->addWidget(m_name, 1);
+    heading->addWidget(m_forget);
+    column->addLayout(heading);
     column->addLayout(facts);
     column->addStretch();
-    column->addWidget(m_forget, 0, Qt::AlignRight);
     auto *layout = new QHBoxLayout;
     layout->setSpacing(Metrics::large);
     layout->addWidget(m_schematic, 0, Qt::AlignTop);
@@ -51,8 +53,10 @@ LearnedDeskCard::LearnedDeskCard(QWidget *parent)
 
 void LearnedDeskCard::setDesk(const Layout &desk, bool isCurrent, Instant now)
 {
-    if (desk.displays != m_desk.displays)
-        m_schematic->setDisplays(desk.displays);
+    constexpr QSize schematicRoom{240, 152};
+    m_schematic->setDisplays(desk.displays);
+    m_schematic->setFixedSize(schematicRoom.width(),
+                              m_schematic->sizeWithin(schematicRoom).height());
     if (desk.windows != m_desk.windows)
         m_schematic->setWindows(desk.windows);
     m_desk = desk;

@@ -5,8 +5,6 @@
 #include "Panorel/UI/TextStyle.h"
 #include "Panorel/UI/Theme.h"
 
-#include <QAbstractItemView>
-#include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -35,16 +33,23 @@ void drawApplication(QPainter &painter, const Theme &theme, const QRect &cell,
                                                       nameArea.width()));
 }
 
-void drawCheckBox(QPainter &painter, const QStyleOptionViewItem &option, bool isChecked)
+void drawCheckBox(QPainter &painter, const Theme &theme, const QRect &cell, bool isChecked)
 {
-    const QStyle *style = option.widget ? option.widget->style() : QApplication::style();
-    QStyleOptionButton box;
-    box.palette = option.palette;
-    box.state = QStyle::State_Enabled | (isChecked ? QStyle::State_On : QStyle::State_Off);
-    const QSize size(style->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, option.widget),
-                     style->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, option.widget));
-    box.rect = QStyle::alignedRect(option.direction, Qt::AlignCenter, size, option.rect);
-    style->drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, option.widget);
+    constexpr double side = 16;
+    constexpr double radius = 4;
+    constexpr double line = 1.5;
+    QRectF box(0, 0, side, side);
+    box.moveCenter(QRectF(cell).center());
+    if (isChecked) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(theme.accent);
+        painter.drawRoundedRect(box, radius, radius);
+        drawSymbol(painter, Symbol::Check, box, theme.accentText);
+        return;
+    }
+    painter.setPen(QPen(theme.off, line));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(box.adjusted(line / 2, line / 2, -line / 2, -line / 2), radius, radius);
 }
 
 } // namespace
@@ -65,7 +70,7 @@ void RuleDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
         painter->fillRect(option.rect, theme.hover);
     const QVariant check = index.data(Qt::CheckStateRole);
     if (check.isValid())
-        drawCheckBox(*painter, option, check.value<Qt::CheckState>() == Qt::Checked);
+        drawCheckBox(*painter, theme, option.rect, check.value<Qt::CheckState>() == Qt::Checked);
     else
         drawApplication(*painter, theme, option.rect, index);
     if (option.state & QStyle::State_HasFocus) {

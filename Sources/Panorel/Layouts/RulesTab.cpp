@@ -30,6 +30,7 @@ RulesTab::RulesTab(SettingsModel &model, QWidget *parent)
                               "restored or you ask for it here."));
     m_search->setPlaceholderText(tr("Search"));
     m_search->setAccessibleName(tr("Search applications"));
+    m_search->setMinimumHeight(Metrics::hitArea);
     m_search->setClearButtonEnabled(true);
     m_noMatch->setText(tr("No application is called so."));
     m_noMatch->setObjectName(QStringLiteral("noMatch"));
@@ -53,6 +54,7 @@ RulesTab::RulesTab(SettingsModel &model, QWidget *parent)
     connect(m_search, &QLineEdit::textChanged, m_rules, &RulesModel::setFilter);
     connect(m_search, &QLineEdit::textChanged, this, &RulesTab::refresh);
     connect(&m_settings, &SettingsModel::changed, this, &RulesTab::refresh);
+    fitRows();
     refresh();
 }
 
@@ -74,7 +76,8 @@ QTableView *RulesTab::makeTable()
     QHeaderView *header = table->horizontalHeader();
     header->setHighlightSections(false);
     header->setSectionsClickable(false);
-    header->setSectionResizeMode(QHeaderView::Fixed);
+    header->setSectionResizeMode(QHeaderView::ResizeToContents);
+    header->setResizeContentsPrecision(0); // by what shows, not by a thousand rows
     header->setSectionResizeMode(RulesModel::Application, QHeaderView::Stretch);
     return table;
 }
@@ -87,9 +90,7 @@ void RulesTab::refresh()
         widget->setVisible(!isEmpty);
     m_empty->setVisible(isEmpty);
     m_noMatch->setVisible(!isEmpty && !hasRows);
-    // Hidden it would leave its room to the lines above.
     m_table->setVisible(!isEmpty);
-    fitRows();
 }
 
 /// One height for all: asking every row for its own takes a while.

@@ -36,7 +36,9 @@ AddTriggerSheet::AddTriggerSheet(SettingsModel &model, const QString &calendarHe
     constexpr int width = 480;
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Add trigger"));
-    setMinimumWidth(width);
+    m_kind->setMinimumWidth(width - 2 * Metrics::wide);
+    for (QWidget *control : std::initializer_list<QWidget *>{m_time, m_lead, m_scene})
+        control->setMinimumHeight(Metrics::hitArea);
     m_pages->addWidget(makeTimePage());
     m_pages->addWidget(makeMeetingPage());
 

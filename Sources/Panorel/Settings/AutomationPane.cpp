@@ -92,6 +92,7 @@ void AutomationPane::remove(const QUuid &id)
     m_model.removeTrigger(id);
     m_undo->offer(tr("“%1” was removed.").arg(trigger.kind.description()),
                   [this, trigger] { m_model.addTrigger(trigger); });
+    m_undo->setFocus(Qt::OtherFocusReason); // the keyboard's place went with the row
 }
 
 void AutomationPane::openSheet()

@@ -28,6 +28,8 @@ PictureField::PictureField(QWidget *parent)
     : QWidget(parent), m_preview(new PicturePreview), m_name(new TextLabel(TextStyle::Secondary)),
       m_choose(new TextButton(tr("Choose…"))), m_remove(new TextButton(tr("Remove")))
 {
+    constexpr int longestName = 200; // it is elided
+    m_name->setMaximumWidth(longestName);
     m_name->setObjectName(QStringLiteral("pictureName"));
     auto *buttons = new QHBoxLayout;
     buttons->setSpacing(0);

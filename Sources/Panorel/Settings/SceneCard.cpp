@@ -32,8 +32,7 @@ SceneCard::SceneCard(SettingsModel &model, const std::optional<MakeKeyField> &ma
 
 QWidget *SceneCard::makeSummary()
 {
-    constexpr QSize schematicSize{144, 92};
-    m_schematic->setFixedSize(schematicSize);
+    m_schematic->setShowsNames(false); // they stand beside it
     auto *facts = new QVBoxLayout; // below the name's text, which stands a little inside its field
     facts->setContentsMargins(Metrics::tight, 0, 0, 0);
     facts->setSpacing(0);
@@ -79,9 +78,12 @@ QWidget *SceneCard::makeButtons()
 
 void SceneCard::setScene(const SceneRecord &scene)
 {
+    constexpr QSize schematicRoom{144, 92};
     if (scene.layout != m_scene.layout) {
         m_schematic->setDisplays(scene.layout.displays);
         m_schematic->setWindows(scene.layout.windows);
+        m_schematic->setFixedSize(schematicRoom.width(),
+                                  m_schematic->sizeWithin(schematicRoom).height());
     }
     m_scene = scene;
     m_name->setName(scene.name);

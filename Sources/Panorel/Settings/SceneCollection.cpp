@@ -138,6 +138,7 @@ void SceneCollection::remove(const QUuid &id)
     m_model.removeScene(id);
     m_undo->offer(tr("“%1” was deleted.").arg(scene.name),
                   [this, scene] { m_model.addScene(scene); });
+    m_undo->setFocus(Qt::OtherFocusReason); // the keyboard's place went with the scene
     ensureVisible(0, 0);
 }
 

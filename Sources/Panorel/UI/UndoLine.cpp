@@ -21,6 +21,7 @@ UndoLine::UndoLine(QWidget *parent)
     layout->addWidget(m_text);
     layout->addWidget(m_button);
     layout->addStretch();
+    setFocusProxy(m_button);
     hide();
     connect(m_button, &TextButton::clicked, this, [this] {
         const auto undo = std::exchange(m_undo, {});
