@@ -25,6 +25,7 @@ void PrimaryButton::paintEvent(QPaintEvent *)
     const Theme theme = Theme::of(palette());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(isEnabled() ? 1 : Theme::disabledOpacity);
     QColor fill = theme.accent;
     if (face() == Face::Hover)
         fill = theme.accentHover;

@@ -51,6 +51,8 @@ bool TextLabel::event(QEvent *event)
         QToolTip::showText(position, isElided ? text().toHtmlEscaped() : QString(), this);
         return true;
     }
+    if (event->type() == QEvent::ApplicationFontChange)
+        updateGeometry(); // its font is the application's and not its own
     return QLabel::event(event);
 }
 
