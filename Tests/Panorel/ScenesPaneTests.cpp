@@ -1,7 +1,6 @@
 #include "Panorel/Settings/ScenesPane.h"
 #include "Panorel/SettingsProgram.h"
 #include "Panorel/UI/NameField.h"
-#include "Panorel/UI/PlainButton.h"
 #include "Panorel/ViewProbe.h"
 
 #include <QFileDialog>
@@ -11,11 +10,19 @@ using namespace Panorel;
 
 namespace {
 
+/// A keyboard of which every key is the digit 1.
+SettingsEnvironment oneKeyBoard()
+{
+    SettingsEnvironment environment;
+    environment.keyCodeOf = [](quint32, quint32) { return 18; };
+    return environment;
+}
+
 struct Pane {
     SettingsProgram program;
     std::vector<QUuid> edited;
     ScenesPane pane{program.model, [this](const QUuid &id) { edited.push_back(id); },
-                    [this](const QUuid &) { return new PlainButton(QStringLiteral("a key")); }};
+                    oneKeyBoard()};
     ViewProbe view{pane};
 
     void open()
@@ -155,7 +162,7 @@ private Q_SLOTS:
         QVERIFY(test.view.reads("Off: the scene's windows come forward and everything else stays "
                                 "where it is. On: apps with no window in the scene get hidden — "
                                 "the Dock brings them back."));
-        QVERIFY(test.view.find("a key"));
+        QVERIFY(test.view.reads("Applies the scene from anywhere."));
         const auto scene = [&] { return test.program.model.scenes().at(0); };
         test.view.click("Hide other applications");
         QVERIFY(scene().hidesOtherApps && !scene().opensMissingApps);
@@ -163,8 +170,19 @@ private Q_SLOTS:
         test.view.click("Hide other applications");
         QVERIFY(!scene().hidesOtherApps && scene().opensMissingApps);
         test.view.photograph("scenes-options");
+
+        test.view.click("Shortcut for Key");
+        QTest::keyClick(test.view.find("Shortcut for Key"), Qt::Key_1, Qt::AltModifier);
+        QCOMPARE(scene().hotKey, (HotKeyCombo{18, HotKeyCombo::option}));
+        QVERIFY(test.view.reads("2 windows · Alt+1"));
+        SceneRecord rival = test.program.addScene("Mail");
+        rival.hotKey = scene().hotKey;
+        test.program.model.updateScene(rival);
+        QVERIFY(test.view.reads("Already used by Mail"));
+        test.view.click("Clear the shortcut for Key");
+        QVERIFY(!scene().hotKey && !test.view.reads("Already used by Mail"));
         test.view.click("Hide options");
-        QVERIFY(!test.view.find("a key"));
+        QVERIFY(!test.view.reads("Applies the scene from anywhere."));
     }
 
     void aPictureIsChosenShownAndRemoved()

@@ -44,12 +44,6 @@ void LayoutsWindow::refresh()
     m_pages->setCurrentIndex(int(m_model.layoutsSection()));
 }
 
-void LayoutsWindow::hideEvent(QHideEvent *event)
-{
-    Q_EMIT hidden();
-    QWidget::hideEvent(event);
-}
-
 void LayoutsWindow::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape || event->matches(QKeySequence::Close))

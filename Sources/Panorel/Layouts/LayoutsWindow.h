@@ -17,11 +17,7 @@ public:
     /// One page for each LayoutsSection, in order.
     LayoutsWindow(SettingsModel &model, const std::vector<QWidget *> &pages);
 
-Q_SIGNALS:
-    void hidden();
-
 protected:
-    void hideEvent(QHideEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

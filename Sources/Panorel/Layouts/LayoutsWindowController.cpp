@@ -4,17 +4,9 @@
 #include "Panorel/Layouts/LayoutsWindow.h"
 #include "Panorel/Layouts/RulesTab.h"
 #include "Panorel/Settings/SceneCollection.h"
-#include "PanorelPorts/UserDefaultsPort.h"
-
-#include <QScreen>
+#include "Panorel/UI/WindowFrame.h"
 
 namespace Panorel {
-
-namespace {
-
-const QString frameKey = QStringLiteral("layouts");
-
-} // namespace
 
 LayoutsWindowController::LayoutsWindowController(SettingsModel &model, UserDefaultsPort &defaults,
                                                  EditScene editScene, const Clock &clock)
@@ -56,15 +48,7 @@ void LayoutsWindowController::build()
                                         new SceneCollection(LayoutsWindow::tr("Saved scenes"),
                                                             m_model, m_editScene, {}),
                                         new RulesTab(m_model)});
-    m_window->resize(size);
-    const std::optional<QByteArray> frame = m_defaults.data(frameKey);
-    if (!frame || !m_window->restoreGeometry(*frame)) {
-        QRect area(QPoint(), size);
-        area.moveCenter(m_window->screen()->availableGeometry().center());
-        m_window->setGeometry(area);
-    }
-    QObject::connect(m_window.get(), &LayoutsWindow::hidden, m_window.get(),
-                     [this] { m_defaults.setData(frameKey, m_window->saveGeometry()); });
+    new WindowFrame(*m_window, m_defaults, QStringLiteral("layouts"), size);
 }
 
 } // namespace Panorel

@@ -15,15 +15,12 @@ CalendarNotice::CalendarNotice(SettingsModel &model, const QString &help, QWidge
       m_explanation(new TextLabel(TextStyle::Secondary, TextLabel::Fit::Wrap))
 {
     setObjectName(QStringLiteral("calendarNotice"));
-    auto *status = new StatusLine;
+    auto *status = new StatusLine(TextLabel::Fit::Wrap);
     status->setStatus(Status::Attention, tr("Calendar access needed"));
     auto *grant = new PlainButton(tr("Grant calendar access…"));
-    auto *line = new QHBoxLayout;
-    line->setSpacing(Metrics::small);
-    line->addWidget(status, 1);
-    line->addWidget(grant);
-    body()->addLayout(line);
+    body()->addWidget(status);
     body()->addWidget(m_explanation);
+    body()->addWidget(grant, 0, Qt::AlignLeft);
     connect(grant, &PlainButton::clicked, this, &CalendarNotice::ask);
     connect(&m_model, &SettingsModel::changed, this, &CalendarNotice::refresh);
     refresh();

@@ -15,9 +15,9 @@
 
 namespace Panorel {
 
-SceneCard::SceneCard(SettingsModel &model, const std::optional<MakeKeyField> &makeKeyField,
+SceneCard::SceneCard(SettingsModel &model, const std::optional<SettingsEnvironment> &environment,
                      QWidget *parent)
-    : RowCard(parent), m_model(model), m_makeKeyField(makeKeyField),
+    : RowCard(parent), m_model(model), m_environment(environment),
       m_schematic(new DisplaySchematic),
       m_name(new NameField(TextStyle::Heading, tr("Scene name"))),
       m_windows(new TextLabel(TextStyle::Secondary)),
@@ -35,7 +35,7 @@ QWidget *SceneCard::makeSummary()
     m_schematic->setShowsNames(false); // they stand beside it
     auto *facts = new QVBoxLayout; // below the name's text, which stands a little inside its field
     facts->setContentsMargins(Metrics::tight, 0, 0, 0);
-    facts->setSpacing(0);
+    facts->setSpacing(2);
     facts->addWidget(m_windows);
     facts->addWidget(m_displays);
     auto *column = new QVBoxLayout;
@@ -50,7 +50,7 @@ QWidget *SceneCard::makeSummary()
     auto *layout = new QHBoxLayout(summary);
     layout->setContentsMargins(0, Metrics::small, 0, Metrics::small);
     layout->setSpacing(Metrics::medium);
-    layout->addWidget(m_schematic, 0, Qt::AlignTop);
+    layout->addWidget(m_schematic, 0, Qt::AlignVCenter);
     layout->addLayout(column, 1);
     return summary;
 }
@@ -69,7 +69,7 @@ QWidget *SceneCard::makeButtons()
     layout->addWidget(m_disclose);
     layout->addWidget(remove);
     m_buttons = {apply, m_edit, m_disclose, remove};
-    m_disclose->setVisible(m_makeKeyField.has_value());
+    m_disclose->setVisible(m_environment.has_value());
     connect(apply, &PlainButton::clicked, this, [this] { m_model.applyScene(QUuid(id())); });
     connect(m_edit, &PlainButton::clicked, this, [this] { Q_EMIT editRequested(id()); });
     connect(remove, &SymbolButton::clicked, this, [this] { Q_EMIT deleteRequested(id()); });
@@ -112,8 +112,7 @@ void SceneCard::startNaming()
 void SceneCard::toggleOptions()
 {
     if (!m_options) {
-        const MakeKeyField &makeKeyField = *m_makeKeyField;
-        m_options = new SceneOptions(m_model, id(), makeKeyField ? makeKeyField(id()) : nullptr);
+        m_options = new SceneOptions(m_model, id(), *m_environment);
         m_options->hide();
         addRow(m_options);
         m_options->setScene(m_scene);

@@ -1,9 +1,8 @@
 #pragma once
 
+#include "Panorel/Settings/SettingsEnvironment.h"
 #include "Panorel/UI/RowCard.h"
 #include "PanorelCore/Records/Models.h"
-
-#include <functional>
 
 namespace Panorel {
 
@@ -15,17 +14,14 @@ class SettingsModel;
 class TextButton;
 class TextLabel;
 
-/// Makes the control that shows and sets the key of a scene; it follows the model by itself.
-using MakeKeyField = std::function<QWidget *(const QUuid &scene)>;
-
 /// One scene: what it looks like, its name, what can be done with it, and its options once they
 /// are asked for.
 class SceneCard : public RowCard {
     Q_OBJECT
 
 public:
-    /// Absent: a summary, without options. Null: options, without a key.
-    SceneCard(SettingsModel &model, const std::optional<MakeKeyField> &makeKeyField,
+    /// Without an environment it has no options.
+    SceneCard(SettingsModel &model, const std::optional<SettingsEnvironment> &environment,
               QWidget *parent = nullptr);
 
     void setScene(const SceneRecord &scene);
@@ -46,7 +42,7 @@ private:
     void rename(const QString &name);
 
     SettingsModel &m_model;
-    std::optional<MakeKeyField> m_makeKeyField;
+    std::optional<SettingsEnvironment> m_environment;
     SceneRecord m_scene;
     DisplaySchematic *m_schematic;
     NameField *m_name;

@@ -17,9 +17,10 @@
 namespace Panorel {
 
 SceneCollection::SceneCollection(const QString &title, SettingsModel &model, EditScene editScene,
-                                 const std::optional<MakeKeyField> &makeKeyField, QWidget *parent)
+                                 const std::optional<SettingsEnvironment> &environment,
+                                 QWidget *parent)
     : Page(title, parent), m_model(model), m_editScene(std::move(editScene)),
-      m_makeKeyField(makeKeyField), m_add(new PlainButton(tr("Add scene from current windows"))),
+      m_environment(environment), m_add(new PlainButton(tr("Add scene from current windows"))),
       m_undo(new UndoLine),
       m_empty(new EmptyState(Symbol::Scene,
                              tr("A scene is an arrangement of windows that you can switch to at "
@@ -67,6 +68,9 @@ void SceneCollection::arrange()
     for (const SceneGroup &group : m_groups) {
         auto *heading =
             new SectionHeading(group.deskName, group.isCurrent ? tr("Current desk") : QString());
+        if (m_list->layout()->count() > 0) // nearer to what it is above
+            heading->layout()->setContentsMargins(Metrics::small, Metrics::medium, Metrics::small,
+                                                  0);
         m_list->layout()->addWidget(heading);
         for (const SceneRecord &scene : group.scenes) {
             SceneCard *card = takeCard(scene.id);
@@ -93,7 +97,7 @@ SceneCard *SceneCollection::takeCard(const QUuid &id)
 
 SceneCard *SceneCollection::makeCard()
 {
-    auto *card = new SceneCard(m_model, m_makeKeyField);
+    auto *card = new SceneCard(m_model, m_environment);
     card->setEditable(bool(m_editScene));
     connect(card, &SceneCard::editRequested, this, [this](const QUuid &id) { m_editScene(id); });
     connect(card, &SceneCard::deleteRequested, this, &SceneCollection::askToDelete);

@@ -17,9 +17,11 @@ class SceneCollection : public Page {
 public:
     using EditScene = std::function<void(const QUuid &scene)>;
 
-    /// A null `editScene`: nothing is offered to edit. `makeKeyField` as a SceneCard takes it.
+    /// A null `editScene`: nothing is offered to edit. `environment` as a
+    /// SceneCard takes it.
     SceneCollection(const QString &title, SettingsModel &model, EditScene editScene,
-                    const std::optional<MakeKeyField> &makeKeyField, QWidget *parent = nullptr);
+                    const std::optional<SettingsEnvironment> &environment,
+                    QWidget *parent = nullptr);
 
 private:
     void refresh();
@@ -32,7 +34,7 @@ private:
 
     SettingsModel &m_model;
     EditScene m_editScene;
-    std::optional<MakeKeyField> m_makeKeyField;
+    std::optional<SettingsEnvironment> m_environment;
     std::vector<SceneGroup> m_groups;
     std::vector<SceneCard *> m_cards; ///< one for each scene, in the order shown
     PlainButton *m_add;

@@ -10,6 +10,8 @@ namespace Panorel {
 
 class PictureField;
 class SettingsModel;
+class ShortcutRow;
+struct SettingsEnvironment;
 class Toggle;
 
 /// What a scene does beside moving its windows, and its key.
@@ -17,14 +19,13 @@ class SceneOptions : public QWidget {
     Q_OBJECT
 
 public:
-    /// Owns `keyField`, which may be null: then there is no key to set.
-    SceneOptions(SettingsModel &model, const QUuid &id, QWidget *keyField,
+    SceneOptions(SettingsModel &model, const QUuid &id, const SettingsEnvironment &environment,
                  QWidget *parent = nullptr);
 
     void setScene(const SceneRecord &scene);
 
 private:
-    void addRow(const QString &name, const QString &explanation, QWidget *control);
+    void addRow(QWidget *row);
     void change(const std::function<void(SceneRecord &)> &edit);
 
     SettingsModel &m_model;
@@ -32,6 +33,7 @@ private:
     Toggle *m_opens;
     Toggle *m_hides;
     PictureField *m_picture;
+    ShortcutRow *m_key;
 };
 
 } // namespace Panorel

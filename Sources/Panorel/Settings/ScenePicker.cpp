@@ -8,7 +8,7 @@ namespace Panorel {
 
 ScenePicker::ScenePicker(QWidget *parent) : QComboBox(parent)
 {
-    constexpr int charactersWide = 24; // a longer name is elided
+    constexpr int charactersWide = 16; // a longer name is elided
     setAccessibleName(tr("Scene"));
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(charactersWide);

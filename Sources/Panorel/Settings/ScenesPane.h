@@ -9,10 +9,10 @@ class ScenesPane : public SceneCollection {
     Q_OBJECT
 
 public:
-    /// Nulls: no way to edit a scene's windows, no way to set its key.
-    ScenesPane(SettingsModel &model, EditScene editScene, const MakeKeyField &makeKeyField = {},
-               QWidget *parent = nullptr)
-        : SceneCollection(tr("Scenes"), model, std::move(editScene), makeKeyField, parent)
+    /// A null `editScene`: no way to edit a scene's windows.
+    ScenesPane(SettingsModel &model, EditScene editScene,
+               const SettingsEnvironment &environment = {}, QWidget *parent = nullptr)
+        : SceneCollection(tr("Scenes"), model, std::move(editScene), environment, parent)
     {}
 };
 
