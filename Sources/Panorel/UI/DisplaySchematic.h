@@ -1,12 +1,8 @@
 #pragma once
 
-#include "PanorelCore/Records/Models.h"
+#include "Panorel/UI/SchematicPainter.h"
 
-#include <QIcon>
-#include <QTransform>
 #include <QWidget>
-
-#include <functional>
 
 namespace Panorel {
 
@@ -16,8 +12,6 @@ class DisplaySchematic : public QWidget {
     Q_OBJECT
 
 public:
-    using IconOf = std::function<QIcon(const QString &bundleID)>;
-
     explicit DisplaySchematic(QWidget *parent = nullptr);
 
     void setDisplays(const std::vector<DisplayInfo> &displays);
@@ -40,9 +34,6 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    void drawDisplay(QPainter &painter, const DisplayInfo &display) const;
-    void drawWindow(QPainter &painter, const WindowRecord &window) const;
-
     std::vector<DisplayInfo> m_displays;
     std::vector<WindowRecord> m_windows; ///< backmost first
     IconOf m_iconOf;
