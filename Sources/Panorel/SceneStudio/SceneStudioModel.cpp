@@ -62,6 +62,7 @@ void SceneStudioModel::move(int id, Size by)
     Box *box = find(id);
     if (!box)
         return;
+    const Box before = *box;
     Rect &frame = box->record.frame;
     frame.x += by.width;
     frame.y += by.height;
@@ -72,7 +73,8 @@ void SceneStudioModel::move(int id, Size by)
         frame.y = held(frame.y, limits.minY(), limits.maxY() - heightKeptInside);
     }
     reassignDisplay(std::size_t(box - m_boxes.data()));
-    Q_EMIT changed();
+    if (*box != before)
+        Q_EMIT changed();
 }
 
 void SceneStudioModel::resize(int id, Size by)
@@ -80,11 +82,13 @@ void SceneStudioModel::resize(int id, Size by)
     Box *box = find(id);
     if (!box)
         return;
+    const Box before = *box;
     Rect &frame = box->record.frame;
     frame.width = std::max(frame.width + by.width, smallestBox.width);
     frame.height = std::max(frame.height + by.height, smallestBox.height);
     reassignDisplay(std::size_t(box - m_boxes.data()));
-    Q_EMIT changed();
+    if (*box != before)
+        Q_EMIT changed();
 }
 
 void SceneStudioModel::reassignDisplay(std::size_t index)
@@ -147,6 +151,8 @@ std::vector<SceneStudioModel::App> SceneStudioModel::addableApps()
 
 void SceneStudioModel::setBoxes(const std::vector<Box> &boxes)
 {
+    if (boxes == m_boxes)
+        return;
     m_boxes = boxes;
     Q_EMIT changed();
 }

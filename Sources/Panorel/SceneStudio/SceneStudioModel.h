@@ -64,6 +64,7 @@ public:
     void save();
 
 Q_SIGNALS:
+    /// Some box is not what it was.
     void changed();
 
 private:
