@@ -24,6 +24,7 @@ void SymbolButton::paintEvent(QPaintEvent *)
     const Theme theme = Theme::of(palette());
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(isEnabled() ? 1 : Theme::disabledOpacity);
     paintFace(painter, theme);
     constexpr int size = 16;
     const QRectF area((width() - size) / 2, (height() - size) / 2, size, size);

@@ -12,12 +12,13 @@ namespace Panorel {
 namespace {
 
 constexpr std::array files{
-    "display", "scene",    "plus",    "close",      "stash",  "bring-back",   "undo",
-    "layouts", "settings", "update",  "quit",       "window", "general",      "keyboard",
-    "clock",   "info",     "rules",   "trash",      "edit",   "play",         "calendar",
-    "picture", "check",    "warning", "permission", "more",   "chevron-down", "chevron-right",
+    "display",    "scene",    "plus",         "close",         "stash", "bring-back",
+    "undo",       "layouts",  "settings",     "update",        "quit",  "window",
+    "general",    "keyboard", "clock",        "info",          "rules", "trash",
+    "edit",       "play",     "calendar",     "picture",       "check", "warning",
+    "permission", "more",     "chevron-down", "chevron-right", "redo",
 };
-static_assert(files.size() == std::size_t(Symbol::ChevronRight) + 1);
+static_assert(files.size() == std::size_t(Symbol::Redo) + 1);
 
 QString fileOf(Symbol symbol)
 {

@@ -39,6 +39,7 @@ enum class Symbol {
     More,
     ChevronDown,
     ChevronRight,
+    Redo,
 };
 
 /// Draws it in one colour, sharp at any scale.

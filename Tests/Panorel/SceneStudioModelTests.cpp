@@ -1,0 +1,270 @@
+#include "Panorel/SceneStudio/SceneStudioModel.h"
+#include "Support/InMemoryPlatform.h"
+#include "Support/TestDataDir.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <optional>
+
+using namespace Panorel;
+
+namespace {
+
+DisplayInfo display(const char *uuid, const Rect &frame)
+{
+    DisplayInfo info;
+    info.uuid = QString::fromLatin1(uuid);
+    info.frame = info.visibleFrame = frame;
+    return info;
+}
+
+WindowRecord window(const char *bundleID, const Rect &frame)
+{
+    WindowRecord record;
+    record.appName = record.bundleID = QString::fromLatin1(bundleID);
+    record.title = record.appName + QStringLiteral(" window");
+    record.displayUUID = QStringLiteral("as saved");
+    record.frame = frame;
+    return record;
+}
+
+/// Two displays of 1000 x 800 side by side, the left one at negative x, with one window.
+struct Studio {
+    TestDataDir dir;
+    InMemoryDesktop desktop;
+    SceneRecord scene;
+    std::vector<SceneRecord> saved;
+    std::optional<SceneStudioModel> model;
+
+    Studio()
+    {
+        scene.name = QStringLiteral("Writing");
+        scene.layout.displays = {display("left", {-1000, 0, 1000, 800}),
+                                 display("right", {0, 0, 1000, 800})};
+        scene.layout.windows = {window("editor", {100, 100, 400, 300})};
+        desktop.launch(QStringLiteral("editor"), QStringLiteral("Editor"));
+    }
+    SceneStudioModel &open()
+    {
+        return model.emplace(scene, desktop, dir.log, dir.clock,
+                             [this](const SceneRecord &edited) { saved.push_back(edited); });
+    }
+    const WindowRecord &record(int id = 0) { return model->box(id)->record; }
+};
+
+} // namespace
+
+class SceneStudioModelTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void windowsOfApplicationsThatDoNotRunAreGhosts()
+    {
+        Studio studio;
+        studio.scene.layout.windows.push_back(window("mail", {0, 0, 300, 200}));
+        studio.scene.layout.windows.push_back(window("editor", {0, 0, 300, 200}));
+        studio.desktop.launch(QStringLiteral("helper"), {}, ActivationPolicy::Prohibited);
+        studio.scene.layout.windows.push_back(window("helper", {0, 0, 300, 200}));
+        SceneStudioModel &model = studio.open();
+        const bool ghosts[] = {false, true, false, false};
+        for (int i = 0; i < 4; ++i) {
+            QCOMPARE(model.boxes().at(std::size_t(i)).id, i);
+            QCOMPARE(model.boxes().at(std::size_t(i)).isGhost, ghosts[i]);
+            QVERIFY(studio.record(i) == studio.scene.layout.windows.at(std::size_t(i)));
+        }
+        QCOMPARE(model.box(4), nullptr);
+
+        studio.desktop.applications().clear();
+        studio.open();
+        QVERIFY(std::ranges::all_of(studio.model->boxes(), &SceneStudioModel::Box::isGhost));
+    }
+
+    void aMovedBoxStaysReachable_data()
+    {
+        QTest::addColumn<double>("dx");
+        QTest::addColumn<double>("dy");
+        QTest::addColumn<double>("x");
+        QTest::addColumn<double>("y");
+        QTest::addColumn<QString>("display");
+        const auto row = [](const char *name, double dx, double dy, double x, double y,
+                            const char *display) {
+            QTest::newRow(name) << dx << dy << x << y << QString::fromLatin1(display);
+        };
+        row("free", 5, -7, 105, 93, "right");
+        row("far left: 60 inside", -9000, 0, -1340, 100, "left");
+        row("to the left limit", -1440, 0, -1340, 100, "left");
+        row("far right: 60 inside", 9000, 0, 940, 100, "right");
+        row("far up: the top edge inside", 0, -9000, 100, 0, "right");
+        row("far down: 40 to spare", 0, 9000, 100, 760, "right");
+        row("half on each display: the first", -300, 0, -200, 100, "left");
+        row("more on the second", -299, 0, -199, 100, "right");
+    }
+
+    void aMovedBoxStaysReachable()
+    {
+        QFETCH(double, dx);
+        QFETCH(double, dy);
+        QFETCH(double, x);
+        QFETCH(double, y);
+        Studio studio;
+        SceneStudioModel &model = studio.open();
+        const QSignalSpy changes(&model, &SceneStudioModel::changed);
+        model.move(0, {dx, dy});
+        QVERIFY(studio.record().frame == Rect({x, y, 400, 300}));
+        QTEST(studio.record().displayUUID, "display");
+        QCOMPARE(changes.size(), 1);
+        model.move(0, {0, 0});
+        model.move(17, {5, 5});
+        QCOMPARE(changes.size(), 1);
+    }
+
+    void theUpperLimitHoldsWhereTheLimitsCross()
+    {
+        Studio studio;
+        studio.scene.layout.displays = {display("tiny", {0, 0, 100, 30})};
+        studio.scene.layout.windows = {window("editor", {0, 0, 5, 5})};
+        studio.open().move(0, {0, 0});
+        QVERIFY(studio.record().frame == Rect({40, -10, 5, 5}));
+    }
+
+    void aResizedBoxKeepsItsOriginAndASmallestSize()
+    {
+        Studio studio;
+        SceneStudioModel &model = studio.open();
+        const QSignalSpy changes(&model, &SceneStudioModel::changed);
+        model.resize(0, {9000, 8000});
+        QVERIFY(studio.record().frame == Rect({100, 100, 9400, 8300}));
+        model.resize(0, {-9200, -8150});
+        QVERIFY(studio.record().frame == Rect({100, 100, 200, 150}));
+        model.resize(0, {-1, -1});
+        QCOMPARE(changes.size(), 2);
+        model.resize(17, {5, 5});
+        QCOMPARE(changes.size(), 2);
+        QCOMPARE(studio.record().displayUUID, QStringLiteral("right"));
+
+        studio.scene.layout.windows = {window("editor", {-300, 100, 350, 200})};
+        studio.open().resize(0, {251, 0}); // 300 on the left display, 301 on the right one
+        QCOMPARE(studio.record().displayUUID, QStringLiteral("right"));
+    }
+
+    void withoutDisplaysNothingIsHeld()
+    {
+        Studio studio;
+        studio.scene.layout.displays.clear();
+        SceneStudioModel &model = studio.open();
+        QVERIFY(model.bounds() == Rect());
+        model.move(0, {-9000, 9000});
+        QVERIFY(studio.record().frame == Rect({-8900, 9100, 400, 300}));
+        QCOMPARE(studio.record().displayUUID, QStringLiteral("as saved"));
+        const int added = model.addApp(QStringLiteral("mail"), QStringLiteral("Mail"));
+        QVERIFY(studio.record(added).frame == Rect({-450, -300, 900, 600}));
+        QCOMPARE(studio.record(added).displayUUID, QString());
+    }
+
+    void removedBoxesAreGoneAndIdsAreNotUsedAgain()
+    {
+        Studio studio;
+        studio.scene.layout.windows.push_back(window("mail", {0, 0, 300, 200}));
+        studio.scene.layout.windows.push_back(window("chat", {0, 0, 300, 200}));
+        SceneStudioModel &model = studio.open();
+        const QSignalSpy changes(&model, &SceneStudioModel::changed);
+        model.removeBox(1);
+        model.removeBox(1);
+        QCOMPARE(changes.size(), 1);
+        QCOMPARE(model.boxes().front().id, 0);
+        QCOMPARE(model.boxes().back().id, 2);
+        const int added = model.addApp(QStringLiteral("mail"), QStringLiteral("Mail"));
+        QCOMPARE(added, 3);
+        model.removeBox(added);
+        QCOMPARE(model.addApp(QStringLiteral("mail"), QStringLiteral("Mail")), 4);
+        QCOMPARE(changes.size(), 4);
+    }
+
+    void anAddedApplicationComesLastAndInTheMiddle_data()
+    {
+        QTest::addColumn<std::vector<DisplayInfo>>("displays");
+        QTest::addColumn<QString>("display");
+        using Displays = std::vector<DisplayInfo>;
+        QTest::newRow("on both: the first")
+            << Displays{display("a", {-1000, -100, 1000, 800}), display("b", {0, -100, 1000, 800})}
+            << QStringLiteral("a");
+        QTest::newRow("the first lies elsewhere") << Displays{display("a", {-1000, -100, 200, 800}),
+                                                              display("b", {-500, -100, 1500, 800})}
+                                                  << QStringLiteral("b");
+        QTest::newRow("between all of them: the first")
+            << Displays{display("a", {-1000, -100, 100, 800}), display("b", {900, -100, 100, 800})}
+            << QStringLiteral("a");
+    }
+
+    void anAddedApplicationComesLastAndInTheMiddle()
+    {
+        QFETCH(std::vector<DisplayInfo>, displays);
+        Studio studio;
+        studio.scene.layout.displays = displays;
+        SceneStudioModel &model = studio.open();
+        const int id = model.addApp(QStringLiteral("mail"), QStringLiteral("Mail"));
+        QCOMPARE(model.boxes().back().id, id);
+        QVERIFY(!model.boxes().back().isGhost);
+        const WindowRecord &record = studio.record(id);
+        QVERIFY(record.frame == Rect({-450, 0, 900, 600}));
+        QTEST(record.displayUUID, "display");
+        QCOMPARE(record.bundleID, QStringLiteral("mail"));
+        QCOMPARE(record.appName, QStringLiteral("Mail"));
+        QCOMPARE(record.title, QString());
+    }
+
+    void ordinaryApplicationsWithoutABoxCanBeAdded()
+    {
+        Studio studio;
+        SceneStudioModel &model = studio.open();
+        studio.desktop.launch(QStringLiteral("zip"), QStringLiteral("Archiver"));
+        studio.desktop.launch(QStringLiteral("mail.b"), QStringLiteral("Mail"));
+        studio.desktop.launch(QStringLiteral("mail.a"), QStringLiteral("Mail"));
+        studio.desktop.launch(QStringLiteral("nameless"), {});
+        studio.desktop.launch(QStringLiteral("tray"), QStringLiteral("B"),
+                              ActivationPolicy::Accessory);
+        studio.desktop.add({}, QStringLiteral("A"));
+        const auto ids = [&model] {
+            QStringList result;
+            for (const SceneStudioModel::App &app : model.addableApps())
+                result << app.bundleID;
+            return result.join(u' ');
+        };
+        QCOMPARE(ids(), QStringLiteral("zip mail.b mail.a nameless")); // equal names as they run
+        QCOMPARE(model.addableApps().back().name, QStringLiteral("nameless"));
+        model.removeBox(0);
+        model.addApp(QStringLiteral("mail.b"), QStringLiteral("Mail"));
+        QCOMPARE(ids(), QStringLiteral("zip editor mail.a nameless"));
+    }
+
+    void savingHandsOverTheSceneWithTheBoxesAsTheyAre()
+    {
+        Studio studio;
+        studio.scene.layout.windows.push_back(window("mail", {0, 0, 300, 200}));
+        studio.scene.layout.windows.push_back(window("chat", {0, 0, 300, 200}));
+        studio.scene.layout.windows.back().zOrder = 9;
+        SceneStudioModel &model = studio.open();
+        model.removeBox(1);
+        model.move(0, {20, 0});
+        model.addApp(QStringLiteral("zip"), QStringLiteral("Archiver"));
+        QVERIFY(studio.saved.empty());
+        studio.dir.clock.advance(std::chrono::hours(1));
+        model.save();
+
+        SceneRecord expected = studio.scene;
+        expected.layout.savedAt = studio.dir.clock.now();
+        expected.layout.windows.clear();
+        for (const SceneStudioModel::Box &box : model.boxes()) {
+            expected.layout.windows.push_back(box.record);
+            expected.layout.windows.back().zOrder = qint64(expected.layout.windows.size()) - 1;
+        }
+        QCOMPARE(studio.saved.size(), 1u);
+        QVERIFY(studio.saved.front() == expected);
+        QCOMPARE(expected.layout.windows.size(), 3u);
+        QCOMPARE(studio.dir.logged().last(), QStringLiteral("scene edited: 3 boxes (1 ghost)"));
+    }
+};
+
+QTEST_GUILESS_MAIN(SceneStudioModelTests)
+#include "SceneStudioModelTests.moc"
