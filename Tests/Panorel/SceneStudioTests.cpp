@@ -130,6 +130,13 @@ struct Studio {
         QTest::mouseClick(control(QString::fromLatin1(title)), Qt::LeftButton);
     }
     QMenu *menu() const { return view->findChild<QMenu *>(); }
+    void closeMenu()
+    {
+        menu()->close();
+        view->activateWindow();
+        if (!QTest::qWaitFor([this] { return !menu() && view->isActiveWindow(); }))
+            qFatal("the menu stays");
+    }
     QDialog *question() const { return view ? view->findChild<QDialog *>() : nullptr; }
     QString note() const { return view->findChild<QLabel *>(QStringLiteral("note"))->text(); }
 };
@@ -470,8 +477,7 @@ private Q_SLOTS:
             names << action->text();
         QCOMPARE(names, QStringList({QStringLiteral("Editor"), QStringLiteral("Saw && Sons")}));
         studio.menu()->actions().last()->trigger();
-        studio.menu()->close();
-        QTRY_VERIFY(!studio.menu());
+        studio.closeMenu();
         QVERIFY(studio.canvas().isVisible());
         QCOMPARE(studio.canvas().selected(), 0);
         QCOMPARE(studio.view->focusWidget(), &studio.canvas());
@@ -479,11 +485,10 @@ private Q_SLOTS:
 
         studio.click("Add application");
         studio.menu()->actions().first()->trigger();
-        studio.menu()->close();
-        QTRY_VERIFY(!studio.menu());
+        studio.closeMenu();
         studio.click("Add application");
         QVERIFY(!studio.menu()->actions().first()->isEnabled()); // there are no others
-        studio.menu()->close();
+        studio.closeMenu();
         studio.undo();
         studio.undo();
         QVERIFY(!studio.canvas().isVisible());

@@ -354,7 +354,10 @@ void SceneStudioCanvas::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillRect(rect(), Theme::of(palette()).card);
+    const Theme theme = Theme::of(palette());
+    painter.fillRect(rect(), theme.card);
+    painter.fillRect(0, 0, width(), 1, theme.line);
+    painter.fillRect(0, height() - 1, width(), 1, theme.line);
     paintBoxes(painter);
     paintSelection(painter);
 }

@@ -2,6 +2,7 @@
 
 #include "Panorel/SceneStudio/SceneStudioModel.h"
 #include "Panorel/SceneStudio/StudioGesture.h"
+#include "Panorel/UI/ApplicationIcon.h"
 #include "Panorel/UI/SchematicPainter.h"
 
 #include <QWidget>

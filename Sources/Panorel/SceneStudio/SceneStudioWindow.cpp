@@ -2,11 +2,11 @@
 
 #include "Panorel/SceneStudio/SceneStudioCanvas.h"
 #include "Panorel/SceneStudio/UnsavedChangesDialog.h"
+#include "Panorel/UI/ApplicationIcon.h"
 #include "Panorel/UI/EmptyState.h"
 #include "Panorel/UI/Metrics.h"
 #include "Panorel/UI/PlainButton.h"
 #include "Panorel/UI/PrimaryButton.h"
-#include "Panorel/UI/Separator.h"
 #include "Panorel/UI/SymbolButton.h"
 #include "Panorel/UI/TabOrder.h"
 #include "Panorel/UI/TextLabel.h"
@@ -51,14 +51,13 @@ SceneStudioWindow::SceneStudioWindow(const SceneRecord &scene, WorkspacePort &wo
     layout->setContentsMargins({});
     layout->setSpacing(0);
     layout->addLayout(makeTools());
-    layout->addWidget(new Separator);
     layout->addWidget(m_stage, 1);
-    layout->addWidget(new Separator);
     layout->addLayout(makeBar());
     orderTabsByLayout(*this);
     addShortcuts();
 
-    connect(empty, &EmptyState::clicked, this, &SceneStudioWindow::showApplications);
+    connect(empty, &EmptyState::clicked, this,
+            [this, empty] { showApplications(*empty->findChild<ActionControl *>()); });
     connect(&m_model, &SceneStudioModel::changed, this, &SceneStudioWindow::refresh);
     connect(&m_history, &StudioHistory::changed, this, &SceneStudioWindow::refresh);
     connect(m_canvas, &SceneStudioCanvas::selectionChanged, this, &SceneStudioWindow::refresh);
@@ -84,7 +83,7 @@ QBoxLayout *SceneStudioWindow::makeTools()
     tools->addSpacing(Metrics::small);
     tools->addWidget(m_undo);
     tools->addWidget(m_redo);
-    connect(m_add, &PlainButton::clicked, this, &SceneStudioWindow::showApplications);
+    connect(m_add, &PlainButton::clicked, this, [this] { showApplications(*m_add); });
     connect(m_remove, &ActionControl::clicked, m_canvas, &SceneStudioCanvas::removeSelected);
     connect(m_undo, &ActionControl::clicked, this, &SceneStudioWindow::undo);
     connect(m_redo, &ActionControl::clicked, this, &SceneStudioWindow::redo);
@@ -124,8 +123,10 @@ void SceneStudioWindow::refresh()
     const bool isEmpty = m_model.boxes().empty();
     const bool hadFocus = m_canvas->hasFocus();
     m_stage->setCurrentIndex(isEmpty ? 1 : 0);
+    m_add->setVisible(!isEmpty); // the empty state has a button of its own
+    m_remove->setVisible(!isEmpty);
     if (isEmpty && hadFocus)
-        m_add->setFocus(Qt::OtherFocusReason);
+        m_stage->currentWidget()->findChild<ActionControl *>()->setFocus(Qt::OtherFocusReason);
     m_remove->setEnabled(m_canvas->selected().has_value());
     m_undo->setEnabled(m_history.canUndo());
     m_redo->setEnabled(m_history.canRedo());
@@ -137,7 +138,8 @@ void SceneStudioWindow::refresh()
         m_note->setText(tr("Drag a window to move it, or its edges to resize it."));
 }
 
-void SceneStudioWindow::showApplications()
+/// Below the button that was pressed.
+void SceneStudioWindow::showApplications(const QWidget &button)
 {
     m_canvas->finishGesture();
     auto *menu = new QMenu(this);
@@ -151,7 +153,7 @@ void SceneStudioWindow::showApplications()
     }
     if (menu->isEmpty())
         menu->addAction(tr("No other applications are running"))->setEnabled(false);
-    menu->popup(m_add->mapToGlobal(QPoint(0, m_add->height() + Metrics::tight)));
+    menu->popup(button.mapToGlobal(QPoint(0, button.height() + Metrics::tight)));
 }
 
 void SceneStudioWindow::add(const SceneStudioModel::App &app)

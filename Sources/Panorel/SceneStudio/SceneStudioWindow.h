@@ -47,7 +47,7 @@ private:
     void addShortcuts();
     void refresh();
     void askBeforeClosing();
-    void showApplications();
+    void showApplications(const QWidget &button);
     void add(const SceneStudioModel::App &app);
     void undo();
     void redo();

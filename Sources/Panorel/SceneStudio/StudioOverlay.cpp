@@ -7,6 +7,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace Panorel::StudioOverlay {
 
@@ -32,8 +33,11 @@ void drawSelection(QPainter &painter, const QRectF &box, bool hasFocus, const Th
 
 void drawGuide(QPainter &painter, const QLineF &line, const Theme &theme)
 {
-    painter.setPen(QPen(theme.attention, 1));
-    painter.drawLine(line);
+    painter.setPen(QPen(theme.accentInk, 1));
+    const auto sharp = [](const QPointF &point) {
+        return QPointF(std::floor(point.x()) + 0.5, std::floor(point.y()) + 0.5);
+    };
+    painter.drawLine(sharp(line.p1()), sharp(line.p2()));
 }
 
 void drawReadout(QPainter &painter, const QString &text, const QPointF &point, const QRectF &area,

@@ -16,6 +16,7 @@ namespace {
 
 constexpr double smallestIcon = 12;
 constexpr double largestIcon = 48;
+constexpr double largestSymbol = 32; ///< its lines are to stay thin
 
 /// Corners that fit the size: round at full size, hardly at 20 pixels.
 double radiusFor(const QRectF &box)
@@ -133,10 +134,14 @@ void SchematicPainter::drawIcon(const QRectF &area, const WindowRecord &window,
     const QIcon icon = iconOf ? iconOf(window.bundleID) : QIcon();
     if (look == WindowLook::Ghost)
         m_painter.setOpacity(0.45);
-    if (icon.isNull())
-        drawSymbol(m_painter, Symbol::Window, area, Theme::of(m_palette).text);
-    else
+    if (icon.isNull()) {
+        QRectF symbol(0, 0, std::min(area.width(), largestSymbol),
+                      std::min(area.height(), largestSymbol));
+        symbol.moveCenter(area.center());
+        drawSymbol(m_painter, Symbol::Window, symbol, Theme::of(m_palette).text);
+    } else {
         icon.paint(&m_painter, area.toRect());
+    }
     m_painter.setOpacity(1);
 }
 
