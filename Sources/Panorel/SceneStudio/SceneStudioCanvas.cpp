@@ -1,5 +1,6 @@
 #include "Panorel/SceneStudio/SceneStudioCanvas.h"
 
+#include "Panorel/SceneStudio/BoxGrips.h"
 #include "Panorel/SceneStudio/StudioHistory.h"
 #include "Panorel/SceneStudio/StudioOverlay.h"
 #include "Panorel/UI/Metrics.h"
@@ -17,20 +18,8 @@ namespace Panorel {
 
 namespace {
 
-constexpr double handleReach = Metrics::small; ///< to either side of an edge
 constexpr double snapReach = Metrics::small;
 constexpr double dragThreshold = 3; ///< a click that trembles moves nothing
-
-QCursor cursorFor(Qt::Edges edges)
-{
-    if (edges == (Qt::LeftEdge | Qt::TopEdge) || edges == (Qt::RightEdge | Qt::BottomEdge))
-        return Qt::SizeFDiagCursor;
-    if (edges == (Qt::RightEdge | Qt::TopEdge) || edges == (Qt::LeftEdge | Qt::BottomEdge))
-        return Qt::SizeBDiagCursor;
-    if (edges)
-        return edges & (Qt::LeftEdge | Qt::RightEdge) ? Qt::SizeHorCursor : Qt::SizeVerCursor;
-    return Qt::SizeAllCursor;
-}
 
 /// Where an arrow key points to; nothing for other keys.
 std::optional<Size> directionOf(int key)
@@ -155,25 +144,10 @@ std::optional<int> SceneStudioCanvas::boxAt(const QPointF &position) const
     return {};
 }
 
-/// Which edges of the selected box a press there takes hold of.
 Qt::Edges SceneStudioCanvas::edgesAt(const QPointF &position) const
 {
     const SceneStudioModel::Box *box = selectedBox();
-    if (!box)
-        return {};
-    const QRectF frame = transform().mapRect(rectOf(box->record.frame));
-    const QRectF reach = frame.adjusted(-handleReach, -handleReach, handleReach, handleReach);
-    if (!reach.contains(position))
-        return {};
-    // A small box must have something left to drag it by.
-    const double across = std::min(handleReach, frame.width() / 4);
-    const double down = std::min(handleReach, frame.height() / 4);
-    Qt::Edges edges;
-    edges.setFlag(Qt::LeftEdge, position.x() < frame.left() + across);
-    edges.setFlag(Qt::RightEdge, position.x() > frame.right() - across);
-    edges.setFlag(Qt::TopEdge, position.y() < frame.top() + down);
-    edges.setFlag(Qt::BottomEdge, position.y() > frame.bottom() - down);
-    return edges;
+    return box ? gripsAt(transform().mapRect(rectOf(box->record.frame)), position) : Qt::Edges();
 }
 
 void SceneStudioCanvas::mousePressEvent(QMouseEvent *event)
