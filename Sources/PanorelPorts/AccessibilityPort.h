@@ -49,6 +49,10 @@ public:
     /// Whether windows can be read and moved at all.
     virtual bool isTrusted() const = 0;
 
+    /// Whether it is the user who grants that. Where not, there is nothing to ask for: windows can
+    /// be moved as soon as a window manager runs.
+    virtual bool isTrustGranted() const = 0;
+
     /// Asks the platform to lead the user to granting access; nothing where that has no meaning.
     virtual void promptForTrust() = 0;
 

@@ -67,6 +67,7 @@ public:
     std::vector<RunningApplication> &applications() { return m_applications; }
 
     bool trusted = true;
+    bool trustIsGranted = true;
     bool listReadable = true;
     int prompts = 0;
     std::optional<int> focused; ///< the number of the window with the focus
@@ -76,6 +77,7 @@ public:
 
     // AccessibilityPort
     bool isTrusted() const override { return trusted; }
+    bool isTrustGranted() const override { return trustIsGranted; }
     void promptForTrust() override { ++prompts; }
     std::vector<WindowAttributes> windows(ProcessIdentifier pid) override;
     void apply(const WindowElementRef &window, std::optional<Point> position,

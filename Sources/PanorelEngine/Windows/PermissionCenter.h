@@ -11,6 +11,9 @@ public:
 
     bool hasAccessibility() const { return m_port.isTrusted(); }
 
+    /// Whether it is for the user to grant; where not, a window manager is all it takes.
+    bool isGrantedByUser() const { return m_port.isTrustGranted(); }
+
     /// The answer comes later, if ever: ask hasAccessibility() again.
     void promptAccessibility() { m_port.promptForTrust(); }
 

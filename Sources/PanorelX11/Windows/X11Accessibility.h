@@ -19,6 +19,7 @@ public:
 
     /// There is nothing to grant on X11, but without a window manager nobody would answer.
     bool isTrusted() const override;
+    bool isTrustGranted() const override { return false; }
     void promptForTrust() override {}
     /// Front to back.
     std::vector<WindowAttributes> windows(ProcessIdentifier pid) override;
