@@ -95,6 +95,11 @@ const SceneRecord *SettingsModel::scene(const QUuid &id) const
 
 SceneRecord SettingsModel::addSceneFromCurrentWindows()
 {
+    // While displays settle the watcher still shows the desk before; the user means this one.
+    DisplayWatcher &watcher = m_services.displayWatcher;
+    if (watcher.isSettling())
+        watcher.refresh();
+    m_currentConfigID = watcher.configID();
     const auto count = m_controller.scenes().scenesFor(m_currentConfigID).size();
     SceneRecord scene =
         m_controller.addSceneFromCurrentWindows(QStringLiteral("Scene %1").arg(count + 1));
