@@ -6,6 +6,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 namespace Panorel {
@@ -18,27 +19,41 @@ constexpr int border = 1;
 
 PanelWindow::PanelWindow(PanelView *view, bool isComposited)
     : QWidget(nullptr, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint), m_view(view),
-      m_isComposited(isComposited)
+      m_scrollArea(new QScrollArea), m_isComposited(isComposited)
 {
     setWindowTitle(QStringLiteral("Panorel"));
     setAttribute(Qt::WA_TranslucentBackground, isComposited);
-    auto *scrollArea = new QScrollArea;
-    scrollArea->setFrameShape(QFrame::NoFrame);
-    scrollArea->setFocusPolicy(Qt::NoFocus);
-    scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scrollArea->setWidgetResizable(true);
-    scrollArea->setWidget(view);
+    m_scrollArea->setFrameShape(QFrame::NoFrame);
+    m_scrollArea->setFocusPolicy(Qt::NoFocus);
+    m_scrollArea->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scrollArea->setWidgetResizable(true);
+    m_scrollArea->setWidget(view);
     // The window paints what is behind the view, with its corners.
-    scrollArea->viewport()->setAutoFillBackground(false);
+    m_scrollArea->viewport()->setAutoFillBackground(false);
     view->setAutoFillBackground(false);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(border, border, border, border);
-    layout->addWidget(scrollArea);
+    layout->addWidget(m_scrollArea);
+    connect(view, &PanelView::sizeHintChanged, this, &PanelWindow::scrollWhereNeeded);
 }
 
 QSize PanelWindow::sizeHint() const
 {
     return m_view->sizeHint() + QSize(2 * border, 2 * border);
+}
+
+/// A scroll bar that came while the window was still too low would stay: beside it the texts are
+/// narrower, so higher, and need it.
+void PanelWindow::scrollWhereNeeded()
+{
+    m_scrollArea->setVerticalScrollBarPolicy(
+        height() < sizeHint().height() ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+}
+
+void PanelWindow::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    scrollWhereNeeded();
 }
 
 void PanelWindow::keyPressEvent(QKeyEvent *event)

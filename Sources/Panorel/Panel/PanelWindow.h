@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QScrollArea>
+#include <QWidget>
+
+class QScrollArea;
 
 namespace Panorel {
 
@@ -26,9 +28,13 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void scrollWhereNeeded();
+
     PanelView *m_view;
+    QScrollArea *m_scrollArea;
     bool m_isComposited;
 };
 
