@@ -2,6 +2,8 @@
 
 #include "Panorel/Prefs.h"
 
+#include <QCoreApplication>
+
 namespace Panorel {
 
 namespace {
@@ -16,10 +18,14 @@ struct Entry {
 const Entry &entry(FixedAction action)
 {
     static constexpr Entry entries[] = {
-        {"stash", "Stash", &Prefs::stashHotKey, &Prefs::setStashHotKey},
-        {"restore", "Restore now", &Prefs::restoreHotKey, &Prefs::setRestoreHotKey},
-        {"savelayout", "Save layout now", &Prefs::saveLayoutHotKey, &Prefs::setSaveLayoutHotKey},
-        {"undo", "Undo last restore", &Prefs::undoHotKey, &Prefs::setUndoHotKey},
+        {"stash", QT_TRANSLATE_NOOP("Panorel::FixedAction", "Stash"), &Prefs::stashHotKey,
+         &Prefs::setStashHotKey},
+        {"restore", QT_TRANSLATE_NOOP("Panorel::FixedAction", "Restore now"), &Prefs::restoreHotKey,
+         &Prefs::setRestoreHotKey},
+        {"savelayout", QT_TRANSLATE_NOOP("Panorel::FixedAction", "Save layout now"),
+         &Prefs::saveLayoutHotKey, &Prefs::setSaveLayoutHotKey},
+        {"undo", QT_TRANSLATE_NOOP("Panorel::FixedAction", "Undo last restore"), &Prefs::undoHotKey,
+         &Prefs::setUndoHotKey},
     };
     return entries[std::size_t(action)];
 }
@@ -32,6 +38,11 @@ QString keyID(FixedAction action)
 }
 
 QString nameOf(FixedAction action)
+{
+    return QCoreApplication::translate("Panorel::FixedAction", entry(action).name);
+}
+
+QString logNameOf(FixedAction action)
 {
     return QLatin1String(entry(action).name);
 }

@@ -17,8 +17,10 @@ inline constexpr std::array fixedActions{FixedAction::Stash, FixedAction::Restor
 /// Under which its key is registered.
 QString keyID(FixedAction action);
 
-/// As it is named where keys are listed.
+/// As it is named where keys are listed, in the user's language.
 QString nameOf(FixedAction action);
+/// The same for the log, which is English.
+QString logNameOf(FixedAction action);
 
 /// The preference that holds its key; absent: none.
 std::optional<HotKeyCombo> keyOf(FixedAction action, const Prefs &prefs);

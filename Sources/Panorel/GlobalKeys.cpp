@@ -27,7 +27,7 @@ void GlobalKeys::reload()
 {
     for (const FixedAction action : fixedActions) {
         if (const auto combo = keyOf(action, m_services.prefs))
-            registerKey(keyID(action), nameOf(action), *combo,
+            registerKey({keyID(action), nameOf(action), logNameOf(action)}, *combo,
                         [this, action] { m_actions.fixed(action); });
         else
             m_services.hotKeys.unregister(keyID(action));
@@ -35,17 +35,17 @@ void GlobalKeys::reload()
     m_services.hotKeys.unregisterAll(sceneKeyPrefix);
     for (const SceneRecord &scene : m_scenes.allScenes()) {
         if (scene.hotKey)
-            registerKey(keyID(scene), scene.name, *scene.hotKey,
+            registerKey({keyID(scene), scene.name, scene.name}, *scene.hotKey,
                         [this, id = scene.id] { m_actions.applyScene(id); });
     }
 }
 
-void GlobalKeys::registerKey(const QString &id, const QString &name, const HotKeyCombo &combo,
+void GlobalKeys::registerKey(const Owner &owner, const HotKeyCombo &combo,
                              const std::function<void()> &action)
 {
-    if (!m_services.hotKeys.registerHotKey(id, name, combo, action))
+    if (!m_services.hotKeys.registerHotKey(owner.id, owner.name, combo, action))
         m_services.log.log(QStringLiteral("hotkey: %1 is taken, \"%2\" has no key")
-                               .arg(m_services.platform.hotKeys().text(combo), name));
+                               .arg(m_services.platform.hotKeys().text(combo), owner.logName));
 }
 
 } // namespace Panorel

@@ -33,7 +33,13 @@ public:
     void suspend();
 
 private:
-    void registerKey(const QString &id, const QString &name, const HotKeyCombo &combo,
+    struct Owner {
+        QString id;
+        QString name;
+        QString logName;
+    };
+
+    void registerKey(const Owner &owner, const HotKeyCombo &combo,
                      const std::function<void()> &action);
 
     AppServices m_services;

@@ -37,7 +37,7 @@ void StatusItemController::refresh()
 {
     m_menu.rebuild();
     if (m_item)
-        m_item->setToolTip(QStringLiteral("Panorel: %1").arg(m_model.deskName()));
+        m_item->setToolTip(tr("Panorel: %1").arg(m_model.deskName()));
 }
 
 void StatusItemController::clicked(QSystemTrayIcon::ActivationReason reason)

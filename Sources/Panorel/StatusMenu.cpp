@@ -13,23 +13,21 @@ StatusMenu::StatusMenu(const PanelModel &model, std::function<void()> openPanel)
 void StatusMenu::rebuild()
 {
     m_menu.clear();
-    add(QStringLiteral("Open Panel"), m_openPanel);
+    add(tr("Open Panel"), m_openPanel);
     m_menu.addSeparator();
     if (m_model.hasPermission())
-        add(QStringLiteral("Restore Now"), m_model.onRestoreNow);
+        add(tr("Restore Now"), m_model.onRestoreNow);
     else
-        add(QStringLiteral("Grant permission…"), m_model.onGrantPermission);
+        add(tr("Grant permission…"), m_model.onGrantPermission);
     if (m_model.canUndo())
-        add(QStringLiteral("Undo"), m_model.onUndo);
-    add(m_model.isStashed() ? QStringLiteral("Bring the desk back")
-                            : QStringLiteral("Stash the desk"),
-        m_model.onStash);
+        add(tr("Undo"), m_model.onUndo);
+    add(m_model.isStashed() ? tr("Bring the desk back") : tr("Stash the desk"), m_model.onStash);
     addScenes();
     m_menu.addSeparator();
-    add(QStringLiteral("Layouts…"), m_model.onOpenLayouts);
-    add(QStringLiteral("Settings…"), m_model.onOpenSettings);
-    add(QStringLiteral("Check for Updates…"), m_model.onCheckForUpdates);
-    add(QStringLiteral("Quit Panorel"), m_model.onQuit);
+    add(tr("Layouts…"), m_model.onOpenLayouts);
+    add(tr("Settings…"), m_model.onOpenSettings);
+    add(tr("Check for Updates…"), m_model.onCheckForUpdates);
+    add(tr("Quit Panorel"), m_model.onQuit);
 }
 
 void StatusMenu::addScenes()
@@ -39,7 +37,7 @@ void StatusMenu::addScenes()
         for (const SceneRecord &scene : m_model.scenes())
             add(scene.name, [this, id = scene.id] { m_model.onApplyScene(id); });
     }
-    add(QStringLiteral("Save current as scene"), m_model.onSaveScene);
+    add(tr("Save current as scene"), m_model.onSaveScene);
 }
 
 void StatusMenu::add(const QString &title, const std::function<void()> &action)

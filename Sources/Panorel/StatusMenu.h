@@ -2,6 +2,7 @@
 
 #include "Panorel/Panel/SceneList.h"
 
+#include <QCoreApplication>
 #include <QMenu>
 
 namespace Panorel {
@@ -12,6 +13,8 @@ class Prefs;
 /// The icon's own menu: the same actions as the panel's rows, for trays that only show menus and
 /// for whoever prefers one. Follows the model.
 class StatusMenu {
+    Q_DECLARE_TR_FUNCTIONS(Panorel::StatusMenu)
+
 public:
     /// The model must outlive it.
     StatusMenu(const PanelModel &model, std::function<void()> openPanel);

@@ -5,6 +5,7 @@
 #include "Panorel/SessionBus.h"
 #include "Panorel/SingleInstance.h"
 #include "Panorel/TerminationSignals.h"
+#include "Panorel/Translations/InterfaceLanguage.h"
 #include "PanorelCore/Files/AppLog.h"
 
 #include <QApplication>
@@ -56,6 +57,7 @@ int main(int argc, char **argv)
         QApplication::setDesktopFileName(QStringLiteral("org.panorel.Panorel"));
         QApplication::setWindowIcon(appIcon());
         QApplication::setQuitOnLastWindowClosed(false);
+        installTranslations(application, QLocale::system().uiLanguages());
         const auto instance = SingleInstance::acquire();
         if (!instance)
             return 0; // the running one shows its panel

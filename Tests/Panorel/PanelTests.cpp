@@ -2,6 +2,7 @@
 #include "Panorel/Panel/PanelWindow.h"
 #include "Panorel/PanelModel.h"
 #include "Panorel/Prefs.h"
+#include "Panorel/Translations/InterfaceLanguage.h"
 #include "Panorel/UI/ActionControl.h"
 #include "Support/InMemoryPlatform.h"
 
@@ -10,7 +11,9 @@
 #include <QDir>
 #include <QLabel>
 #include <QPointer>
+#include <QScrollBar>
 #include <QTest>
+#include <QTranslator>
 
 using namespace Panorel;
 
@@ -326,10 +329,13 @@ private Q_SLOTS:
         const Act withdraw = [](Panel &panel) { panel.model.setHasPermission(false); };
         QTest::newRow("light") << asItIs;
         QTest::newRow("dark") << asItIs;
-        for (const char *name : {"scenes-light", "scenes-dark", "scenes-200", "scenes-dark-200"})
+        for (const char *name : {"scenes-light", "scenes-dark", "scenes-200", "scenes-dark-200",
+                                 "scenes-german", "scenes-german-large"})
             QTest::newRow(name) << furnish;
         QTest::newRow("no-permission") << withdraw;
         QTest::newRow("no-permission-dark") << withdraw;
+        QTest::newRow("german") << asItIs;
+        QTest::newRow("no-permission-german") << withdraw;
         QTest::newRow("off") << Act([](Panel &panel) { panel.prefs.setEnabled(false); });
     }
 
@@ -337,6 +343,12 @@ private Q_SLOTS:
     {
         QFETCH(std::function<void(Panel &)>, act);
         const QString name = QString::fromLatin1(QTest::currentDataTag());
+        if (name.contains(u"german"))
+            installTranslations(*qApp, {QStringLiteral("de")});
+        const QFont usual = QApplication::font();
+        QFont font = usual;
+        font.setPointSizeF(usual.pointSizeF() * (name.contains(u"large") ? 1.5 : 1));
+        QApplication::setFont(font);
         Panel panel;
         PanelWindow &window = panel.open();
         act(panel); // while it is open: all of it is followed at once
@@ -346,6 +358,8 @@ private Q_SLOTS:
         auto *result = window.findChild<QLabel *>(QStringLiteral("lastAction"));
         QTRY_VERIFY(!result->graphicsEffect()); // faded in
         QTRY_COMPARE(window.size(), window.sizeHint());
+        for (const QScrollBar *bar : window.findChildren<QScrollBar *>())
+            QVERIFY(!bar->isVisible()); // all of it can be seen
 
         const double scale = name.endsWith(u"200") ? 2 : 1;
         QImage picture(window.size() * scale, QImage::Format_ARGB32_Premultiplied);
@@ -355,6 +369,8 @@ private Q_SLOTS:
         const QDir folder(QStringLiteral(PANOREL_SCREENSHOTS));
         QVERIFY(folder.mkpath(QStringLiteral(".")));
         QVERIFY(picture.save(folder.filePath(QStringLiteral("panel-%1.png").arg(name))));
+        QApplication::setFont(usual);
+        qDeleteAll(qApp->findChildren<QTranslator *>());
     }
 };
 

@@ -1,6 +1,7 @@
 # Debian packages by purpose, and their installation. Sourced by the scripts beside this folder.
 
 PACKAGES_BUILD="ca-certificates g++ cmake ninja-build pkg-config qt6-base-dev qt6-svg-dev
+    qt6-tools-dev qt6-l10n-tools
     libgl-dev libxcb1-dev libxcb-randr0-dev libxcb-xkb-dev libglib2.0-dev libical-dev
     libecal2.0-dev"
 

@@ -35,8 +35,7 @@ void DeskCard::showDesk(const PanelModel &model)
     const bool hasDisplays = !model.displays().empty();
     m_schematic->setDisplays(model.displays());
     m_name->setText(model.deskName());
-    m_displays->setText(hasDisplays ? model.displayNames()
-                                    : QStringLiteral("No displays detected"));
+    m_displays->setText(hasDisplays ? model.displayNames() : tr("No displays detected"));
 }
 
 } // namespace Panorel

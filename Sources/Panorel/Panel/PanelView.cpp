@@ -84,11 +84,10 @@ void PanelView::addMenuRows()
         PanelModel::Action action;
     };
     const MenuRow rows[] = {
-        {Symbol::Layouts, QStringLiteral("Layouts…"), Qt::CTRL | Qt::Key_L, m_model.onOpenLayouts},
-        {Symbol::Settings, QStringLiteral("Settings…"), Qt::CTRL | Qt::Key_Comma,
-         m_model.onOpenSettings},
-        {Symbol::Update, QStringLiteral("Check for Updates…"), {}, m_model.onCheckForUpdates},
-        {Symbol::Quit, QStringLiteral("Quit Panorel"), Qt::CTRL | Qt::Key_Q, m_model.onQuit},
+        {Symbol::Layouts, tr("Layouts…"), Qt::CTRL | Qt::Key_L, m_model.onOpenLayouts},
+        {Symbol::Settings, tr("Settings…"), Qt::CTRL | Qt::Key_Comma, m_model.onOpenSettings},
+        {Symbol::Update, tr("Check for Updates…"), {}, m_model.onCheckForUpdates},
+        {Symbol::Quit, tr("Quit Panorel"), Qt::CTRL | Qt::Key_Q, m_model.onQuit},
     };
     auto *group = new QVBoxLayout;
     group->setSpacing(0);
@@ -141,19 +140,18 @@ void PanelView::refresh()
 void PanelView::refreshStatus()
 {
     if (!m_prefs.enabled())
-        m_status->setStatus(Status::Off, QStringLiteral("Panorel is off"));
+        m_status->setStatus(Status::Off, tr("Panorel is off"));
     else if (m_model.windowCount() >= 1)
         m_status->setStatus(Status::Good,
-                            QStringLiteral("%1 windows remembered").arg(m_model.windowCount()));
+                            tr("%n windows remembered", nullptr, int(m_model.windowCount())));
     else
-        m_status->setStatus(Status::Off, QStringLiteral("No layout saved yet"));
+        m_status->setStatus(Status::Off, tr("No layout saved yet"));
 }
 
 void PanelView::refreshStash()
 {
     m_stash->setVisible(bool(m_model.onStash));
-    m_stash->setTitle(m_model.isStashed() ? QStringLiteral("Bring the desk back")
-                                          : QStringLiteral("Stash the desk"));
+    m_stash->setTitle(m_model.isStashed() ? tr("Bring the desk back") : tr("Stash the desk"));
     m_stash->setSymbol(m_model.isStashed() ? Symbol::BringBack : Symbol::Stash);
     m_stash->setTrailingText(textOf(m_prefs.stashHotKey()));
 }

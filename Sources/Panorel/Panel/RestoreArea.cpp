@@ -15,11 +15,9 @@
 namespace Panorel {
 
 RestoreArea::RestoreArea(const PanelModel &model, QWidget *parent)
-    : QWidget(parent), m_model(model),
-      m_grant(new PrimaryButton(QStringLiteral("Grant permission…"))),
-      m_restore(new PrimaryButton(QStringLiteral("Restore Now"))),
-      m_lastAction(new TextLabel(TextStyle::Secondary)),
-      m_undo(new TextButton(QStringLiteral("Undo")))
+    : QWidget(parent), m_model(model), m_grant(new PrimaryButton(tr("Grant permission…"))),
+      m_restore(new PrimaryButton(tr("Restore Now"))),
+      m_lastAction(new TextLabel(TextStyle::Secondary)), m_undo(new TextButton(tr("Undo")))
 {
     m_permission = makePermission();
     m_result = makeResult();
@@ -40,7 +38,7 @@ QWidget *RestoreArea::makePermission()
     auto *text = new StatusLine(TextLabel::Fit::Wrap);
     text->setObjectName(QStringLiteral("permission"));
     text->setStatus(Status::Attention,
-                    QStringLiteral("Panorel needs Accessibility permission to move windows."));
+                    tr("Panorel needs Accessibility permission to move windows."));
     auto *permission = new QWidget;
     auto *layout = new QVBoxLayout(permission);
     layout->setContentsMargins({});

@@ -11,14 +11,13 @@ namespace Panorel {
 
 SceneList::SceneList(const PanelModel &model, const HotKeyText &textOf, QWidget *parent)
     : QWidget(parent), m_model(model), m_textOf(textOf), m_rows(new QVBoxLayout),
-      m_save(new ListRow(Symbol::Plus, QStringLiteral("Save current as scene")))
+      m_save(new ListRow(Symbol::Plus, tr("Save current as scene")))
 {
     m_rows->setSpacing(0);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(0);
-    layout->addWidget(
-        new SectionHeading(QStringLiteral("Scenes"), QStringLiteral("Switch any time")));
+    layout->addWidget(new SectionHeading(tr("Scenes"), tr("Switch any time")));
     layout->addSpacing(Metrics::tight);
     layout->addLayout(m_rows);
     layout->addWidget(m_save);

@@ -12,10 +12,9 @@ namespace Panorel {
 TipCard::TipCard(QWidget *parent) : Card(parent)
 {
     auto *text = new TextLabel(TextStyle::Secondary, TextLabel::Fit::Wrap);
-    text->setText(
-        QStringLiteral("Tip: give a scene a hotkey to switch layouts without opening this menu."));
-    auto *setOne = new TextButton(QStringLiteral("Set one"));
-    auto *close = new SymbolButton(Symbol::Close, QStringLiteral("Close tip"));
+    text->setText(tr("Tip: give a scene a hotkey to switch layouts without opening this menu."));
+    auto *setOne = new TextButton(tr("Set one"));
+    auto *close = new SymbolButton(Symbol::Close, tr("Close tip"));
 
     // The buttons bring air of their own, the text does not.
     auto *column = new QVBoxLayout;
