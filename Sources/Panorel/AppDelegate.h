@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Panorel/AppController.h"
+#include "Panorel/Onboarding/OnboardingWindowController.h"
 #include "Panorel/Panel/PanelController.h"
 #include "Panorel/PanelModel.h"
 #include "Panorel/SessionEnd.h"
@@ -27,6 +28,7 @@ public:
     void prepareToEnd();
 
 private:
+    void welcome();
     QRect visibleFrameAt(const QPoint &point) const;
 
     AppServices m_services;
@@ -34,6 +36,7 @@ private:
     std::optional<PanelController> m_panel;
     std::optional<StatusItemController> m_statusItem;
     std::optional<AppController> m_controller;
+    std::optional<OnboardingWindowController> m_onboarding; ///< only for who has not been through
     SessionEnd m_sessionEnd;
 };
 

@@ -22,6 +22,7 @@ class ProgramTest : public QObject {
 private Q_SLOTS:
     void aReplugPutsEveryWindowBack();
     void theGlobalKeysActOverAnotherProgram();
+    void aNewUserIsWelcomedWhileTheDeskIsLearned();
     void theServersEndIsSaidOnceAndLosesNothing();
     void withoutADisplayItSaysSo();
 };
@@ -102,6 +103,29 @@ void ProgramTest::theGlobalKeysActOverAnotherProgram()
     program.awaitLogged(1, "hotkey: layout saved (1 windows)");
     QCOMPARE(probe.activeWindow(), focus);
     program.endCleanly(SIGINT);
+}
+
+void ProgramTest::aNewUserIsWelcomedWhileTheDeskIsLearned()
+{
+    TestServer server;
+    const TestWindowManager manager(QStringLiteral("openbox"));
+    TestKeyboard keyboard;
+    DesktopProbe probe;
+    const TestClient client(ClientKind::Plain, QStringLiteral("notes"));
+    const QString settings =
+        qEnvironmentVariable("XDG_CONFIG_HOME") + QStringLiteral("/Panorel/Panorel.ini");
+    QVERIFY(QFile::remove(settings));
+    TestProgram program;
+    program.awaitLogged(1, "learned layout: 1 windows"); // its own window is none of them
+    const auto welcome = [&] { return probe.find(QStringLiteral("Welcome to Panorel")); };
+    require([&] { return welcome() && probe.activeWindow() == welcome(); }, "the welcome window");
+    // Return, space, Enter: one key thrice within a millisecond would count as held.
+    for (const xcb_keycode_t key : {36, 65, 104})
+        keyboard.press(key);
+    require([&] { return !welcome(); }, "the end of the welcome");
+    QCOMPARE(QSettings(settings, QSettings::IniFormat).value(QStringLiteral("hasOnboarded")),
+             QVariant(QStringLiteral("true")));
+    program.endCleanly(SIGTERM);
 }
 
 void ProgramTest::theServersEndIsSaidOnceAndLosesNothing()

@@ -58,6 +58,8 @@ start_desktop() {
     export XDG_DATA_HOME="$work/home/.local/share" XDG_CACHE_HOME="$work/home/.cache"
     mkdir -p "$XDG_RUNTIME_DIR" "$XDG_CONFIG_HOME" "$XDG_DATA_HOME" "$XDG_CACHE_HOME"
     chmod 700 "$XDG_RUNTIME_DIR"
+    mkdir -p "$XDG_CONFIG_HOME/Panorel" # of a user who has been welcomed
+    printf '[General]\nhasOnboarded=true\n' >"$XDG_CONFIG_HOME/Panorel/Panorel.ini"
     export XDG_SESSION_TYPE=x11 GDK_BACKEND=x11 QT_QPA_PLATFORM=xcb LIBGL_ALWAYS_SOFTWARE=1
     export GSETTINGS_BACKEND=memory NO_AT_BRIDGE=1 LC_ALL=C.UTF-8
     unset WAYLAND_DISPLAY XAUTHORITY SESSION_MANAGER DBUS_SESSION_BUS_ADDRESS

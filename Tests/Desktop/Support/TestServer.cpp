@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QSettings>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -39,6 +40,9 @@ TestServer::TestServer()
     }
     QFile::setPermissions(home.filePath(QStringLiteral("run")),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    // Of a user who has been welcomed.
+    QSettings(home.filePath(QStringLiteral("config/Panorel/Panorel.ini")), QSettings::IniFormat)
+        .setValue(QStringLiteral("hasOnboarded"), true);
     qputenv("XDG_SESSION_TYPE", "x11");
     qputenv("GSETTINGS_BACKEND", "memory");
     qputenv("NO_AT_BRIDGE", "1");

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+#include <functional>
+
+namespace Panorel {
+
+/// What the welcome window lets a new user do at once. What is empty is not offered.
+struct OnboardingActions {
+    /// Saves the windows as they are; returns the new scene's name.
+    std::function<QString()> saveScene;
+    /// Shows where keys are set.
+    std::function<void()> openShortcuts;
+};
+
+} // namespace Panorel
