@@ -15,9 +15,9 @@ AppDelegate::AppDelegate(const AppServices &services)
 AppDelegate::~AppDelegate()
 {
     // The controller takes its actions from the panel's rows: the rows go first.
-    m_onboarding.reset();
     m_statusItem.reset();
     m_panel.reset();
+    m_windows.reset();
     m_controller.reset();
 }
 
@@ -37,22 +37,11 @@ void AppDelegate::applicationDidFinishLaunching()
     m_statusItem.emplace(m_panelModel, *m_panel, platform.shell(),
                          [this](const QPoint &point) { return visibleFrameAt(point); });
     m_controller.emplace(m_panelModel, m_services);
+    m_windows.emplace(*m_controller, m_panelModel, m_services);
     if (!prefs.hasOnboarded())
-        welcome();
+        m_windows->welcome();
     else if (!permission.hasAccessibility())
         permission.promptAccessibility();
-}
-
-void AppDelegate::welcome()
-{
-    const auto saveScene = [this] {
-        m_controller->saveCurrentAsScene();
-        const std::vector<SceneRecord> &scenes = m_panelModel.scenes();
-        return scenes.empty() ? QString() : scenes.back().name;
-    };
-    m_onboarding.emplace(m_services.prefs, m_controller->permission(), m_services.scheduler,
-                         OnboardingActions{saveScene, m_panelModel.onOpenShortcuts});
-    m_onboarding->showIfNeeded();
 }
 
 void AppDelegate::openPanel()
@@ -64,6 +53,8 @@ void AppDelegate::prepareToEnd()
 {
     if (m_controller)
         m_controller->prepareToEnd();
+    if (m_windows)
+        m_windows->closeWithoutAsking();
 }
 
 QRect AppDelegate::visibleFrameAt(const QPoint &point) const

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Panorel/AppController.h"
-#include "Panorel/Onboarding/OnboardingWindowController.h"
+#include "Panorel/AppWindows.h"
 #include "Panorel/Panel/PanelController.h"
 #include "Panorel/PanelModel.h"
 #include "Panorel/SessionEnd.h"
@@ -28,7 +28,6 @@ public:
     void prepareToEnd();
 
 private:
-    void welcome();
     QRect visibleFrameAt(const QPoint &point) const;
 
     AppServices m_services;
@@ -36,7 +35,7 @@ private:
     std::optional<PanelController> m_panel;
     std::optional<StatusItemController> m_statusItem;
     std::optional<AppController> m_controller;
-    std::optional<OnboardingWindowController> m_onboarding; ///< only for who has not been through
+    std::optional<AppWindows> m_windows;
     SessionEnd m_sessionEnd;
 };
 

@@ -36,6 +36,9 @@ class ActivationPolicyPort {
 public:
     virtual ~ActivationPolicyPort() = default;
 
+    /// Whether there is a Dock in which a program can show its icon.
+    virtual bool hasDock() const = 0;
+
     /// Nothing where there is no Dock.
     virtual void setActivationPolicy(ActivationPolicy policy) = 0;
 };

@@ -180,6 +180,7 @@ private:
     void setDesktopPicture(const QString &path) override { pictures << path; }
     std::optional<PreferenceValue> value(const QString &domain, const QString &key) override;
     void openDesktopSettings() override { ++desktopSettingsOpened; }
+    bool hasDock() const override { return true; }
     void setActivationPolicy(ActivationPolicy asked) override { policy = asked; }
     bool automaticallyChecksForUpdates() override { return checksForUpdates; }
     void setAutomaticallyChecksForUpdates(bool checks) override { checksForUpdates = checks; }
