@@ -101,9 +101,9 @@ private Q_SLOTS:
             {{1, 2560}, QStringLiteral("⌥⇧S"), QStringLiteral("Alt+Shift+S")},
             {{0, all}, QStringLiteral("⌃⌥⇧⌘A"), QStringLiteral("Ctrl+Alt+Shift+Super+A")},
             {{51, 256}, QStringLiteral("⌘⌫"), QStringLiteral("Super+Backspace")},
-            {{122, 4096}, QStringLiteral("⌃?"), QStringLiteral("Ctrl+?")}, // has no name
-            {{10, 0}, QStringLiteral("?"), QStringLiteral("?")},           // between the named
-            {{22, 0}, QStringLiteral("6"), QStringLiteral("6")},           // before 5
+            {{122, 4096}, QStringLiteral("⌃?"), QStringLiteral("Ctrl+F1")}, // no Mac glyph
+            {{10, 0}, QStringLiteral("?"), QStringLiteral("?")},            // between the named
+            {{22, 0}, QStringLiteral("6"), QStringLiteral("6")},            // before 5
         };
         for (const auto &[combo, mac, pc] : rows) {
             QCOMPARE(combo.displayString(), mac);
