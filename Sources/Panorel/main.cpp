@@ -52,7 +52,6 @@ int main(int argc, char **argv)
         SessionBus::preventAutolaunch();
         QApplication application(argc, argv);
         QApplication::setApplicationName(QStringLiteral("panorel"));
-        QApplication::setApplicationDisplayName(QStringLiteral("Panorel"));
         QApplication::setApplicationVersion(QStringLiteral(PANOREL_VERSION));
         QApplication::setDesktopFileName(QStringLiteral("org.panorel.Panorel"));
         QApplication::setWindowIcon(appIcon());
