@@ -102,7 +102,7 @@ void GeneralPane::addSwitch(RowCard &card, const QString &name, const QString &e
 {
     auto *toggle = new Toggle;
     connect(toggle, &Toggle::clicked, this,
-            [this, setValue](bool isOn) { (m_prefs.*setValue)(isOn); });
+            [&prefs = m_prefs, setValue](bool isOn) { (prefs.*setValue)(isOn); });
     m_entries.push_back({toggle, value});
     card.addRow(new SettingRow(name, explanation, toggle));
 }
