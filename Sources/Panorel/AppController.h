@@ -72,6 +72,8 @@ public:
 
     /// Registers the global keys anew, as the preferences and the scenes have them now.
     void reloadHotKeys() { m_keys.reload(); }
+    /// Whether another program has the key of that keyID().
+    bool isHotKeyRefused(const QString &keyID) const { return m_keys.isRefused(keyID); }
     /// None of them is in force until reloadHotKeys().
     void suspendHotKeys() { m_keys.suspend(); }
 

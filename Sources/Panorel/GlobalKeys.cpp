@@ -25,6 +25,7 @@ void GlobalKeys::suspend()
 
 void GlobalKeys::reload()
 {
+    m_refused.clear();
     for (const FixedAction action : fixedActions) {
         if (const auto combo = keyOf(action, m_services.prefs))
             registerKey({keyID(action), nameOf(action), logNameOf(action)}, *combo,
@@ -43,9 +44,11 @@ void GlobalKeys::reload()
 void GlobalKeys::registerKey(const Owner &owner, const HotKeyCombo &combo,
                              const std::function<void()> &action)
 {
-    if (!m_services.hotKeys.registerHotKey(owner.id, owner.name, combo, action))
-        m_services.log.log(QStringLiteral("hotkey: %1 is taken, \"%2\" has no key")
-                               .arg(m_services.platform.hotKeys().text(combo), owner.logName));
+    if (m_services.hotKeys.registerHotKey(owner.id, owner.name, combo, action))
+        return;
+    m_refused.insert(owner.id);
+    m_services.log.log(QStringLiteral("hotkey: %1 is taken, \"%2\" has no key")
+                           .arg(m_services.platform.hotKeys().text(combo), owner.logName));
 }
 
 } // namespace Panorel

@@ -4,6 +4,7 @@
 #include "Panorel/FixedAction.h"
 
 #include <functional>
+#include <set>
 
 namespace Panorel {
 
@@ -29,6 +30,10 @@ public:
     /// refuses is logged.
     void reload();
 
+    /// Whether the platform refused the key of that keyID() at the last reload(): some other
+    /// program has it.
+    bool isRefused(const QString &keyID) const { return m_refused.contains(keyID); }
+
     /// Gives all keys back to the platform until reload(), while the user types one to be recorded.
     void suspend();
 
@@ -45,6 +50,7 @@ private:
     AppServices m_services;
     const SceneStore &m_scenes;
     Actions m_actions;
+    std::set<QString> m_refused;
 };
 
 } // namespace Panorel

@@ -204,9 +204,12 @@ void SettingsModel::setKey(FixedAction action, const std::optional<HotKeyCombo> 
     refresh();
 }
 
-QStringList SettingsModel::collisions(const HotKeyCombo &combo, const QString &excludingID) const
+QStringList SettingsModel::collisions(const HotKeyCombo &combo, const QString &keyID) const
 {
-    return m_services.hotKeys.collisions(combo, excludingID);
+    QStringList names = m_services.hotKeys.collisions(combo, keyID);
+    if (m_controller.isHotKeyRefused(keyID))
+        names << tr("another program");
+    return names;
 }
 
 QString SettingsModel::keyText(const HotKeyCombo &combo) const

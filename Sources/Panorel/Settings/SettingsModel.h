@@ -90,9 +90,9 @@ public:
     // Keys of the fixed actions; a scene's is part of the scene.
     std::optional<HotKeyCombo> key(FixedAction action) const;
     void setKey(FixedAction action, const std::optional<HotKeyCombo> &combo);
-    /// The names of the other actions and scenes that have the combination; `excludingID` is the
-    /// keyID() of the one that is asked for.
-    QStringList collisions(const HotKeyCombo &combo, const QString &excludingID) const;
+    /// Who else has the combination of the key that is known by that keyID(): the names of other
+    /// actions and scenes, or "another program".
+    QStringList collisions(const HotKeyCombo &combo, const QString &keyID) const;
     /// As this platform's users write it.
     QString keyText(const HotKeyCombo &combo) const;
 

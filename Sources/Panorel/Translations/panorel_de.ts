@@ -874,6 +874,13 @@
     </message>
 </context>
 <context>
+    <name>Panorel::SettingsModel</name>
+    <message>
+        <source>another program</source>
+        <translation>einem anderen Programm</translation>
+    </message>
+</context>
+<context>
     <name>Panorel::SettingsWindow</name>
     <message>
         <source>Sections</source>
