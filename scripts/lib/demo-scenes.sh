@@ -3,8 +3,8 @@
 # needs a Panorel that has learned the desk with both displays.
 
 # Two scenes as the program stores them, made of what it has learned, and the trigger of the
-# meeting. "Work" is the whole desk with a picture, on Ctrl+Alt+1; "Meeting" is the notes and the
-# translation side by side and nothing else.
+# meeting. "Work" is the whole desk with a picture; "Meeting" is the notes and the translation side
+# by side and nothing else.
 write_scenes() {
     convert -size 480x270 gradient:'#24405c'-'#c98b5a' "$HOME/evening.png" || fail "the picture"
     jq --arg picture "$HOME/evening.png" '
@@ -16,8 +16,7 @@ write_scenes() {
               | .frame = frame | .zOrder = (if id == "l3afpad" then 0 else 1 end));
         {lastAppliedByConfig: {}, scenes: [
             scene("00000000-0000-0000-0000-0000000000A1"; "Work")
-                + {opensMissingApps: true, wallpaperPath: $picture,
-                   hotKey: {keyCode: 18, modifiers: 6144}},
+                + {opensMissingApps: true, wallpaperPath: $picture},
             (scene("00000000-0000-0000-0000-0000000000A2"; "Meeting") + {hidesOtherApps: true}
                 | .layout.windows |= put("l3afpad"; [[80, 120], [700, 800]])
                     + put("wmclass:Linguist"; [[800, 120], [1040, 800]]))]}' \
@@ -37,11 +36,35 @@ start_with_scenes() {
     "$panorel" || fail "the second start of the program" # asks the first one for its panel
     wait_for 10 panel_is_open || fail "the panel did not open"
     screenshot panel
-    xdotool key Escape
 }
 
 panel_is_open() {
     xdotool search --onlyvisible --class panorel >/dev/null 2>&1
+}
+
+settings_are_open() {
+    wmctrl -l | grep -q 'Panorel Settings$' &&
+        [ "$(xdotool getactivewindow getwindowname 2>/dev/null)" = "Panorel Settings" ]
+}
+
+work_has_its_key() {
+    jq -e '.scenes[] | select(.name == "Work") | .hotKey == {keyCode: 18, modifiers: 6144}' \
+        "$PANOREL_DATA_DIR/scenes.json" >/dev/null 2>&1
+}
+
+# By keyboard alone: from the panel to the settings, down to the shortcuts, past the rows of the
+# fixed actions (the last of which has no key to clear) to that of the first scene.
+set_the_scenes_key() {
+    step "Setting the key of the scene \"Work\" in the settings"
+    xdotool key ctrl+comma
+    wait_for 10 settings_are_open || fail "the settings did not open"
+    xdotool key Down Down
+    xdotool key Tab Tab Tab Tab Tab Tab Tab Tab
+    xdotool key Return
+    xdotool key ctrl+alt+1
+    wait_for 5 work_has_its_key || fail "the key was not recorded"
+    screenshot settings
+    xdotool key ctrl+w
 }
 
 scene_by_key() {
