@@ -14,12 +14,6 @@ namespace {
 constexpr std::chrono::seconds learnInterval(90);
 constexpr std::chrono::minutes longestEnd(10);
 
-/// A preference that is no usable number counts as the default.
-double usableSettleSeconds(double stored)
-{
-    return stored >= 0 && stored <= 60 ? stored : 1.5;
-}
-
 } // namespace
 
 AppController::AppController(PanelModel &panelModel, const AppServices &services)
@@ -62,7 +56,7 @@ AppController::AppController(PanelModel &panelModel, const AppServices &services
     DisplayWatcher &watcher = m_services.displayWatcher;
     watcher.setOnDeskSettled(
         [this](const QString &configID, const auto &displays) { deskSettled(configID, displays); });
-    watcher.setSettleSeconds(usableSettleSeconds(m_services.prefs.displaySettleSeconds()));
+    takeSettleSeconds();
     watcher.start();
 
     m_learnTimer = m_services.scheduler.repeat(learnInterval, [this] { learn(); });
@@ -86,6 +80,11 @@ AppController::~AppController()
     m_panelModel.onOpening = {};
 }
 
+void AppController::takeSettleSeconds()
+{
+    m_services.displayWatcher.setSettleSeconds(m_services.prefs.usableSettleSeconds());
+}
+
 void AppController::installPanelActions()
 {
     m_panelModel.onRestoreNow = [this] { restoreNow(); };
@@ -93,7 +92,9 @@ void AppController::installPanelActions()
     m_panelModel.onStash = [this] { toggleStash(); };
     m_panelModel.onApplyScene = [this](const QUuid &id) { applyScene(id); };
     m_panelModel.onSaveScene = [this] { saveCurrentAsScene(); };
-    m_panelModel.onGrantPermission = [this] { m_permission.promptAccessibility(); };
+    m_panelModel.setIsPermissionGrantedByUser(m_permission.isGrantedByUser());
+    if (m_permission.isGrantedByUser())
+        m_panelModel.onGrantPermission = [this] { m_permission.promptAccessibility(); };
     m_panelModel.onOpening = [this] { refreshPanel(); };
 }
 

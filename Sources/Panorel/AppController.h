@@ -70,6 +70,9 @@ public:
     /// Drops what was learned of the desk; its scenes stay.
     void forgetDesk(const QString &configID);
 
+    /// From the preferences: how long displays must be quiet counts from their next change.
+    void takeSettleSeconds();
+
     /// Registers the global keys anew, as the preferences and the scenes have them now.
     void reloadHotKeys() { m_keys.reload(); }
     /// Whether another program has the key of that keyID().

@@ -46,9 +46,7 @@ AppWindows::~AppWindows()
 SettingsEnvironment AppWindows::environment()
 {
     SettingsEnvironment environment;
-    environment.setSettleSeconds = [this](double seconds) {
-        m_services.displayWatcher.setSettleSeconds(seconds);
-    };
+    environment.takeSettleSeconds = [this] { m_controller.takeSettleSeconds(); };
     environment.suspendHotKeys = [this] { m_controller.suspendHotKeys(); };
     environment.resumeHotKeys = [this] { m_controller.reloadHotKeys(); };
     environment.keyCodeOf = [this](quint32 nativeScanCode, quint32 nativeVirtualKey) {
@@ -56,6 +54,7 @@ SettingsEnvironment AppWindows::environment()
     };
     environment.makePane = [this](SettingsSection section) { return makePane(section); };
     environment.hasDock = m_services.platform.activationPolicy().hasDock();
+    environment.libraries = m_services.platform.libraries();
     return environment;
 }
 

@@ -24,6 +24,8 @@ public:
     qint64 windowCount() const { return m_windowCount; }       ///< in the desk's saved layout
     const QString &lastAction() const { return m_lastAction; } ///< the last action's result
     bool hasPermission() const { return m_hasPermission; }
+    /// Where not, a window manager is what is missing.
+    bool isPermissionGrantedByUser() const { return m_isPermissionGrantedByUser; }
     const std::vector<DisplayInfo> &displays() const { return m_displays; }
     const std::vector<SceneRecord> &scenes() const { return m_scenes; } ///< of this desk
     bool isStashed() const { return m_isStashed; }
@@ -36,6 +38,7 @@ public:
     void setWindowCount(qint64 count) { set(m_windowCount, count); }
     void setLastAction(const QString &action) { set(m_lastAction, action); }
     void setHasPermission(bool granted) { set(m_hasPermission, granted); }
+    void setIsPermissionGrantedByUser(bool isByUser) { set(m_isPermissionGrantedByUser, isByUser); }
     void setDisplays(const std::vector<DisplayInfo> &displays) { set(m_displays, displays); }
     void setScenes(const std::vector<SceneRecord> &scenes) { set(m_scenes, scenes); }
     void setIsStashed(bool stashed) { set(m_isStashed, stashed); }
@@ -73,6 +76,7 @@ private:
     qint64 m_windowCount = 0;
     QString m_lastAction;
     bool m_hasPermission = false;
+    bool m_isPermissionGrantedByUser = true;
     std::vector<DisplayInfo> m_displays;
     std::vector<SceneRecord> m_scenes;
     bool m_isStashed = false;

@@ -47,7 +47,7 @@ Prefs::Prefs(UserDefaultsPort &defaults, ActivationPolicyPort &activationPolicy,
       m_placeNewApps(readBoolean(defaults, Key::placeNewApps, true)),
       m_hideOthersOnSwitch(readBoolean(defaults, Key::hideOthersOnSwitch, false)),
       m_displaySettleSeconds(
-          defaults.number(QLatin1String(Key::displaySettleSeconds)).value_or(1.5)),
+          defaults.number(QLatin1String(Key::displaySettleSeconds)).value_or(usualSettleSeconds)),
       m_tipDismissed(readBoolean(defaults, Key::tipDismissed, false))
 {
     readHotKeys();
@@ -156,6 +156,12 @@ void Prefs::setHideOthersOnSwitch(bool value)
 {
     assign(m_hideOthersOnSwitch, Key::hideOthersOnSwitch, value);
     Q_EMIT changed();
+}
+
+double Prefs::usableSettleSeconds() const
+{
+    const double stored = m_displaySettleSeconds;
+    return stored >= 0 && stored <= longestSettleSeconds ? stored : usualSettleSeconds;
 }
 
 void Prefs::setDisplaySettleSeconds(double value)

@@ -17,6 +17,9 @@ class Prefs : public QObject {
     Q_OBJECT
 
 public:
+    static constexpr double usualSettleSeconds = 1.5;
+    static constexpr double longestSettleSeconds = 60;
+
     /// The ports must outlive it. Of the defaults only the hot keys are written: the database
     /// then shows what is in force.
     Prefs(UserDefaultsPort &defaults, ActivationPolicyPort &activationPolicy,
@@ -38,9 +41,11 @@ public:
     bool placeNewApps() const { return m_placeNewApps; }
     /// Hide other applications when a scene is applied. Default: off.
     bool hideOthersOnSwitch() const { return m_hideOthersOnSwitch; }
-    /// How long the displays must be quiet before a window moves, as stored: check its range
-    /// before use. Default: 1.5.
+    /// How long the displays must be quiet before a window moves, as stored, which may be anything.
+    /// Default: 1.5.
     double displaySettleSeconds() const { return m_displaySettleSeconds; }
+    /// The same as it is to be used: what is no number from 0 to 60 counts as the default.
+    double usableSettleSeconds() const;
     /// The panel's hot-key tip was closed. Default: off.
     bool tipDismissed() const { return m_tipDismissed; }
 

@@ -17,7 +17,7 @@ void StatusMenu::rebuild()
     m_menu.addSeparator();
     if (m_model.hasPermission())
         add(tr("Restore Now"), m_model.onRestoreNow);
-    else
+    else if (m_model.isPermissionGrantedByUser())
         add(tr("Grant permission…"), m_model.onGrantPermission);
     if (m_model.canUndo())
         add(tr("Undo"), m_model.onUndo);

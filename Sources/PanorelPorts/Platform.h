@@ -6,6 +6,7 @@
 #include "PanorelPorts/CalendarPort.h"
 #include "PanorelPorts/DesktopPicturePort.h"
 #include "PanorelPorts/HotKeyPort.h"
+#include "PanorelPorts/LinkedLibrary.h"
 #include "PanorelPorts/ScreensPort.h"
 #include "PanorelPorts/ShellPort.h"
 #include "PanorelPorts/SystemPreferencesPort.h"
@@ -16,6 +17,7 @@
 
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace Panorel {
 
@@ -44,6 +46,9 @@ public:
     virtual SystemPreferencesPort *systemPreferences() = 0;
     /// Null where updates come from elsewhere, for example with the system's packages.
     virtual UpdaterPort *updater() = 0;
+
+    /// What the port is made with, beside Qt and the system's own; empty where there is nothing.
+    virtual std::vector<LinkedLibrary> libraries() const = 0;
 
     /// `lost` is called on the main thread, once, when the window system has gone away and
     /// nothing can be read or moved any more; `reason` is fit for the user. From then on the

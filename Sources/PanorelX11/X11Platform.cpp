@@ -21,6 +21,13 @@ X11Platform::~X11Platform()
     ToolkitMessages::setConnectionBroke({});
 }
 
+std::vector<LinkedLibrary> X11Platform::libraries() const
+{
+    return {{QStringLiteral("XCB"), Licence::MIT},
+            {QStringLiteral("GLib"), Licence::LGPL2OrLater},
+            {QStringLiteral("libical"), Licence::LGPL2OrMPL2}};
+}
+
 } // namespace X11
 
 void preparePlatform()

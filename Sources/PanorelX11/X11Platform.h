@@ -41,6 +41,7 @@ public:
     SystemPreferencesPort *systemPreferences() override { return nullptr; }
     UpdaterPort *updater() override { return nullptr; }
 
+    std::vector<LinkedLibrary> libraries() const override;
     void setLostCallback(std::function<void(const QString &reason)> lost) override
     {
         m_events.setLostCallback(std::move(lost));

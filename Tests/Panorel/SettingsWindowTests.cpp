@@ -53,14 +53,14 @@ struct Settings {
     void start(bool hasUpdater = true)
     {
         SettingsEnvironment environment;
-        environment.setSettleSeconds = [this](double s) { program.watcher->setSettleSeconds(s); };
+        environment.takeSettleSeconds = [this] { program.controller->takeSettleSeconds(); };
         environment.suspendHotKeys = [this] { program.controller->suspendHotKeys(); };
         environment.resumeHotKeys = [this] { program.controller->reloadHotKeys(); };
         environment.keyCodeOf = [this](quint32 scanCode, quint32 virtualKey) {
             return program.platform.keys.keyCodeOf(scanCode, virtualKey);
         };
         environment.hasDock = true;
-        environment.libraries = {{u("XCB"), u("MIT License")}, {u("GLib"), u("LGPL version 2.1")}};
+        environment.libraries = {{u("XCB"), Licence::MIT}, {u("GLib"), Licence::LGPL2OrLater}};
         controller = std::make_unique<SettingsWindowController>(
             model, *program.prefs, hasUpdater ? &updater : nullptr, program.platform.defaults,
             environment);

@@ -167,6 +167,7 @@ public:
     AlarmPort &alarm() override { return *alarms; }
     UpdaterPort *updater() override { return this; }
     SystemPreferencesPort *systemPreferences() override { return this; }
+    std::vector<LinkedLibrary> libraries() const override { return {}; }
     void setLostCallback(std::function<void(const QString &)>) override {}
 
 private:

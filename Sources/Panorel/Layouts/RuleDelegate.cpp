@@ -24,8 +24,7 @@ void drawApplication(QPainter &painter, const Theme &theme, const QRect &cell,
         drawSymbol(painter, Symbol::Window, iconArea, theme.secondaryText);
     else
         icon.paint(&painter, iconArea);
-    const QRect nameArea =
-        cell.adjusted(size + Metrics::medium + Metrics::small, 0, -Metrics::small, 0);
+    const QRect nameArea = RuleDelegate::nameArea(cell);
     painter.setFont(fontOf(TextStyle::Body));
     painter.setPen(theme.text);
     painter.drawText(nameArea, Qt::AlignVCenter | Qt::TextSingleLine,
@@ -53,6 +52,12 @@ void drawCheckBox(QPainter &painter, const Theme &theme, const QRect &cell, bool
 }
 
 } // namespace
+
+QRect RuleDelegate::nameArea(const QRect &cell)
+{
+    constexpr int indent = Metrics::medium + Metrics::symbolSize + Metrics::small;
+    return cell.adjusted(indent, 0, -Metrics::small, 0);
+}
 
 QSize RuleDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const
 {

@@ -86,11 +86,7 @@ QVariant RulesModel::data(const QModelIndex &index, int role) const
 
 QVariant RulesModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal)
-        return {};
-    if (role == Qt::TextAlignmentRole)
-        return int(section == Application ? Qt::AlignLeft | Qt::AlignVCenter : Qt::AlignCenter);
-    if (role != Qt::DisplayRole)
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
         return {};
     switch (section) {
     case Application:

@@ -1,13 +1,15 @@
 #include "Panorel/Layouts/RulesTab.h"
 
 #include "Panorel/Layouts/RuleDelegate.h"
+#include "Panorel/Layouts/RuleHeader.h"
 #include "Panorel/Layouts/RulesModel.h"
+#include "Panorel/UI/Card.h"
+#include "Panorel/UI/Centred.h"
 #include "Panorel/UI/EmptyState.h"
 #include "Panorel/UI/Metrics.h"
 #include "Panorel/UI/TextLabel.h"
 
 #include <QEvent>
-#include <QHeaderView>
 #include <QLineEdit>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -18,7 +20,7 @@ RulesTab::RulesTab(SettingsModel &model, QWidget *parent)
     : QWidget(parent), m_settings(model), m_rules(new RulesModel(model, this)),
       m_search(new QLineEdit),
       m_explanation(new TextLabel(TextStyle::Secondary, TextLabel::Fit::Wrap)),
-      m_noMatch(new TextLabel(TextStyle::Body)), m_table(makeTable()),
+      m_noMatch(new TextLabel(TextStyle::Body)), m_list(new Card), m_table(makeTable()),
       m_empty(new EmptyState(Symbol::Rules,
                              tr("Every application of which Panorel remembers a window appears "
                                 "here, with what you decide for it.")))
@@ -36,6 +38,9 @@ RulesTab::RulesTab(SettingsModel &model, QWidget *parent)
     m_noMatch->setObjectName(QStringLiteral("noMatch"));
     m_noMatch->setAlignment(Qt::AlignCenter);
 
+    m_list->body()->setContentsMargins(1, Metrics::tight, 1, Metrics::tight); // within its line
+    m_list->body()->addWidget(m_table);
+
     auto *column = new QWidget;
     column->setMaximumWidth(Metrics::contentWidth);
     auto *lines = new QVBoxLayout(column);
@@ -45,11 +50,11 @@ RulesTab::RulesTab(SettingsModel &model, QWidget *parent)
     lines->addWidget(m_explanation);
     lines->addWidget(m_search);
     lines->addWidget(m_noMatch);
-    lines->addWidget(m_table, 1);
+    lines->addWidget(m_list, 1);
     lines->addWidget(m_empty, 1);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(Metrics::wide, Metrics::wide, Metrics::wide, Metrics::wide);
-    layout->addWidget(column);
+    layout->addLayout(centred(column));
 
     connect(m_search, &QLineEdit::textChanged, m_rules, &RulesModel::setFilter);
     connect(m_search, &QLineEdit::textChanged, this, &RulesTab::refresh);
@@ -69,13 +74,14 @@ QTableView *RulesTab::makeTable()
     table->setTabKeyNavigation(false); // Tab leaves the table, the arrow keys move in it
     table->setMouseTracking(true);
     table->setShowGrid(false);
+    table->setFrameShape(QFrame::NoFrame); // the card has one
+    table->viewport()->setAutoFillBackground(false);
     table->setWordWrap(false);
     table->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     table->verticalHeader()->hide();
-    QHeaderView *header = table->horizontalHeader();
-    header->setHighlightSections(false);
-    header->setSectionsClickable(false);
+    auto *header = new RuleHeader;
+    table->setHorizontalHeader(header);
     header->setSectionResizeMode(QHeaderView::ResizeToContents);
     header->setResizeContentsPrecision(0); // by what shows, not by a thousand rows
     header->setSectionResizeMode(RulesModel::Application, QHeaderView::Stretch);
@@ -90,7 +96,7 @@ void RulesTab::refresh()
         widget->setVisible(!isEmpty);
     m_empty->setVisible(isEmpty);
     m_noMatch->setVisible(!isEmpty && !hasRows);
-    m_table->setVisible(!isEmpty);
+    m_list->setVisible(!isEmpty);
 }
 
 /// One height for all: asking every row for its own takes a while.

@@ -7,6 +7,7 @@ class QTableView;
 
 namespace Panorel {
 
+class Card;
 class EmptyState;
 class RulesModel;
 class SettingsModel;
@@ -33,6 +34,7 @@ private:
     QLineEdit *m_search;
     TextLabel *m_explanation;
     TextLabel *m_noMatch;
+    Card *m_list; ///< the table's
     QTableView *m_table;
     EmptyState *m_empty;
 };

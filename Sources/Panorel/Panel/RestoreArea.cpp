@@ -15,7 +15,8 @@
 namespace Panorel {
 
 RestoreArea::RestoreArea(const PanelModel &model, QWidget *parent)
-    : QWidget(parent), m_model(model), m_grant(new PrimaryButton(tr("Grant permission…"))),
+    : QWidget(parent), m_model(model), m_missing(new StatusLine(TextLabel::Fit::Wrap)),
+      m_grant(new PrimaryButton(tr("Grant permission…"))),
       m_restore(new PrimaryButton(tr("Restore Now"))),
       m_lastAction(new TextLabel(TextStyle::Secondary)), m_undo(new TextButton(tr("Undo")))
 {
@@ -35,15 +36,12 @@ RestoreArea::RestoreArea(const PanelModel &model, QWidget *parent)
 
 QWidget *RestoreArea::makePermission()
 {
-    auto *text = new StatusLine(TextLabel::Fit::Wrap);
-    text->setObjectName(QStringLiteral("permission"));
-    text->setStatus(Status::Attention,
-                    tr("Panorel needs Accessibility permission to move windows."));
+    m_missing->setObjectName(QStringLiteral("permission"));
     auto *permission = new QWidget;
     auto *layout = new QVBoxLayout(permission);
     layout->setContentsMargins({});
     layout->setSpacing(Metrics::medium);
-    layout->addWidget(text);
+    layout->addWidget(m_missing);
     layout->addWidget(m_grant);
     return permission;
 }
@@ -71,8 +69,12 @@ void RestoreArea::setKeys(const QString &restoreKey, const QString &undoKey)
 void RestoreArea::refresh()
 {
     const bool granted = m_model.hasPermission();
+    const bool isByUser = m_model.isPermissionGrantedByUser();
     m_permission->setVisible(!granted);
-    m_grant->setVisible(bool(m_model.onGrantPermission));
+    m_missing->setStatus(Status::Attention,
+                         isByUser ? tr("Panorel needs Accessibility permission to move windows.")
+                                  : tr("No window can be moved, as no window manager is running."));
+    m_grant->setVisible(isByUser && m_model.onGrantPermission);
     m_restore->setVisible(granted && m_model.onRestoreNow);
     showLastAction();
 }

@@ -6,6 +6,7 @@ namespace Panorel {
 
 class PanelModel;
 class PrimaryButton;
+class StatusLine;
 class TextButton;
 class TextLabel;
 
@@ -28,6 +29,7 @@ private:
 
     const PanelModel &m_model;
     QWidget *m_permission;
+    StatusLine *m_missing;
     PrimaryButton *m_grant;
     PrimaryButton *m_restore;
     QWidget *m_result;

@@ -9,11 +9,15 @@
 
 namespace Panorel {
 
+namespace {
+
+constexpr int contentWidth = 400;
+
+} // namespace
+
 UnsavedChangesDialog::UnsavedChangesDialog(const QString &sceneName, QWidget *parent)
-    : QDialog(parent)
+    : Sheet(contentWidth, parent)
 {
-    constexpr int contentWidth = 400;
-    setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(QStringLiteral("Panorel"));
     const QString loss = tr("If you discard them, the scene stays as it was.");
     setAccessibleDescription(loss);
@@ -45,8 +49,6 @@ UnsavedChangesDialog::UnsavedChangesDialog(const QString &sceneName, QWidget *pa
     layout->addWidget(explanation);
     layout->addSpacing(Metrics::small);
     layout->addLayout(buttons);
-    setFixedWidth(std::max(contentWidth, layout->minimumSize().width()));
-    setFixedHeight(layout->totalHeightForWidth(width()));
 
     connect(discard, &PlainButton::clicked, this, &UnsavedChangesDialog::discardChosen);
     connect(save, &PrimaryButton::clicked, this, &UnsavedChangesDialog::saveChosen);

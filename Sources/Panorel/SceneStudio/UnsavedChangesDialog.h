@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QDialog>
+#include "Panorel/UI/Sheet.h"
 
 namespace Panorel {
 
 /// Asked before a window with changes closes. Escape and Cancel choose nothing. Deletes itself.
-class UnsavedChangesDialog : public QDialog {
+class UnsavedChangesDialog : public Sheet {
     Q_OBJECT
 
 public:

@@ -30,6 +30,21 @@ protected:
     }
 };
 
+QString nameOf(Licence licence)
+{
+    switch (licence) {
+    case Licence::MIT:
+        return AboutPane::tr("MIT License");
+    case Licence::LGPL2OrLater:
+        return AboutPane::tr("LGPL version 2.1 or later");
+    case Licence::LGPL3:
+        return AboutPane::tr("LGPL version 3");
+    case Licence::LGPL2OrMPL2:
+        return AboutPane::tr("LGPL version 2.1 or MPL version 2.0");
+    }
+    return {};
+}
+
 TextLabel *text(TextStyle style, const QString &content)
 {
     auto *label = new TextLabel(style, TextLabel::Fit::Wrap);
@@ -99,13 +114,13 @@ void AboutPane::addUpdates()
 
 void AboutPane::addLicences(const std::vector<LinkedLibrary> &libraries)
 {
-    std::vector<LinkedLibrary> all{{QStringLiteral("Panorel"), tr("MIT License")},
-                                   {QStringLiteral("Qt"), tr("LGPL version 3")}};
+    std::vector<LinkedLibrary> all{{QStringLiteral("Panorel"), Licence::MIT},
+                                   {QStringLiteral("Qt"), Licence::LGPL3}};
     all.insert(all.end(), libraries.begin(), libraries.end());
     RowCard &card = *addCard(tr("Licences"));
     for (const LinkedLibrary &library : all) {
         auto *licence = new TextLabel(TextStyle::Secondary);
-        licence->setText(library.licence);
+        licence->setText(nameOf(library.licence));
         card.addRow(new SettingRow(library.name, {}, licence));
     }
 }

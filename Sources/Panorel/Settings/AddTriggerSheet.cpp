@@ -24,19 +24,18 @@ namespace {
 
 enum Kind { Time, Meeting };
 
+constexpr int sheetWidth = 480;
+
 } // namespace
 
 AddTriggerSheet::AddTriggerSheet(SettingsModel &model, const QString &calendarHelp, QWidget *parent)
-    : QDialog(parent), m_model(model),
+    : Sheet(sheetWidth, parent), m_model(model),
       m_kind(new SegmentedControl({tr("At a time"), tr("Before a meeting")}, tr("Kind"))),
       m_pages(new QStackedWidget), m_time(new QTimeEdit(QTime(9, 0))),
       m_days(new DayPicker(locale())), m_lead(new QSpinBox),
       m_notice(new CalendarNotice(model, calendarHelp)), m_scene(new ScenePicker)
 {
-    constexpr int width = 480;
-    setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Add trigger"));
-    m_kind->setMinimumWidth(width - 2 * Metrics::wide);
     for (QWidget *control : std::initializer_list<QWidget *>{m_time, m_lead, m_scene})
         control->setMinimumHeight(Metrics::hitArea);
     m_pages->addWidget(makeTimePage());
@@ -45,7 +44,6 @@ AddTriggerSheet::AddTriggerSheet(SettingsModel &model, const QString &calendarHe
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(Metrics::wide, Metrics::wide, Metrics::wide, Metrics::large);
     layout->setSpacing(Metrics::medium);
-    layout->setSizeConstraint(QLayout::SetMinimumSize);
     layout->addWidget(m_kind);
     layout->addWidget(m_pages);
     layout->addWidget(m_notice);

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "Panorel/UI/Sheet.h"
 #include "PanorelCore/Triggers/TriggerRecord.h"
-
-#include <QDialog>
 
 class QSpinBox;
 class QStackedWidget;
@@ -18,7 +17,7 @@ class SegmentedControl;
 class SettingsModel;
 
 /// Asks for a new trigger: when, and which scene. Accepted, it is in force.
-class AddTriggerSheet : public QDialog {
+class AddTriggerSheet : public Sheet {
     Q_OBJECT
 
 public:

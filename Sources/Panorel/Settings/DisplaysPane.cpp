@@ -19,9 +19,6 @@ namespace Panorel {
 
 namespace {
 
-constexpr double longestDelay = 60;
-constexpr double usualDelay = 1.5;
-
 /// The wheel scrolls the page that it stands on, unless the user is in the box.
 class DelayBox : public QDoubleSpinBox {
 protected:
@@ -43,10 +40,10 @@ QString sizeText(const DisplayInfo &display)
 
 } // namespace
 
-DisplaysPane::DisplaysPane(SettingsModel &model, Prefs &prefs, SetSeconds setSettleSeconds,
-                           QWidget *parent)
+DisplaysPane::DisplaysPane(SettingsModel &model, Prefs &prefs,
+                           std::function<void()> takeSettleSeconds, QWidget *parent)
     : Page(tr("Displays"), parent), m_model(model), m_prefs(prefs),
-      m_setSettleSeconds(std::move(setSettleSeconds))
+      m_takeSettleSeconds(std::move(takeSettleSeconds))
 {
     addDesk();
     addDelay();
@@ -75,7 +72,7 @@ void DisplaysPane::addDesk()
 void DisplaysPane::addDelay()
 {
     m_delay = new DelayBox;
-    m_delay->setRange(0, longestDelay);
+    m_delay->setRange(0, Prefs::longestSettleSeconds);
     m_delay->setSingleStep(0.5);
     m_delay->setDecimals(1);
     m_delay->setSuffix(tr(" s"));
@@ -84,8 +81,8 @@ void DisplaysPane::addDelay()
     m_delay->setKeyboardTracking(false); // a number half typed is no wish
     connect(m_delay, &QDoubleSpinBox::valueChanged, this, [this](double seconds) {
         m_prefs.setDisplaySettleSeconds(seconds);
-        if (m_setSettleSeconds)
-            m_setSettleSeconds(seconds);
+        if (m_takeSettleSeconds)
+            m_takeSettleSeconds();
     });
     addCard(tr("After a change"))
         ->addRow(new SettingRow(tr("Wait before moving windows"),
@@ -115,9 +112,8 @@ void DisplaysPane::refreshDesk()
 
 void DisplaysPane::refreshDelay()
 {
-    const double stored = m_prefs.displaySettleSeconds();
     const QSignalBlocker quiet(m_delay);
-    m_delay->setValue(stored >= 0 && stored <= longestDelay ? stored : usualDelay);
+    m_delay->setValue(m_prefs.usableSettleSeconds());
 }
 
 } // namespace Panorel

@@ -20,11 +20,9 @@ class DisplaysPane : public Page {
     Q_OBJECT
 
 public:
-    using SetSeconds = std::function<void(double seconds)>;
-
-    /// Model and preferences must outlive it. A new delay goes to `setSettleSeconds` too, where
-    /// there is one.
-    DisplaysPane(SettingsModel &model, Prefs &prefs, SetSeconds setSettleSeconds,
+    /// Model and preferences must outlive it. `takeSettleSeconds`, where there is one, is called
+    /// when the preference has another delay.
+    DisplaysPane(SettingsModel &model, Prefs &prefs, std::function<void()> takeSettleSeconds,
                  QWidget *parent = nullptr);
 
 private:
@@ -35,7 +33,7 @@ private:
 
     SettingsModel &m_model;
     Prefs &m_prefs;
-    SetSeconds m_setSettleSeconds;
+    std::function<void()> m_takeSettleSeconds;
     Card *m_desk = nullptr;
     TextLabel *m_deskName = nullptr;
     DisplaySchematic *m_schematic = nullptr;

@@ -122,11 +122,17 @@ void GeneralPane::refresh()
         entry.toggle->setChecked((m_prefs.*entry.value)());
 
     const bool isGranted = m_model.hasPermission();
-    m_permission->setStatus(isGranted ? Status::Good : Status::Attention,
-                            isGranted
-                                ? tr("Panorel has the permission to move windows.")
-                                : tr("Panorel needs Accessibility permission to move windows."));
-    m_grant->setVisible(!isGranted);
+    const bool isByUser = m_model.isPermissionGrantedByUser();
+    if (isGranted)
+        m_permission->setStatus(Status::Good,
+                                isByUser ? tr("Panorel has the permission to move windows.")
+                                         : tr("Panorel can see and move your windows."));
+    else
+        m_permission->setStatus(
+            Status::Attention,
+            isByUser ? tr("Panorel needs Accessibility permission to move windows.")
+                     : tr("No window can be moved, as no window manager is running."));
+    m_grant->setVisible(!isGranted && isByUser);
     refreshSpaces();
 }
 

@@ -28,8 +28,6 @@ PictureField::PictureField(QWidget *parent)
     : QWidget(parent), m_preview(new PicturePreview), m_name(new TextLabel(TextStyle::Secondary)),
       m_choose(new TextButton(tr("Choose…"))), m_remove(new TextButton(tr("Remove")))
 {
-    constexpr int longestName = 200; // it is elided
-    m_name->setMaximumWidth(longestName);
     m_name->setObjectName(QStringLiteral("pictureName"));
     auto *buttons = new QHBoxLayout;
     buttons->setSpacing(0);
@@ -61,6 +59,8 @@ void PictureField::setPath(const std::optional<QString> &path)
     m_path = path;
     const bool isReadable = m_preview->load(path.value_or(QString()));
     m_remove->setVisible(path.has_value());
+    constexpr int longestName = 200; // a file's is elided, our own words are not
+    m_name->setMaximumWidth(path ? longestName : QWIDGETSIZE_MAX);
     if (!path)
         m_name->setText(tr("Leave it as it is"));
     else if (isReadable)

@@ -43,6 +43,11 @@ SceneOptions::SceneOptions(SettingsModel &model, const QUuid &id,
     connect(m_key, &ShortcutRow::keyChosen, this, [this](const std::optional<HotKeyCombo> &combo) {
         change([&combo](SceneRecord &scene) { scene.hotKey = combo; });
     });
+    // Whether others have the key depends on theirs.
+    connect(&m_model, &SettingsModel::changed, this, [this] {
+        if (const SceneRecord *scene = m_model.scene(m_id))
+            showKey(*scene);
+    });
 }
 
 void SceneOptions::addRow(QWidget *row)
@@ -57,6 +62,11 @@ void SceneOptions::setScene(const SceneRecord &scene)
     m_opens->setChecked(scene.opensMissingApps);
     m_hides->setChecked(scene.hidesOtherApps);
     m_picture->setPath(scene.wallpaperPath);
+    showKey(scene);
+}
+
+void SceneOptions::showKey(const SceneRecord &scene)
+{
     m_key->showKey(tr("Key"), tr("Applies the scene from anywhere."), scene.hotKey,
                    scene.hotKey ? m_model.collisions(*scene.hotKey, keyID(scene)) : QStringList());
 }

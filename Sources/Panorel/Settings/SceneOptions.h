@@ -26,6 +26,7 @@ public:
 
 private:
     void addRow(QWidget *row);
+    void showKey(const SceneRecord &scene);
     void change(const std::function<void(SceneRecord &)> &edit);
 
     SettingsModel &m_model;

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "Panorel/Settings/SettingsModel.h"
-
-#include <QString>
+#include "PanorelPorts/LinkedLibrary.h"
 
 #include <functional>
 #include <optional>
@@ -12,17 +11,11 @@ class QWidget;
 
 namespace Panorel {
 
-/// A library that the program is made with, and the terms that it comes under.
-struct LinkedLibrary {
-    QString name;
-    QString licence;
-};
-
 /// What the settings window needs of the program and the platform beside its model. A function
 /// that is absent does nothing.
 struct SettingsEnvironment {
-    /// How long the displays must be quiet, to be in force at once.
-    std::function<void(double seconds)> setSettleSeconds;
+    /// The preference of how long the displays must be quiet is another, to be in force at once.
+    std::function<void()> takeSettleSeconds;
     /// While the user types a combination, none may fire.
     std::function<void()> suspendHotKeys;
     std::function<void()> resumeHotKeys;

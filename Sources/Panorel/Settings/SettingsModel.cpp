@@ -222,6 +222,11 @@ bool SettingsModel::hasPermission() const
     return m_controller.permission().hasAccessibility();
 }
 
+bool SettingsModel::isPermissionGrantedByUser() const
+{
+    return m_controller.permission().isGrantedByUser();
+}
+
 void SettingsModel::grantPermission()
 {
     m_controller.permission().promptAccessibility();

@@ -98,6 +98,8 @@ public:
 
     // The system.
     bool hasPermission() const;
+    /// Where not, a window manager is what is missing.
+    bool isPermissionGrantedByUser() const;
     void grantPermission();
     /// Whether displays have separate Spaces; absent where there is no such thing.
     std::optional<bool> separateSpaces() const;

@@ -62,7 +62,7 @@ QWidget *SettingsWindow::makePane(SettingsSection section)
     case SettingsSection::General:
         return new GeneralPane(m_model, m_prefs, m_environment.hasDock);
     case SettingsSection::Displays:
-        return new DisplaysPane(m_model, m_prefs, m_environment.setSettleSeconds);
+        return new DisplaysPane(m_model, m_prefs, m_environment.takeSettleSeconds);
     case SettingsSection::Shortcuts:
         return new ShortcutsPane(m_model, m_environment);
     case SettingsSection::About:

@@ -78,6 +78,14 @@
         <source>%1 scene switches · %2 stashes · %3 desks</source>
         <translation>%1 Szenenwechsel · %2-mal weggeräumt · %3 Arbeitsplätze</translation>
     </message>
+    <message>
+        <source>LGPL version 2.1 or later</source>
+        <translation>LGPL Version 2.1 oder neuer</translation>
+    </message>
+    <message>
+        <source>LGPL version 2.1 or MPL version 2.0</source>
+        <translation>LGPL Version 2.1 oder MPL Version 2.0</translation>
+    </message>
 </context>
 <context>
     <name>Panorel::AddTriggerSheet</name>
@@ -360,6 +368,14 @@
     <message>
         <source>Turn on “Displays have separate Spaces”. Takes effect after you log out and back in.</source>
         <translation>Schalten Sie „Monitore verwenden verschiedene Spaces“ ein. Das gilt nach dem nächsten Anmelden.</translation>
+    </message>
+    <message>
+        <source>Panorel can see and move your windows.</source>
+        <translation>Panorel sieht Ihre Fenster und kann sie bewegen.</translation>
+    </message>
+    <message>
+        <source>No window can be moved, as no window manager is running.</source>
+        <translation>Kein Fenster lässt sich bewegen, da kein Fenstermanager läuft.</translation>
     </message>
 </context>
 <context>
@@ -645,6 +661,10 @@
     <message>
         <source>Panorel needs Accessibility permission to move windows.</source>
         <translation>Panorel braucht die Berechtigung „Bedienungshilfen“, um Fenster zu bewegen.</translation>
+    </message>
+    <message>
+        <source>No window can be moved, as no window manager is running.</source>
+        <translation>Kein Fenster lässt sich bewegen, da kein Fenstermanager läuft.</translation>
     </message>
 </context>
 <context>

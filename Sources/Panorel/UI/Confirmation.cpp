@@ -3,9 +3,9 @@
 #include "Panorel/UI/Metrics.h"
 #include "Panorel/UI/PlainButton.h"
 #include "Panorel/UI/PrimaryButton.h"
+#include "Panorel/UI/Sheet.h"
 #include "Panorel/UI/TextLabel.h"
 
-#include <QDialog>
 #include <QVBoxLayout>
 
 namespace Panorel {
@@ -13,8 +13,7 @@ namespace Panorel {
 void confirm(QWidget *parent, const Confirmation &confirmation, std::function<void()> confirmed)
 {
     constexpr int width = 400;
-    auto *dialog = new QDialog(parent);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    auto *dialog = new Sheet(width, parent);
     dialog->setObjectName(QStringLiteral("confirmation"));
     dialog->setWindowTitle(QStringLiteral("Panorel"));
     dialog->setAccessibleDescription(confirmation.loss);
@@ -40,8 +39,6 @@ void confirm(QWidget *parent, const Confirmation &confirmation, std::function<vo
     layout->addWidget(loss);
     layout->addSpacing(Metrics::small);
     layout->addLayout(buttons);
-    dialog->setFixedWidth(width);
-    dialog->setFixedHeight(layout->totalHeightForWidth(width));
 
     QObject::connect(cancel, &PlainButton::clicked, dialog, &QDialog::reject);
     QObject::connect(agree, &PrimaryButton::clicked, dialog, &QDialog::accept);

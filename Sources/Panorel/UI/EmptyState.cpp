@@ -1,5 +1,6 @@
 #include "Panorel/UI/EmptyState.h"
 
+#include "Panorel/UI/Centred.h"
 #include "Panorel/UI/Metrics.h"
 #include "Panorel/UI/PrimaryButton.h"
 #include "Panorel/UI/SymbolView.h"
@@ -21,17 +22,13 @@ EmptyState::EmptyState(Symbol symbol, const QString &sentence, const QString &ac
     text->setText(sentence);
     text->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     text->setMaximumWidth(lineWidth);
-    auto *line = new QHBoxLayout; // in the middle, and as wide as it may be
-    line->addStretch(1);
-    line->addWidget(text, 1000);
-    line->addStretch(1);
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(Metrics::wide, Metrics::wide, Metrics::wide, Metrics::wide);
     layout->setSpacing(Metrics::medium);
     layout->addStretch();
     layout->addWidget(picture, 0, Qt::AlignHCenter);
-    layout->addLayout(line);
+    layout->addLayout(centred(text));
     if (!action.isEmpty()) {
         auto *button = new PrimaryButton(action);
         button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

@@ -1,5 +1,6 @@
 #include "Panorel/UI/Page.h"
 
+#include "Panorel/UI/Centred.h"
 #include "Panorel/UI/Metrics.h"
 #include "Panorel/UI/RowCard.h"
 #include "Panorel/UI/SectionHeading.h"
@@ -23,7 +24,7 @@ Page::Page(const QString &title, QWidget *parent)
     m_header->setSpacing(Metrics::small);
     m_header->addWidget(name, 1);
     m_contents->setSpacing(Metrics::small);
-    m_contents->addStretch(); // stays the last
+    m_contents->addStretch(1); // stays the last, and takes what the contents do not need
 
     auto *column = new QWidget;
     column->setMaximumWidth(Metrics::contentWidth);
@@ -34,11 +35,9 @@ Page::Page(const QString &title, QWidget *parent)
     lines->addLayout(m_contents, 1);
 
     auto *content = new QWidget;
-    auto *layout = new QHBoxLayout(content);
+    auto *layout = new QVBoxLayout(content);
     layout->setContentsMargins(Metrics::wide, Metrics::wide, Metrics::wide, Metrics::wide);
-    layout->addStretch(1); // in the middle, and as wide as it may be
-    layout->addWidget(column, 1000);
-    layout->addStretch(1);
+    layout->addLayout(centred(column));
     setWidget(content);
     // What is behind the page shows, in the window's colour.
     viewport()->setAutoFillBackground(false);
@@ -71,7 +70,8 @@ void Page::addWidget(QWidget *widget)
 void Page::addFilling(QWidget *widget)
 {
     widget->setSizePolicy(widget->sizePolicy().horizontalPolicy(), QSizePolicy::Expanding);
-    m_contents->insertWidget(m_contents->count() - 1, widget, 1);
+    constexpr int nearlyAll = 1000; // of what would be left below it
+    m_contents->insertWidget(m_contents->count() - 1, widget, nearlyAll);
 }
 
 } // namespace Panorel

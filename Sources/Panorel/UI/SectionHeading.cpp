@@ -18,8 +18,10 @@ SectionHeading::SectionHeading(const QString &heading, const QString &note, QWid
     auto *remark = new TextLabel(TextStyle::Secondary);
     remark->setText(note);
     remark->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    layout->addWidget(title);
-    layout->addWidget(remark, 1);
+    // A long name is elided and leaves the note its room.
+    remark->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
+    layout->addWidget(title, 1);
+    layout->addWidget(remark);
 }
 
 } // namespace Panorel
