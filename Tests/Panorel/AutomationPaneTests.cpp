@@ -150,6 +150,50 @@ private Q_SLOTS:
         QCOMPARE(picker.scene(), std::nullopt);
     }
 
+    void everythingIsDoneByKeyboard()
+    {
+        Pane test;
+        test.program.addScene("Writing");
+        const QUuid mail = test.program.addScene("Mail").id;
+        test.open();
+        QVERIFY(test.view.tabTo(test.view.find("Add trigger…")));
+        test.view.press(Qt::Key_Return);
+        const ViewProbe sheet = Pane::sheet();
+        QVERIFY(sheet.tabTo(sheet.shown<QTimeEdit>().at(0)));
+        sheet.press(Qt::Key_Up); // the hour
+        QVERIFY(sheet.tabTo(sheet.find("Di")));
+        sheet.press(Qt::Key_Space);
+        QVERIFY(sheet.tabTo(sheet.shown<ScenePicker>().at(0)));
+        sheet.press(Qt::Key_Down);
+        QVERIFY(sheet.tabTo(sheet.find("Add trigger")));
+        sheet.press(Qt::Key_Return);
+        QCOMPARE(test.triggers().at(0).kind, (TriggerKind{TimeTrigger{10, 0, {3}}}));
+        QCOMPARE(test.triggers().at(0).sceneID, mail);
+
+        ViewProbe::settle();
+        QVERIFY(test.view.tabTo(test.view.find("Add trigger…")));
+        test.view.press(Qt::Key_Space);
+        const ViewProbe second = Pane::sheet();
+        QVERIFY(second.tabTo(second.find("At a time")));
+        second.press(Qt::Key_Right);
+        QVERIFY(second.tabTo(second.shown<QSpinBox>().at(0)));
+        second.press(Qt::Key_Up);
+        QVERIFY(second.tabTo(second.find("Add trigger")));
+        second.press(Qt::Key_Space);
+        QCOMPARE(test.triggers().at(1).kind, TriggerKind{CalendarVideoTrigger{6}});
+
+        ViewProbe::settle();
+        const QByteArray meeting = test.triggers().at(1).kind.description().toUtf8();
+        QVERIFY(test.view.tabTo(test.view.find(meeting)));
+        test.view.press(Qt::Key_Space);
+        QVERIFY(!test.triggers().at(1).enabled);
+        test.view.press(Qt::Key_Tab); // to what removes it
+        test.view.press(Qt::Key_Return);
+        QCOMPARE(test.triggers().size(), 1u);
+        test.view.press(Qt::Key_Space); // at once: the way back
+        QCOMPARE(test.triggers().size(), 2u);
+    }
+
     void triggersAreSwitchedRemovedAndBroughtBack()
     {
         Pane test;

@@ -124,6 +124,27 @@ private Q_SLOTS:
         QCOMPARE(names(), QStringLiteral("Desk setup|Home"));
     }
 
+    void desksAreNamedAndForgottenByKeyboard()
+    {
+        Window test({desk("Office", 12), desk("Home", 1)});
+        const ViewProbe view = test.open();
+        QVERIFY(view.tabTo(view.shown<NameField>().at(1)));
+        for (const Qt::Key key : {Qt::Key_A, Qt::Key_B, Qt::Key_Return}) // in place of all
+            view.press(key);
+        QCOMPARE(test.program.model.deskName(QStringLiteral("Office")), QStringLiteral("ab"));
+        QVERIFY(view.tabTo(view.find("Forget…", 2)));
+        view.press(Qt::Key_Space);
+        Window::dialog().press(Qt::Key_Escape);
+        QCOMPARE(test.program.model.layouts().size(), 3u);
+        view.press(Qt::Key_Return);
+        QVERIFY(Window::dialog().tabTo(Window::dialog().find("Forget")));
+        Window::dialog().press(Qt::Key_Return);
+        QCOMPARE(test.program.model.layouts().size(), 2u);
+        QVERIFY(view.tabTo(view.find("Desks")));
+        view.press(Qt::Key_Right);
+        QVERIFY(test.program.model.layoutsSection() == LayoutsSection::Scenes);
+    }
+
     void scenesAreAppliedAndDeletedHereToo()
     {
         Window test;
@@ -154,6 +175,9 @@ private Q_SLOTS:
             return test.program.model.rules().at(std::size_t(row)).rule;
         };
         QCOMPARE(table->model()->rowCount(), 1002);
+        view.root.resize(1100, 700);
+        QCoreApplication::processEvents();
+        QVERIFY(std::abs(table->mapTo(&view.root, table->rect().center()).x() - 550) <= 1);
         click(1, RulesModel::Ignored);
         QVERIFY(rule(1).ignored && !rule(1).restoreSize);
         click(1, RulesModel::Application); // a name is no switch

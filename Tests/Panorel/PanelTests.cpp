@@ -255,6 +255,17 @@ private Q_SLOTS:
         QVERIFY(panel.offers("Restore Now"));
     }
 
+    void withoutAWindowManagerNoPermissionIsAskedFor()
+    {
+        Panel panel;
+        panel.model.setHasPermission(false);
+        panel.open();
+        panel.model.setIsPermissionGrantedByUser(false);
+        QCOMPARE(panel.text("permission"),
+                 QStringLiteral("No window can be moved, as no window manager is running."));
+        QVERIFY(!panel.offers("Grant permission…") && !panel.offers("Restore Now"));
+    }
+
     void theTipStaysClosed()
     {
         Panel panel;
@@ -333,6 +344,11 @@ private Q_SLOTS:
                                  "scenes-german", "scenes-german-large"})
             QTest::newRow(name) << furnish;
         QTest::newRow("no-permission") << withdraw;
+        for (const char *name : {"no-window-manager", "no-window-manager-german"})
+            QTest::newRow(name) << Act([](Panel &panel) {
+                panel.model.setHasPermission(false);
+                panel.model.setIsPermissionGrantedByUser(false);
+            });
         QTest::newRow("no-permission-dark") << withdraw;
         QTest::newRow("german") << asItIs;
         QTest::newRow("no-permission-german") << withdraw;

@@ -170,6 +170,14 @@ private Q_SLOTS:
         test.view.click("Hide other applications");
         QVERIFY(!scene().hidesOtherApps && scene().opensMissingApps);
         test.view.photograph("scenes-options");
+        SceneRecord keyed = scene();
+        keyed.hotKey = HotKeyCombo{2, HotKeyCombo::option};
+        test.program.model.updateScene(keyed);
+        for (const bool isTaken : {true, false}) { // by another action, and given up again
+            test.program.model.setKey(FixedAction::Undo,
+                                      isTaken ? keyed.hotKey : std::optional<HotKeyCombo>());
+            QCOMPARE(test.view.reads("Already used by Undo last restore"), isTaken);
+        }
 
         test.view.click("Shortcut for Key");
         QTest::keyClick(test.view.find("Shortcut for Key"), Qt::Key_1, Qt::AltModifier);

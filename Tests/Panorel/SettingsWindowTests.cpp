@@ -270,6 +270,20 @@ private Q_SLOTS:
                                "the Dock brings them back."));
     }
 
+    void withoutAWindowManagerNoPermissionIsAskedFor()
+    {
+        Settings settings(false);
+        settings.program.desktop.trustIsGranted = false;
+        settings.show(SettingsSection::General);
+        QVERIFY(settings.shows("No window can be moved, as no window manager is running."));
+        const auto controls = settings.all<ActionControl>();
+        QVERIFY(std::ranges::find(controls, u("Grant permission…"), &ActionControl::title)
+                == controls.end());
+        settings.program.start(); // knows it from the beginning
+        QVERIFY(!settings.program.panel.isPermissionGrantedByUser());
+        QVERIFY(!settings.program.panel.onGrantPermission);
+    }
+
     void displaysAreNamedWithTheirSizes()
     {
         Settings settings;
@@ -302,6 +316,9 @@ private Q_SLOTS:
         QCOMPARE(settings.program.watcher->settleSeconds(), 60.0);
         settings.program.prefs->setDisplaySettleSeconds(7);
         QCOMPARE(delay.value(), 7.0);
+        settings.program.prefs->setDisplaySettleSeconds(61); // from elsewhere
+        settings.program.controller->takeSettleSeconds();
+        QCOMPARE(settings.program.watcher->settleSeconds(), 1.5);
     }
 
     void combinationsAreRecorded_data()
@@ -434,6 +451,8 @@ private Q_SLOTS:
         QVERIFY(!settings.updates.automatically);
         settings.click("Check for Updates…");
         QCOMPARE(settings.updates.checks, 1);
+        for (const char *text : {"Qt", "LGPL version 3", "GLib", "LGPL version 2.1 or later"})
+            QVERIFY2(settings.shows(text), text);
         settings.window().close();
         settings.start(false);
         settings.show(SettingsSection::About);

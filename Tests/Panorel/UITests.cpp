@@ -1,8 +1,14 @@
 #include "Panorel/UI/DisplaySchematic.h"
+#include "Panorel/UI/Page.h"
+#include "Panorel/UI/RowCard.h"
+#include "Panorel/UI/SectionHeading.h"
+#include "Panorel/UI/SymbolView.h"
+#include "Panorel/UI/TextLabel.h"
 #include "Panorel/UI/Theme.h"
 
 #include <QApplication>
 #include <QTest>
+#include <QVBoxLayout>
 
 using namespace Panorel;
 
@@ -44,6 +50,37 @@ private Q_SLOTS:
         for (const QColor &ink : {theme.secondaryText, theme.accentInk})
             QVERIFY2(contrast(ink, theme.card) >= readableContrast, qPrintable(ink.name()));
         QVERIFY(theme.good != theme.attention && theme.attention != theme.off);
+    }
+
+    void aHighPageStretchesNoCard()
+    {
+        Page page(QStringLiteral("Page"));
+        auto *card = new Card;
+        card->body()->addWidget(new SymbolView(Symbol::Display));
+        card->body()->addStretch();
+        auto *filling = new QWidget;
+        page.addWidget(card);
+        page.addFilling(filling);
+        page.resize(1000, 900);
+        page.show();
+        QTRY_COMPARE(card->height(), card->sizeHint().height());
+        QVERIFY(filling->height() > 700);
+        filling->hide();
+        QCoreApplication::processEvents();
+        QCOMPARE(card->height(), card->sizeHint().height());
+        // And a wide one has it in the middle.
+        QCOMPARE(card->width(), 640);
+        QVERIFY(std::abs(card->mapTo(&page, card->rect().center()).x() - 500) <= 1);
+    }
+
+    void aNoteKeepsItsRoomBesideALongName()
+    {
+        SectionHeading heading(QString(500, u'x'), QStringLiteral("Current desk"));
+        heading.resize(300, 40);
+        heading.show();
+        const auto labels = heading.findChildren<TextLabel *>();
+        QVERIFY(labels.at(0)->width() > 100);
+        QVERIFY(labels.at(1)->width() >= labels.at(1)->sizeHint().width());
     }
 
     void contrastIsComputedAsTheGuidelinesSay()

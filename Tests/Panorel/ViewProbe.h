@@ -48,6 +48,17 @@ struct ViewProbe {
         }
         return false;
     }
+    /// With the keyboard alone.
+    void press(Qt::Key key) const { QTest::keyClick(root.windowHandle(), key); }
+    bool tabTo(const QWidget *control) const
+    {
+        root.activateWindow(); // as a window manager does when a sheet over it closes
+        if (!QTest::qWaitForWindowActive(&root))
+            return false;
+        for (int i = 0; control && i < 60 && !control->hasFocus(); ++i)
+            press(Qt::Key_Tab);
+        return control && control->hasFocus();
+    }
     /// What is left of what went only when the event loop ran goes now.
     static void settle()
     {
@@ -91,9 +102,18 @@ private:
         palette.setColor(QPalette::PlaceholderText, faint);
         return palette;
     }
+    bool cutsText() const
+    {
+        return std::ranges::any_of(shown<TextLabel>(), [](const TextLabel *label) {
+            return label->height() < label->heightForWidth(label->width());
+        });
+    }
     void save(const QString &name, double scale) const
     {
         settle();
+        // A larger font reaches a page in more than one turn of the event loop.
+        if (!QTest::qWaitFor([this] { return !cutsText(); }))
+            qFatal("text is cut in %s", qPrintable(name));
         QImage picture(root.size() * scale, QImage::Format_ARGB32_Premultiplied);
         picture.fill(Qt::transparent);
         picture.setDevicePixelRatio(scale);
