@@ -6,6 +6,7 @@
 #include "Panorel/Translations/InterfaceLanguage.h"
 #include "Panorel/UI/ActionControl.h"
 #include "Panorel/UI/StatusLine.h"
+#include "Panorel/UI/TimeInWords.h"
 #include "Support/InMemoryPlatform.h"
 
 #include <QApplication>
@@ -161,6 +162,8 @@ private Q_SLOTS:
                                         ? QStringLiteral("Jetzt wiederherstellen|Panorel beenden")
                                         : QStringLiteral("Restore Now|Quit Panorel"));
         QCOMPARE(menu.menu().actions().last()->text(), titles.last());
+        QCOMPARE(timeInWords({}, {}),
+                 isGerman ? QStringLiteral("gerade eben") : QStringLiteral("just now"));
         QCOMPARE(nameOf(FixedAction::Stash),
                  isGerman ? QStringLiteral("Wegräumen") : QStringLiteral("Stash"));
     }

@@ -225,7 +225,11 @@ QSize HotKeyRecorder::sizeHint() const
 {
     constexpr int charactersWide = 18;
     const QFontMetrics metrics(fontOf(TextStyle::Body));
-    return {charactersWide * metrics.averageCharWidth() + 2 * Metrics::small,
+    // The same whatever the key: what asks for one fits in any language.
+    int width = charactersWide * metrics.averageCharWidth();
+    for (const QString &request : {tr("Record keys"), tr("Type the keys…")})
+        width = std::max(width, metrics.horizontalAdvance(request) + 1);
+    return {width + 2 * Metrics::small,
             std::max(Metrics::hitArea, metrics.height() + Metrics::small)};
 }
 

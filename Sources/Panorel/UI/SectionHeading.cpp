@@ -18,9 +18,7 @@ SectionHeading::SectionHeading(const QString &heading, const QString &note, QWid
     auto *remark = new TextLabel(TextStyle::Secondary);
     remark->setText(note);
     remark->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    // A long name is elided and leaves the note its room.
-    remark->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Preferred);
-    layout->addWidget(title, 1);
+    layout->addWidget(title, 1); // a long name is elided and leaves the note its room
     layout->addWidget(remark);
 }
 

@@ -8,8 +8,8 @@ namespace Panorel {
 QString timeInWords(Instant then, Instant now, const QLocale &locale, const QTimeZone &zone)
 {
     using namespace std::chrono_literals;
-    const auto tr = [](const char *text) {
-        return QCoreApplication::translate("TimeInWords", text);
+    const auto tr = [](const char *text) { // the context that lupdate finds it in
+        return QCoreApplication::translate("Panorel", text);
     };
     const auto local = [&](Instant instant) {
         return QDateTime::fromMSecsSinceEpoch(instant.time_since_epoch().count(), zone);
