@@ -2,9 +2,9 @@
 
 #include "Panorel/SceneStudio/BoxGrips.h"
 #include "Panorel/SceneStudio/StudioHistory.h"
-#include "Panorel/SceneStudio/StudioOverlay.h"
+#include "Panorel/SceneStudio/StudioPainter.h"
+#include "Panorel/SceneStudio/StudioText.h"
 #include "Panorel/UI/Metrics.h"
-#include "Panorel/UI/Theme.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -12,14 +12,10 @@
 #include <QToolTip>
 
 #include <algorithm>
-#include <cmath>
 
 namespace Panorel {
 
 namespace {
-
-constexpr double snapReach = Metrics::small;
-constexpr double dragThreshold = 3; ///< a click that trembles moves nothing
 
 /// Where an arrow key points to; nothing for other keys.
 std::optional<Size> directionOf(int key)
@@ -36,25 +32,6 @@ std::optional<Size> directionOf(int key)
     default:
         return {};
     }
-}
-
-QString inPixels(double value)
-{
-    return QString::number(value, 'f', 0);
-}
-
-QString nameOf(const WindowRecord &window)
-{
-    if (window.title.isEmpty())
-        return window.appName.simplified();
-    return SceneStudioCanvas::tr("%1, %2").arg(window.appName.simplified(),
-                                               window.title.simplified());
-}
-
-QString placeOf(const Rect &frame)
-{
-    return SceneStudioCanvas::tr("%1, %2 · %3 × %4")
-        .arg(inPixels(frame.x), inPixels(frame.y), inPixels(frame.width), inPixels(frame.height));
 }
 
 } // namespace
@@ -78,7 +55,7 @@ void SceneStudioCanvas::setIconOf(IconOf iconOf)
 QTransform SceneStudioCanvas::transform() const
 {
     if (m_drag)
-        return m_drag->transform;
+        return m_drag->transform();
     Rect bounds = m_model.bounds();
     if (m_model.displays().empty()) {
         for (const SceneStudioModel::Box &box : m_model.boxes())
@@ -96,12 +73,7 @@ const SceneStudioModel::Box *SceneStudioCanvas::selectedBox() const
 QString SceneStudioCanvas::description() const
 {
     const SceneStudioModel::Box *box = selectedBox();
-    if (!box)
-        return {};
-    const QString name = nameOf(box->record);
-    const QString place = placeOf(box->record.frame);
-    return box->isGhost ? tr("%1 · %2 · not running").arg(name, place)
-                        : tr("%1 · %2").arg(name, place);
+    return box ? StudioText::descriptionOf(*box) : QString();
 }
 
 void SceneStudioCanvas::select(std::optional<int> id)
@@ -163,30 +135,21 @@ void SceneStudioCanvas::mousePressEvent(QMouseEvent *event)
         return;
     m_history.begin();
     const QTransform current = transform();
-    m_drag.emplace(
-        Drag{StudioGesture(m_model, *m_selected, edges), position, position, current, false});
+    m_drag.emplace(m_model, *m_selected, edges, position, current);
 }
 
 void SceneStudioCanvas::mouseMoveEvent(QMouseEvent *event)
 {
     if (!m_drag)
         return showCursorFor(event->position());
-    m_drag->at = event->position();
-    const QPointF way = m_drag->at - m_drag->pressed;
-    if (way.manhattanLength() >= dragThreshold)
-        m_drag->hasMoved = true;
-    drag(event->modifiers());
+    m_drag->moveTo(event->position(), event->modifiers());
+    update();
 }
 
-void SceneStudioCanvas::drag(Qt::KeyboardModifiers modifiers)
+void SceneStudioCanvas::snap(Qt::KeyboardModifiers modifiers)
 {
-    if (!m_drag->hasMoved)
-        return;
-    const double scale = m_drag->transform.m11();
-    const QPointF way = (m_drag->at - m_drag->pressed) / scale;
-    const bool snaps = !(modifiers & Qt::AltModifier);
-    m_drag->gesture.dragTo({way.x(), way.y()}, snaps ? snapReach / scale : 0);
-    update();
+    m_drag->setModifiers(modifiers);
+    update(); // the lines may go while the box stays
 }
 
 void SceneStudioCanvas::mouseReleaseEvent(QMouseEvent *event)
@@ -226,7 +189,7 @@ void SceneStudioCanvas::keyPressEvent(QKeyEvent *event)
         if (key == Qt::Key_Escape)
             cancelDrag();
         else if (key == Qt::Key_Alt)
-            drag(event->modifiers() | Qt::AltModifier);
+            snap(event->modifiers() | Qt::AltModifier);
     } else if (directionOf(key) && selectedBox()) {
         nudge(*event);
     } else if (key == Qt::Key_Delete || key == Qt::Key_Backspace) {
@@ -253,7 +216,7 @@ void SceneStudioCanvas::nudge(const QKeyEvent &event)
 void SceneStudioCanvas::keyReleaseEvent(QKeyEvent *event)
 {
     if (m_drag && event->key() == Qt::Key_Alt)
-        drag(event->modifiers() & ~Qt::AltModifier);
+        snap(event->modifiers() & ~Qt::AltModifier);
     else if (!m_drag && directionOf(event->key()) && !event->isAutoRepeat())
         finishGesture();
     else
@@ -305,7 +268,8 @@ bool SceneStudioCanvas::event(QEvent *event)
     if (event->type() == QEvent::ToolTip) {
         const auto *help = static_cast<QHelpEvent *>(event);
         const auto id = boxAt(help->pos());
-        const QString text = id ? nameOf(m_model.box(*id)->record).toHtmlEscaped() : QString();
+        const QString text =
+            id ? StudioText::nameOf(m_model.box(*id)->record).toHtmlEscaped() : QString();
         QToolTip::showText(help->globalPos(), text, this);
         return true;
     }
@@ -327,47 +291,15 @@ QSize SceneStudioCanvas::sizeHint() const
 void SceneStudioCanvas::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const Theme theme = Theme::of(palette());
-    painter.fillRect(rect(), theme.card);
-    painter.fillRect(0, 0, width(), 1, theme.line);
-    painter.fillRect(0, height() - 1, width(), 1, theme.line);
-    paintBoxes(painter);
-    paintSelection(painter);
-}
-
-void SceneStudioCanvas::paintBoxes(QPainter &painter) const
-{
-    SchematicPainter schematic(painter, transform(), rect(), palette());
-    for (const DisplayInfo &display : m_model.displays())
-        schematic.drawDisplay(display);
-    const auto &boxes = m_model.boxes();
-    for (auto box = boxes.rbegin(); box != boxes.rend(); ++box)
-        schematic.drawWindow(box->record, m_iconOf,
-                             box->isGhost ? WindowLook::Ghost : WindowLook::Titled);
-}
-
-void SceneStudioCanvas::paintSelection(QPainter &painter) const
-{
+    StudioPainter studio(painter, transform(), rect(), palette());
+    studio.drawGround();
+    studio.drawScene(m_model, m_iconOf);
     const SceneStudioModel::Box *box = selectedBox();
     if (!box)
         return;
-    const Theme theme = Theme::of(palette());
-    const QRectF frame = transform().mapRect(rectOf(box->record.frame));
-    StudioOverlay::drawSelection(painter, frame, hasFocus(), theme);
-    if (!m_drag || !m_drag->hasMoved)
-        return;
-    for (const double x : m_drag->gesture.guides().x) {
-        const double at = transform().map(QPointF(x, 0)).x();
-        StudioOverlay::drawGuide(painter, {at, 0, at, double(height())}, theme);
-    }
-    for (const double y : m_drag->gesture.guides().y) {
-        const double at = transform().map(QPointF(0, y)).y();
-        StudioOverlay::drawGuide(painter, {0, at, double(width()), at}, theme);
-    }
-    StudioOverlay::drawReadout(painter, placeOf(box->record.frame),
-                               {frame.center().x(), frame.bottom()},
-                               QRectF(rect()).adjusted(4, 4, -4, -4), theme);
+    studio.drawSelection(box->record.frame, hasFocus());
+    if (m_drag && m_drag->hasMoved())
+        studio.drawDrag(box->record.frame, m_drag->guides());
 }
 
 } // namespace Panorel

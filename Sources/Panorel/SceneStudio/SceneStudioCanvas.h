@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Panorel/SceneStudio/SceneStudioModel.h"
-#include "Panorel/SceneStudio/StudioGesture.h"
+#include "Panorel/SceneStudio/StudioDrag.h"
 #include "Panorel/UI/ApplicationIcon.h"
 #include "Panorel/UI/SchematicPainter.h"
 
@@ -60,31 +60,21 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
-    struct Drag {
-        StudioGesture gesture;
-        QPointF pressed; ///< in the canvas
-        QPointF at;
-        QTransform transform;
-        bool hasMoved = false;
-    };
-
     const SceneStudioModel::Box *selectedBox() const;
     std::optional<int> boxAt(const QPointF &position) const;
     Qt::Edges edgesAt(const QPointF &position) const;
-    void drag(Qt::KeyboardModifiers modifiers);
+    void snap(Qt::KeyboardModifiers modifiers);
     void cancelDrag();
     void nudge(const QKeyEvent &event);
     bool selectNeighbour(int step);
     void boxesChanged();
     void showCursorFor(const QPointF &position);
-    void paintBoxes(QPainter &painter) const;
-    void paintSelection(QPainter &painter) const;
 
     SceneStudioModel &m_model;
     StudioHistory &m_history;
     IconOf m_iconOf = applicationIcon;
     std::optional<int> m_selected;
-    std::optional<Drag> m_drag;
+    std::optional<StudioDrag> m_drag; ///< while the mouse holds a box
 };
 
 } // namespace Panorel
