@@ -225,6 +225,7 @@ private Q_SLOTS:
         studio.desktop.launch(QStringLiteral("tray"), QStringLiteral("B"),
                               ActivationPolicy::Accessory);
         studio.desktop.add({}, QStringLiteral("A"));
+        studio.desktop.applications().front().policy = ActivationPolicy::Regular; // Panorel itself
         const auto ids = [&model] {
             QStringList result;
             for (const SceneStudioModel::App &app : model.addableApps())

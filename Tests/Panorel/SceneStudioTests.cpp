@@ -389,7 +389,7 @@ private Q_SLOTS:
         QVERIFY(!studio.control(QStringLiteral("Undo"))->isEnabled());
         studio.undo();
         for (std::size_t i = 3; i > 0; --i) {
-            studio.redo();
+            i == 1 ? studio.key(Qt::Key_Y, Qt::ControlModifier) : studio.redo();
             QCOMPARE(studio.frame(0), steps[i - 1]);
         }
         studio.click("Undo");

@@ -136,8 +136,9 @@ std::vector<SceneStudioModel::App> SceneStudioModel::addableApps()
 {
     std::vector<App> apps;
     for (const RunningApplication &application : m_workspace.runningApplications()) {
-        const bool isOrdinary =
-            application.policy == ActivationPolicy::Regular && application.bundleID;
+        const bool isOrdinary = application.policy == ActivationPolicy::Regular
+                                && application.bundleID
+                                && application.pid != m_workspace.ownProcessIdentifier();
         const auto isOf = [&](const Box &box) {
             return box.record.bundleID == application.bundleID;
         };

@@ -55,7 +55,8 @@ public:
     /// In the middle of all displays, behind the others. Returns the new box's id.
     int addApp(const QString &bundleID, const QString &appName);
 
-    /// Running ordinary applications without a box, by name.
+    /// Running ordinary applications without a box, by name. Not Panorel itself, whose windows no
+    /// scene places.
     std::vector<App> addableApps();
 
     /// The boxes as they were at some time before: an editor's undo.

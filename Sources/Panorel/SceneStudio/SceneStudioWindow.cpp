@@ -115,6 +115,7 @@ void SceneStudioWindow::addShortcuts()
     };
     add(Qt::CTRL | Qt::Key_Z, &SceneStudioWindow::undo);
     add(Qt::CTRL | Qt::SHIFT | Qt::Key_Z, &SceneStudioWindow::redo);
+    add(Qt::CTRL | Qt::Key_Y, &SceneStudioWindow::redo);
     add(Qt::CTRL | Qt::Key_S, &SceneStudioWindow::save);
 }
 
