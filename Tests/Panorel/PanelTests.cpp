@@ -292,6 +292,34 @@ private Q_SLOTS:
         QTRY_VERIFY(panel.offers("Other"));
     }
 
+    void aSceneThatWasJustSavedOffersAKey()
+    {
+        Panel panel;
+        panel.model.setScenes({scene("Writing")});
+        panel.model.onSaveScene = [&] {
+            panel.model.setLastAction(QStringLiteral("Scene saved"));
+            panel.model.setScenes({scene("Writing"), scene("New")});
+        };
+        panel.open();
+        QVERIFY(!panel.offers("Set key")); // those that were there have had their chance
+        panel.click(QStringLiteral("Save current as scene"));
+        QTRY_VERIFY(panel.offers("Set key"));
+        const ActionControl &offer = panel.control(QStringLiteral("Set key"));
+        QCOMPARE(offer.accessibleDescription(), QStringLiteral("New"));
+        QVERIFY(offer.height() >= 28);
+        panel.control(QStringLiteral("New")).setFocus(Qt::TabFocusReason);
+        for (const char *next : {"Set key", "Save current as scene"}) {
+            panel.press(Qt::Key_Down);
+            QCOMPARE(panel.focused(), QString::fromLatin1(next));
+        }
+        panel.press(Qt::Key_Up);
+        panel.press(Qt::Key_Return);
+        QCOMPARE(panel.pressed.last(), QStringLiteral("Set one")); // the same place
+        QTRY_VERIFY(!panel.controller.isOpen());
+        panel.open();
+        QVERIFY(!panel.offers("Set key"));
+    }
+
     void thePanelOpensAnewEachTime()
     {
         Panel panel;
@@ -337,12 +365,23 @@ private Q_SLOTS:
             panel.model.setCanUndo(true);
             panel.prefs.setTipDismissed(true);
         };
+        const Act saveScene = [](Panel &panel) {
+            panel.prefs.setTipDismissed(true);
+            panel.model.onSaveScene = [&panel] {
+                panel.model.setLastAction(QStringLiteral("Scene saved"));
+                panel.model.setScenes(
+                    {scene("Writing", HotKeyCombo{18, HotKeyCombo::command}), scene("Scene 2")});
+            };
+            panel.click(QCoreApplication::translate("Panorel::SceneList", "Save current as scene"));
+        };
         const Act withdraw = [](Panel &panel) { panel.model.setHasPermission(false); };
         QTest::newRow("light") << asItIs;
         QTest::newRow("dark") << asItIs;
         for (const char *name : {"scenes-light", "scenes-dark", "scenes-200", "scenes-dark-200",
                                  "scenes-german", "scenes-german-large"})
             QTest::newRow(name) << furnish;
+        QTest::newRow("saved") << saveScene;
+        QTest::newRow("saved-german-dark") << saveScene;
         QTest::newRow("no-permission") << withdraw;
         for (const char *name : {"no-window-manager", "no-window-manager-german"})
             QTest::newRow(name) << Act([](Panel &panel) {

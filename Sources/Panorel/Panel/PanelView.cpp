@@ -39,10 +39,12 @@ PanelView::PanelView(PanelModel &model, Prefs &prefs, const HotKeyText &textOf, 
     m_layout->addStretch();
 
     connect(m_tip, &TipCard::closed, this, [this] { m_prefs.setTipDismissed(true); });
-    connect(m_tip, &TipCard::setKeyRequested, this, [this] {
+    const auto openShortcuts = [this] {
         m_model.onOpenShortcuts();
         Q_EMIT finished();
-    });
+    };
+    connect(m_tip, &TipCard::setKeyRequested, this, openShortcuts);
+    connect(m_scenes, &SceneList::setKeyRequested, this, openShortcuts);
     connect(m_stash, &ListRow::clicked, this, [this] { m_model.onStash(); });
     connect(&m_model, &PanelModel::changed, this, &PanelView::refresh);
     connect(&m_prefs, &Prefs::changed, this, &PanelView::refresh);

@@ -4,8 +4,11 @@
 #include "Panorel/UI/ListRow.h"
 #include "Panorel/UI/Metrics.h"
 #include "Panorel/UI/SectionHeading.h"
+#include "Panorel/UI/TextButton.h"
 
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace Panorel {
 
@@ -21,7 +24,7 @@ SceneList::SceneList(const PanelModel &model, const HotKeyText &textOf, QWidget 
     layout->addSpacing(Metrics::tight);
     layout->addLayout(m_rows);
     layout->addWidget(m_save);
-    connect(m_save, &ListRow::clicked, this, [this] { m_model.onSaveScene(); });
+    connect(m_save, &ListRow::clicked, this, &SceneList::save);
 }
 
 void SceneList::refresh()
@@ -29,8 +32,27 @@ void SceneList::refresh()
     m_save->setVisible(bool(m_model.onSaveScene));
     if (m_shown == m_model.scenes())
         return;
+    if (m_isSaving)
+        m_justSaved = addedScene();
     m_shown = m_model.scenes();
     buildRows();
+}
+
+void SceneList::save()
+{
+    m_isSaving = true;
+    m_model.onSaveScene();
+    m_isSaving = false;
+}
+
+/// Null where there is none.
+QUuid SceneList::addedScene() const
+{
+    for (const SceneRecord &scene : m_model.scenes()) {
+        if (std::ranges::find(m_shown, scene.id, &SceneRecord::id) == m_shown.end())
+            return scene.id;
+    }
+    return {};
 }
 
 void SceneList::buildRows()
@@ -40,13 +62,28 @@ void SceneList::buildRows()
         item->widget()->deleteLater(); // it may be the row whose press led here
         delete item;
     }
-    for (const SceneRecord &scene : m_shown) {
-        auto *row = new ListRow(Symbol::Scene, scene.name);
-        if (scene.hotKey)
-            row->setTrailingText(m_textOf(*scene.hotKey));
-        connect(row, &ListRow::clicked, this, [this, id = scene.id] { m_model.onApplyScene(id); });
-        m_rows->addWidget(row);
-    }
+    for (const SceneRecord &scene : m_shown)
+        m_rows->addWidget(makeRow(scene));
+}
+
+QWidget *SceneList::makeRow(const SceneRecord &scene)
+{
+    auto *row = new ListRow(Symbol::Scene, scene.name);
+    connect(row, &ListRow::clicked, this, [this, id = scene.id] { m_model.onApplyScene(id); });
+    if (scene.hotKey)
+        row->setTrailingText(m_textOf(*scene.hotKey));
+    if (scene.hotKey || scene.id != m_justSaved || !m_model.onOpenShortcuts)
+        return row;
+    auto *setKey = new TextButton(tr("Set key"));
+    setKey->setAccessibleDescription(scene.name);
+    connect(setKey, &TextButton::clicked, this, &SceneList::setKeyRequested);
+    auto *both = new QWidget;
+    auto *layout = new QHBoxLayout(both);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(row);
+    layout->addWidget(setKey);
+    return both;
 }
 
 } // namespace Panorel
