@@ -37,7 +37,7 @@ void AppDelegate::applicationDidFinishLaunching()
     m_statusItem.emplace(m_panelModel, *m_panel, platform.shell(),
                          [this](const QPoint &point) { return visibleFrameAt(point); });
     m_controller.emplace(m_panelModel, m_services);
-    m_windows.emplace(*m_controller, m_panelModel, m_services);
+    m_windows.emplace(*m_controller, m_panelModel, m_services, [this] { openPanel(); });
     if (!prefs.hasOnboarded())
         m_windows->welcome();
     else if (!permission.hasAccessibility())

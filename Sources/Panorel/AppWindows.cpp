@@ -1,7 +1,6 @@
 #include "Panorel/AppWindows.h"
 
 #include "Panorel/AppController.h"
-#include "Panorel/PanelModel.h"
 #include "Panorel/Prefs.h"
 #include "Panorel/Settings/AutomationPane.h"
 #include "Panorel/Settings/ScenesPane.h"
@@ -9,7 +8,7 @@
 namespace Panorel {
 
 AppWindows::AppWindows(AppController &controller, PanelModel &panelModel,
-                       const AppServices &services)
+                       const AppServices &services, const PanelModel::Action &openPanel)
     : m_controller(controller), m_panelModel(panelModel), m_services(services),
       m_model(controller, services), m_studio(services.platform.workspace(), services.log,
                                               services.clock, services.platform.userDefaults()),
@@ -21,6 +20,7 @@ AppWindows::AppWindows(AppController &controller, PanelModel &panelModel,
                 [this](const QUuid &scene) { editScene(scene); }),
       m_onboarding(services.prefs, controller.permission(), services.scheduler,
                    {.saveScene = [this] { return m_model.addSceneFromCurrentWindows().name; },
+                    .openPanel = openPanel,
                     .openShortcuts = [this] { m_settings.show(SettingsSection::Shortcuts); }})
 {
     m_panelModel.onOpenSettings = [this] { m_settings.show(); };

@@ -3,6 +3,7 @@
 #include "Panorel/AppServices.h"
 #include "Panorel/Layouts/LayoutsWindowController.h"
 #include "Panorel/Onboarding/OnboardingWindowController.h"
+#include "Panorel/PanelModel.h"
 #include "Panorel/SceneStudio/SceneStudioController.h"
 #include "Panorel/Settings/SettingsModel.h"
 #include "Panorel/Settings/SettingsWindowController.h"
@@ -15,14 +16,14 @@
 namespace Panorel {
 
 class AppController;
-class PanelModel;
 
 /// The windows of the program beside its panel, each made when it is first opened, and the rows of
 /// the panel that open them.
 class AppWindows {
 public:
-    /// All of them must outlive it.
-    AppWindows(AppController &controller, PanelModel &panelModel, const AppServices &services);
+    /// All of them must outlive it. `openPanel` shows the panel as a second start does.
+    AppWindows(AppController &controller, PanelModel &panelModel, const AppServices &services,
+               const PanelModel::Action &openPanel);
     ~AppWindows();
     AppWindows(const AppWindows &) = delete;
     AppWindows &operator=(const AppWindows &) = delete;

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QLabel>
+#include <QScreen>
 #include <QTest>
 #include <QTranslator>
 
@@ -31,6 +32,7 @@ struct NewUser {
                                       done << QStringLiteral("saved");
                                       return QStringLiteral("Scene <b>1</b>");
                                   },
+                              .openPanel = [this] { done << QStringLiteral("panel"); },
                               .openShortcuts = [this] { done << QStringLiteral("shortcuts"); }};
     std::unique_ptr<OnboardingWindowController> controller;
 
@@ -76,7 +78,7 @@ struct NewUser {
 };
 
 const QString readyPage =
-    QStringLiteral("Save this arrangement as a scene|Open shortcuts|Back|Done");
+    QStringLiteral("Open the panel|Save this arrangement as a scene|Back|Done");
 
 } // namespace
 
@@ -88,6 +90,8 @@ private Q_SLOTS:
     {
         NewUser user;
         QCOMPARE(user.window().page(), 0);
+        QCOMPARE(user.window().geometry().center(),
+                 user.window().screen()->availableGeometry().center());
         QCOMPARE(user.offered(), QStringList{QStringLiteral("Continue")});
         user.click("Continue");
         user.click("Back");
@@ -142,11 +146,12 @@ private Q_SLOTS:
         NewUser user;
         user.click("Continue");
         user.click("Continue");
+        user.click("Open the panel");
         user.click("Save this arrangement as a scene");
         QCOMPARE(user.text("savedScene"), QStringLiteral("Saved as Scene <b>1</b>"));
         QVERIFY(!user.offered().contains(QStringLiteral("Save this arrangement as a scene")));
         user.press(Qt::Key_Return); // the next step has the focus
-        QCOMPARE(user.done, QStringList({QStringLiteral("saved"), QStringLiteral("shortcuts")}));
+        QCOMPARE(user.done.join(u'|'), QStringLiteral("panel|saved|shortcuts"));
         QVERIFY(user.controller->window());
     }
 
@@ -155,10 +160,11 @@ private Q_SLOTS:
         QTest::addColumn<bool>("isGrantedByUser");
         QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("offered");
-        QTest::newRow("a permission") << true << QStringLiteral("One permission is missing")
-                                      << QStringLiteral("Grant permission…|Back|Done");
+        QTest::newRow("a permission")
+            << true << QStringLiteral("One permission is missing")
+            << QStringLiteral("Grant permission…|Open the panel|Back|Done");
         QTest::newRow("a window manager") << false << QStringLiteral("A window manager is missing")
-                                          << QStringLiteral("Back|Done");
+                                          << QStringLiteral("Open the panel|Back|Done");
     }
 
     void theLastPageSaysWhatIsMissing()
@@ -241,8 +247,8 @@ private Q_SLOTS:
             }
             save(user.window(), QStringLiteral("onboarding-%1-%2").arg(page + 1).arg(name));
             if (page == 2 && isTrusted) {
-                QTest::mouseClick(user.window().findChildren<ActionControl *>().at(1),
-                                  Qt::LeftButton);
+                auto *row = user.window().findChild<ActionControl *>(QStringLiteral("saveScene"));
+                QTest::mouseClick(row, Qt::LeftButton);
                 save(user.window(), QStringLiteral("onboarding-4-%1").arg(name));
             }
             user.press(Qt::Key_Return);

@@ -10,6 +10,8 @@ namespace Panorel {
 struct OnboardingActions {
     /// Saves the windows as they are; returns the new scene's name.
     std::function<QString()> saveScene;
+    /// Shows the panel, wherever it has its place.
+    std::function<void()> openPanel;
     /// Shows where keys are set.
     std::function<void()> openShortcuts;
 };

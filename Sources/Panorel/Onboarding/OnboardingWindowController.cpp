@@ -3,6 +3,8 @@
 #include "Panorel/Onboarding/OnboardingWindow.h"
 #include "Panorel/Prefs.h"
 
+#include <QScreen>
+
 namespace Panorel {
 
 OnboardingWindowController::OnboardingWindowController(Prefs &prefs, PermissionCenter &permission,
@@ -26,6 +28,9 @@ void OnboardingWindowController::showIfNeeded()
         m_window->setAttribute(Qt::WA_DeleteOnClose);
         connect(m_window, &OnboardingWindow::finished, this, &OnboardingWindowController::finish);
         connect(m_window, &OnboardingWindow::closed, this, [this] { m_window = nullptr; });
+        QRect frame(QPoint(), m_window->size()); // not in whatever corner has room
+        frame.moveCenter(m_window->screen()->availableGeometry().center());
+        m_window->move(frame.topLeft());
     }
     m_window->show();
     m_window->raise();

@@ -18,14 +18,17 @@ ReadyPage::ReadyPage(PermissionCenter &permission, Scheduler &scheduler, Onboard
       m_actions(std::move(actions)), m_title(new TextLabel(TextStyle::Title, TextLabel::Fit::Wrap)),
       m_status(new StatusLine(TextLabel::Fit::Wrap)),
       m_grant(new ListRow(Symbol::Settings, tr("Grant permission…"))),
+      m_openPanel(new ListRow(Symbol::Window, tr("Open the panel"))),
       m_save(new ListRow(Symbol::Plus, tr("Save this arrangement as a scene"))),
-      m_saved(new StatusLine), m_shortcuts(new ListRow(Symbol::Settings, tr("Open shortcuts")))
+      m_saved(new StatusLine), m_shortcuts(new ListRow(Symbol::Keyboard, tr("Set its key")))
 {
     m_title->setObjectName(QStringLiteral("readyTitle"));
     m_title->setAlignment(Qt::AlignHCenter);
     m_status->setObjectName(QStringLiteral("permissionStatus"));
     m_saved->setObjectName(QStringLiteral("savedScene"));
+    m_save->setObjectName(QStringLiteral("saveScene"));
     m_saved->hide();
+    m_shortcuts->hide(); // there is nothing to give a key to yet
     m_sceneCard = makeSceneCard();
 
     auto *layout = new QVBoxLayout(this);
@@ -39,6 +42,7 @@ ReadyPage::ReadyPage(PermissionCenter &permission, Scheduler &scheduler, Onboard
     layout->addStretch();
 
     connect(m_grant, &ListRow::clicked, this, [this] { m_permission.promptAccessibility(); });
+    connect(m_openPanel, &ListRow::clicked, this, [this] { m_actions.openPanel(); });
     connect(m_save, &ListRow::clicked, this, &ReadyPage::saveScene);
     connect(m_shortcuts, &ListRow::clicked, this, [this] { m_actions.openShortcuts(); });
     refresh();
@@ -74,7 +78,21 @@ Card *ReadyPage::makeTrayCard()
     card->body()->addWidget(new SymbolText(
         Symbol::Layouts, tr("Panorel sits in the tray"),
         tr("Click its icon to open the panel. Without a tray, start Panorel once more.")));
+    QBoxLayout *rows = makeRows();
+    rows->addWidget(m_openPanel);
+    card->body()->addLayout(rows);
+    m_openPanel->setVisible(bool(m_actions.openPanel));
     return card;
+}
+
+/// Their symbols stand below a card's text.
+QBoxLayout *ReadyPage::makeRows()
+{
+    constexpr int indent = Metrics::symbolSize + Metrics::medium - Metrics::small;
+    auto *rows = new QVBoxLayout;
+    rows->setSpacing(0);
+    rows->setContentsMargins(indent, 0, 0, 0);
+    return rows;
 }
 
 Card *ReadyPage::makeSceneCard()
@@ -82,18 +100,16 @@ Card *ReadyPage::makeSceneCard()
     auto *card = new Card;
     card->body()->addWidget(new SymbolText(
         Symbol::Scene, tr("Come back to this arrangement with a key"),
-        tr("A scene keeps the windows as they are now. Give it a key in the shortcuts.")));
-    auto *rows = new QVBoxLayout;
-    rows->setSpacing(0);
-    // The rows' symbols stand below the text.
-    constexpr int indent = Metrics::symbolSize + Metrics::medium - Metrics::small;
-    rows->setContentsMargins(indent, 0, 0, 0);
+        tr("A scene keeps the windows as they are now. Save one, then set its key.")));
+    QBoxLayout *rows = makeRows();
     rows->addWidget(m_save);
     auto *saved = new QHBoxLayout;
-    saved->addSpacing(Metrics::small);
-    saved->addWidget(m_saved);
+    constexpr int inset = 6; // its dot stands in the middle below the rows' symbols
+    saved->addSpacing(Metrics::small + inset);
+    m_saved->layout()->setContentsMargins(Metrics::small + Metrics::symbolSize - inset, 0, 0, 0);
+    saved->addWidget(m_saved, 1);
+    saved->addWidget(m_shortcuts, 1); // beside it: the window keeps its height
     rows->addLayout(saved);
-    rows->addWidget(m_shortcuts);
     card->body()->addLayout(rows);
     return card;
 }
@@ -116,7 +132,6 @@ void ReadyPage::refresh()
                                "Panorel starts working as soon as one runs."));
     }
     m_grant->setVisible(!isGranted && isAsked);
-    m_shortcuts->setVisible(bool(m_actions.openShortcuts));
     m_sceneCard->setVisible(isGranted && m_actions.saveScene);
 }
 
@@ -125,6 +140,7 @@ void ReadyPage::saveScene()
     m_saved->setStatus(Status::Good, tr("Saved as %1").arg(m_actions.saveScene()));
     m_saved->setMinimumHeight(m_save->height()); // it takes the row's place, nothing moves
     m_saved->show();
+    m_shortcuts->setVisible(bool(m_actions.openShortcuts));
     m_shortcuts->setFocus(Qt::OtherFocusReason);
     m_save->hide(); // a second one would be the same
 }

@@ -6,6 +6,8 @@
 
 #include <memory>
 
+class QBoxLayout;
+
 namespace Panorel {
 
 class Card;
@@ -35,6 +37,7 @@ private:
     Card *makePermissionCard();
     Card *makeTrayCard();
     Card *makeSceneCard();
+    QBoxLayout *makeRows();
     void refresh();
     void saveScene();
 
@@ -44,6 +47,7 @@ private:
     TextLabel *m_title;
     StatusLine *m_status;
     ListRow *m_grant;
+    ListRow *m_openPanel;
     ListRow *m_save;
     StatusLine *m_saved;
     ListRow *m_shortcuts;
