@@ -6,7 +6,6 @@
 #include "Panorel/UI/TimeInWords.h"
 #include "Panorel/ViewProbe.h"
 
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTableView>
 
@@ -151,7 +150,7 @@ private Q_SLOTS:
         test.program.addScene("Writing");
         test.program.addForeignScene("Away");
         const ViewProbe view = test.open(LayoutsSection::Scenes);
-        QVERIFY(!view.find("Options") && view.find("Edit…"));
+        QVERIFY(!view.find("Key and options") && view.find("Edit…"));
         view.photograph("layouts-scenes");
         view.click("Apply");
         QCOMPARE(test.program.model.usage().sceneSwitches, 1);
@@ -202,7 +201,7 @@ private Q_SLOTS:
         view.photograph("layouts-rules-none");
     }
 
-    void aThousandWindowsOpenAtOnce_data()
+    void aThousandWindowsTakeNoMoreWidgetsThanTen_data()
     {
         QTest::addColumn<LayoutsSection>("section");
         QTest::newRow("desks") << LayoutsSection::Desks;
@@ -210,20 +209,19 @@ private Q_SLOTS:
         QTest::newRow("rules") << LayoutsSection::Rules;
     }
 
-    void aThousandWindowsOpenAtOnce()
+    void aThousandWindowsTakeNoMoreWidgetsThanTen()
     {
         QFETCH(LayoutsSection, section);
-        Window test({desk("Office", 1000)});
-        SceneRecord scene = test.program.addScene("Many");
-        scene.layout = desk("Office", 1000);
-        test.program.model.updateScene(scene);
-        QElapsedTimer timer;
-        timer.start();
-        const ViewProbe view = test.open(section);
-        view.root.grab();
-        const qint64 took = timer.elapsed();
-        qInfo("opened and drawn in %lld ms", took);
-        QVERIFY2(took < 2000, "half a second is the aim; a busy machine may take longer");
+        const auto widgetsWith = [section](int windows) {
+            Window test({desk("Office", windows)});
+            SceneRecord scene = test.program.addScene("Many");
+            scene.layout = desk("Office", windows);
+            test.program.model.updateScene(scene);
+            const ViewProbe view = test.open(section);
+            view.root.grab(); // what is made only when it is drawn counts as well
+            return view.root.findChildren<QWidget *>().size();
+        };
+        QCOMPARE(widgetsWith(1000), widgetsWith(10));
     }
 
     void whenSomethingHappenedIsSaidInWords_data()

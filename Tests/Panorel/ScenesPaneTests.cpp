@@ -158,7 +158,7 @@ private Q_SLOTS:
         test.program.addScene("Writing");
         test.open();
         QVERIFY(!test.view.find("Hide other applications"));
-        test.view.click("Options");
+        test.view.click("Key and options");
         QVERIFY(test.view.reads("Off: the scene's windows come forward and everything else stays "
                                 "where it is. On: apps with no window in the scene get hidden — "
                                 "the Dock brings them back."));
@@ -208,7 +208,7 @@ private Q_SLOTS:
         Pane test;
         test.program.addScene("Writing");
         test.open();
-        test.view.click("Options");
+        test.view.click("Key and options");
         const auto path = [&] { return test.program.model.scenes().at(0).wallpaperPath; };
         for (const QString &file : {good, bad}) {
             test.view.click("Choose…");

@@ -22,7 +22,7 @@ SceneCard::SceneCard(SettingsModel &model, const std::optional<SettingsEnvironme
       m_name(new NameField(TextStyle::Heading, tr("Scene name"))),
       m_windows(new TextLabel(TextStyle::Secondary)),
       m_displays(new TextLabel(TextStyle::Secondary)), m_edit(new PlainButton(tr("Edit…"))),
-      m_disclose(new TextButton(tr("Options")))
+      m_disclose(new TextButton(tr("Key and options")))
 {
     setObjectName(QStringLiteral("sceneCard"));
     addRow(makeSummary());
@@ -119,7 +119,7 @@ void SceneCard::toggleOptions()
     }
     const bool isOpen = m_options->isHidden();
     m_options->setVisible(isOpen);
-    m_disclose->setTitle(isOpen ? tr("Hide options") : tr("Options"));
+    m_disclose->setTitle(isOpen ? tr("Hide options") : tr("Key and options"));
 }
 
 void SceneCard::rename(const QString &name)

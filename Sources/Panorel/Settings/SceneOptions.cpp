@@ -21,6 +21,7 @@ SceneOptions::SceneOptions(SettingsModel &model, const QUuid &id,
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(0);
+    addRow(m_key);
     addRow(new SettingRow(tr("Open missing applications"),
                           tr("Starts those of the scene that do not run."), m_opens));
     addRow(new SettingRow(
@@ -29,7 +30,6 @@ SceneOptions::SceneOptions(SettingsModel &model, const QUuid &id,
            "apps with no window in the scene get hidden — the Dock brings them back."),
         m_hides));
     addRow(new SettingRow(tr("Desktop picture"), {}, m_picture));
-    addRow(m_key);
 
     connect(m_opens, &Toggle::clicked, this, [this](bool isOn) {
         change([isOn](SceneRecord &scene) { scene.opensMissingApps = isOn; });

@@ -596,10 +596,6 @@
         <translation>Diese Anordnung als Szene sichern</translation>
     </message>
     <message>
-        <source>Open shortcuts</source>
-        <translation>Tastenkürzel öffnen</translation>
-    </message>
-    <message>
         <source>Panorel sits in the tray</source>
         <translation>Panorel finden Sie neben der Uhr</translation>
     </message>
@@ -610,10 +606,6 @@
     <message>
         <source>Come back to this arrangement with a key</source>
         <translation>Mit einer Taste zu dieser Anordnung zurück</translation>
-    </message>
-    <message>
-        <source>A scene keeps the windows as they are now. Give it a key in the shortcuts.</source>
-        <translation>Eine Szene hält die Fenster fest, wie sie jetzt stehen. Geben Sie ihr bei den Tastenkürzeln eine Taste.</translation>
     </message>
     <message>
         <source>All set</source>
@@ -642,6 +634,18 @@
     <message>
         <source>Saved as %1</source>
         <translation>Gesichert als %1</translation>
+    </message>
+    <message>
+        <source>Open the panel</source>
+        <translation>Übersicht öffnen</translation>
+    </message>
+    <message>
+        <source>Set its key</source>
+        <translation>Taste dafür festlegen</translation>
+    </message>
+    <message>
+        <source>A scene keeps the windows as they are now. Save one, then set its key.</source>
+        <translation>Eine Szene hält die Fenster fest, wie sie jetzt stehen. Sichern Sie eine und legen Sie dann ihre Taste fest.</translation>
     </message>
 </context>
 <context>
@@ -720,10 +724,6 @@
         <translation>Bearbeiten …</translation>
     </message>
     <message>
-        <source>Options</source>
-        <translation>Optionen</translation>
-    </message>
-    <message>
         <source>Apply</source>
         <translation>Anwenden</translation>
     </message>
@@ -734,6 +734,10 @@
     <message>
         <source>Hide options</source>
         <translation>Optionen ausblenden</translation>
+    </message>
+    <message>
+        <source>Key and options</source>
+        <translation>Taste und Optionen</translation>
     </message>
 </context>
 <context>
@@ -785,6 +789,10 @@
         <source>Switch any time</source>
         <translation>Jederzeit wechseln</translation>
     </message>
+    <message>
+        <source>Set key</source>
+        <translation>Taste festlegen</translation>
+    </message>
 </context>
 <context>
     <name>Panorel::SceneOptions</name>
@@ -827,24 +835,8 @@
 <context>
     <name>Panorel::SceneStudioCanvas</name>
     <message>
-        <source>%1, %2</source>
-        <translation>%1, %2</translation>
-    </message>
-    <message>
-        <source>%1, %2 · %3 × %4</source>
-        <translation>%1, %2 · %3 × %4</translation>
-    </message>
-    <message>
         <source>Windows of the scene</source>
         <translation>Fenster der Szene</translation>
-    </message>
-    <message>
-        <source>%1 · %2 · not running</source>
-        <translation>%1 · %2 · läuft nicht</translation>
-    </message>
-    <message>
-        <source>%1 · %2</source>
-        <translation>%1 · %2</translation>
     </message>
 </context>
 <context>
@@ -1142,6 +1134,25 @@
     <message>
         <source>No displays</source>
         <translation>Keine Bildschirme</translation>
+    </message>
+</context>
+<context>
+    <name>StudioText</name>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>%1, %2 · %3 × %4</source>
+        <translation>%1, %2 · %3 × %4</translation>
+    </message>
+    <message>
+        <source>%1 · %2 · not running</source>
+        <translation>%1 · %2 · läuft nicht</translation>
+    </message>
+    <message>
+        <source>%1 · %2</source>
+        <translation>%1 · %2</translation>
     </message>
 </context>
 </TS>
