@@ -90,8 +90,9 @@ private Q_SLOTS:
     {
         NewUser user;
         QCOMPARE(user.window().page(), 0);
-        QCOMPARE(user.window().geometry().center(),
-                 user.window().screen()->availableGeometry().center());
+        const QPoint middle = user.window().screen()->availableGeometry().center();
+        const QPoint off = user.window().geometry().center() - middle;
+        QVERIFY(off.manhattanLength() < 50); // the window manager's frame takes some
         QCOMPARE(user.offered(), QStringList{QStringLiteral("Continue")});
         user.click("Continue");
         user.click("Back");
