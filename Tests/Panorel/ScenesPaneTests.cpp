@@ -266,8 +266,10 @@ private Q_SLOTS:
             visited << QApplication::focusWidget()->accessibleName();
             QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         }
-        QCOMPARE(visited,
-                 listed("Add scene from current windows|Scene name|Apply|Edit…|Options|Delete…"));
+        QCOMPARE(
+            visited,
+            listed(
+                "Add scene from current windows|Scene name|Apply|Edit…|Key and options|Delete…"));
     }
 
     void namesFromAnywhereAreText()
