@@ -1,0 +1,46 @@
+#include "MacDoubles/Desktop/MacDesktop.h"
+
+#include <mutex>
+#include <thread>
+
+namespace Panorel::MacDoubles {
+
+namespace {
+
+std::unique_ptr<MacDesktop> current;
+std::mutex faultsLock;
+QStringList faults;
+const std::thread::id mainThread = std::this_thread::get_id();
+
+} // namespace
+
+MacDesktop &desktop()
+{
+    if (!current)
+        current = std::make_unique<MacDesktop>();
+    return *current;
+}
+
+void resetDesktop()
+{
+    current.reset();
+}
+
+void addFault(const QString &fault)
+{
+    const std::lock_guard lock(faultsLock);
+    faults << fault;
+}
+
+QStringList takeFaults()
+{
+    const std::lock_guard lock(faultsLock);
+    return std::exchange(faults, {});
+}
+
+bool isMainThread()
+{
+    return std::this_thread::get_id() == mainThread;
+}
+
+} // namespace Panorel::MacDoubles
