@@ -109,6 +109,11 @@ InMemoryWindow &InMemoryDesktop::window(int number)
     return *found;
 }
 
+WindowElementRef InMemoryDesktop::element(int number)
+{
+    return std::make_shared<Element>(number);
+}
+
 InMemoryWindow *InMemoryDesktop::find(const WindowElementRef &element)
 {
     const int number = static_cast<const Element &>(*element).number;
@@ -122,9 +127,9 @@ std::vector<WindowAttributes> InMemoryDesktop::windows(ProcessIdentifier pid)
     for (const InMemoryWindow &window : m_windows) {
         if (window.pid != pid || !trusted)
             continue;
-        const auto element = std::make_shared<Element>(window.number);
-        const FrameReading frame = readFrame(element);
-        found.push_back({element, frame.position, frame.size, window.title, window.isMinimized,
+        const WindowElementRef handle = element(window.number);
+        const FrameReading frame = readFrame(handle);
+        found.push_back({handle, frame.position, frame.size, window.title, window.isMinimized,
                          window.isFullScreen});
     }
     return found;
@@ -181,7 +186,7 @@ void InMemoryDesktop::raise(const std::vector<WindowElementRef> &backToFront)
 WindowElementRef InMemoryDesktop::focusedWindow()
 {
     const bool isOwn = focused && window(*focused).pid == ownPID;
-    return focused && !isOwn ? std::make_shared<Element>(*focused) : nullptr;
+    return focused && !isOwn ? element(*focused) : nullptr;
 }
 
 void InMemoryDesktop::focus(const WindowElementRef &element)

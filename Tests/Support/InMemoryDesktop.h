@@ -64,6 +64,10 @@ public:
     /// The user clicks the window in the task bar: it is visible, in front, and has the focus.
     void activate(int number);
     InMemoryWindow &window(int number);
+    /// Front to back.
+    const std::list<InMemoryWindow> &allWindows() const { return m_windows; }
+    /// The handle that the accessibility port gives for it.
+    static WindowElementRef element(int number);
     std::vector<RunningApplication> &applications() { return m_applications; }
 
     bool trusted = true;
