@@ -34,7 +34,7 @@ void AppDelegate::applicationDidFinishLaunching()
     m_panel.emplace(m_panelModel, prefs, platform.shell(), [&platform](const HotKeyCombo &combo) {
         return platform.hotKeys().text(combo);
     });
-    m_statusItem.emplace(m_panelModel, *m_panel, platform.shell(),
+    m_statusItem.emplace(m_panelModel, *m_panel, platform.shell(), platform.statusItem(),
                          [this](const QPoint &point) { return visibleFrameAt(point); });
     m_controller.emplace(m_panelModel, m_services);
     m_windows.emplace(*m_controller, m_panelModel, m_services, [this] { openPanel(); });

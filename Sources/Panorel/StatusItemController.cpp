@@ -11,17 +11,28 @@
 namespace Panorel {
 
 StatusItemController::StatusItemController(PanelModel &model, PanelController &panel,
-                                           ShellPort &shell, VisibleFrameAt visibleFrameAt)
-    : m_model(model), m_panel(panel), m_visibleFrameAt(std::move(visibleFrameAt)),
-      m_menu(model, [this] { openPanel(); })
+                                           ShellPort &shell, StatusItemPort *statusItem,
+                                           VisibleFrameAt visibleFrameAt)
+    : m_model(model), m_panel(panel), m_statusItem(statusItem),
+      m_visibleFrameAt(std::move(visibleFrameAt)), m_menu(model, [this] { openPanel(); })
 {
     // One change of the desk sets many values; the menu follows once they are all set.
     connect(&m_model, &PanelModel::changed, this, &StatusItemController::refresh,
             Qt::QueuedConnection);
-    if (shell.hasEmbeddingTray() || !SessionBus::isPresent())
+    if (m_statusItem) {
+        m_statusItem->show([this] { m_panel.toggle(anchor(true)); });
+        refresh();
+    } else if (shell.hasEmbeddingTray() || !SessionBus::isPresent()) {
         showIcon();
-    else
+    } else {
         m_trayWatcher.emplace([this] { showIcon(); });
+    }
+}
+
+StatusItemController::~StatusItemController()
+{
+    if (m_statusItem)
+        m_statusItem->hide();
 }
 
 void StatusItemController::showIcon()
@@ -36,8 +47,11 @@ void StatusItemController::showIcon()
 void StatusItemController::refresh()
 {
     m_menu.rebuild();
+    const QString toolTip = tr("Panorel: %1").arg(m_model.deskName());
+    if (m_statusItem)
+        m_statusItem->setToolTip(toolTip);
     if (m_item)
-        m_item->setToolTip(tr("Panorel: %1").arg(m_model.deskName()));
+        m_item->setToolTip(toolTip);
 }
 
 void StatusItemController::clicked(QSystemTrayIcon::ActivationReason reason)
@@ -51,10 +65,19 @@ void StatusItemController::openPanel()
     m_panel.open(anchor(false), PanelController::Keyboard::Take);
 }
 
+/// Empty where it is not known.
+QRect StatusItemController::buttonFrame() const
+{
+    if (!m_statusItem)
+        return m_item ? m_item->geometry() : QRect();
+    const Rect frame = m_statusItem->buttonFrame().value_or(Rect());
+    return QRectF(frame.x, frame.y, frame.width, frame.height).toAlignedRect();
+}
+
 PanelAnchor StatusItemController::anchor(bool isPointer) const
 {
     PanelAnchor anchor;
-    const QRect button = m_item ? m_item->geometry() : QRect();
+    const QRect button = buttonFrame();
     if (!button.isEmpty())
         anchor.button = button;
     else if (isPointer)

@@ -2,6 +2,7 @@
 
 #include "Panorel/StatusMenu.h"
 #include "Panorel/TrayWatcher.h"
+#include "PanorelPorts/StatusItemPort.h"
 
 #include <QSystemTrayIcon>
 
@@ -14,8 +15,9 @@ class PanelController;
 struct PanelAnchor;
 class ShellPort;
 
-/// The program's icon in the tray. Waits for a tray that comes up later; without any the program
-/// runs all the same and is reached by starting it again.
+/// The program's button in the menu bar, or its icon in the tray where there is no menu bar. Waits
+/// for a tray that comes up later; without any the program runs all the same and is reached by
+/// starting it again.
 class StatusItemController : public QObject {
     Q_OBJECT
 
@@ -23,9 +25,10 @@ public:
     /// What panels and docks leave of the screen that the point is on, in Qt's coordinates.
     using VisibleFrameAt = std::function<QRect(const QPoint &)>;
 
-    /// All must outlive the controller.
+    /// All must outlive the controller. Without a `statusItem` it makes a tray icon.
     StatusItemController(PanelModel &model, PanelController &panel, ShellPort &shell,
-                         VisibleFrameAt visibleFrameAt);
+                         StatusItemPort *statusItem, VisibleFrameAt visibleFrameAt);
+    ~StatusItemController() override;
 
     /// For a second start of the program: opens the panel and gives it the keyboard.
     void openPanel();
@@ -33,11 +36,13 @@ public:
 private:
     void showIcon();
     void clicked(QSystemTrayIcon::ActivationReason reason);
+    QRect buttonFrame() const;
     PanelAnchor anchor(bool isPointer) const;
     void refresh();
 
     PanelModel &m_model;
     PanelController &m_panel;
+    StatusItemPort *m_statusItem; ///< null where there is a tray instead
     VisibleFrameAt m_visibleFrameAt;
     StatusMenu m_menu;
     std::optional<TrayWatcher> m_trayWatcher;

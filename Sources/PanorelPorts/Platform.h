@@ -9,6 +9,7 @@
 #include "PanorelPorts/LinkedLibrary.h"
 #include "PanorelPorts/ScreensPort.h"
 #include "PanorelPorts/ShellPort.h"
+#include "PanorelPorts/StatusItemPort.h"
 #include "PanorelPorts/SystemPreferencesPort.h"
 #include "PanorelPorts/UpdaterPort.h"
 #include "PanorelPorts/UserDefaultsPort.h"
@@ -38,6 +39,8 @@ public:
     virtual LoginItemPort &loginItem() = 0;
     virtual ActivationPolicyPort &activationPolicy() = 0;
     virtual ShellPort &shell() = 0;
+    /// Null where the toolkit's own tray icon serves.
+    virtual StatusItemPort *statusItem() = 0;
     virtual ApplicationLauncherPort &launcher() = 0;
     virtual DesktopPicturePort &desktopPicture() = 0;
     virtual CalendarPort &calendar() = 0;

@@ -34,6 +34,7 @@ public:
     LoginItemPort &loginItem() override { return m_loginItem; }
     ActivationPolicyPort &activationPolicy() override { return m_activationPolicy; }
     ShellPort &shell() override { return m_shell; }
+    StatusItemPort *statusItem() override { return nullptr; }
     ApplicationLauncherPort &launcher() override { return m_launcher; }
     DesktopPicturePort &desktopPicture() override { return m_desktopPicture; }
     CalendarPort &calendar() override { return m_calendar; }

@@ -126,6 +126,28 @@ private:
     std::vector<std::function<void()>> m_waiting;
 };
 
+/// A button in the menu bar that the test presses.
+class InMemoryStatusItem final : public StatusItemPort {
+public:
+    std::optional<Rect> frame; ///< of the button, while it shows
+    QString toolTip;
+
+    bool isShown() const { return m_pressed != nullptr; }
+    void press()
+    {
+        if (const auto pressed = m_pressed) // which may hide it
+            pressed();
+    }
+
+    void show(std::function<void()> pressed) override { m_pressed = std::move(pressed); }
+    void hide() override { m_pressed = {}; }
+    void setToolTip(const QString &text) override { toolTip = text; }
+    std::optional<Rect> buttonFrame() const override { return isShown() ? frame : std::nullopt; }
+
+private:
+    std::function<void()> m_pressed;
+};
+
 class InMemoryPlatform final : public Platform,
                                LoginItemPort,
                                ActivationPolicyPort,
@@ -140,6 +162,7 @@ public:
     InMemoryHotKeys keys;
     InMemoryDefaults defaults;
     InMemoryCalendar events;
+    InMemoryStatusItem menuBarItem;
     AlarmPort *alarms = nullptr;                    ///< a test that needs them brings its own
     std::set<QString> installed;                    ///< bundle identifiers
     QStringList opened;                             ///< the same
@@ -161,6 +184,7 @@ public:
     LoginItemPort &loginItem() override { return *this; }
     ActivationPolicyPort &activationPolicy() override { return *this; }
     ShellPort &shell() override { return *this; }
+    StatusItemPort *statusItem() override { return &menuBarItem; }
     ApplicationLauncherPort &launcher() override { return *this; }
     DesktopPicturePort &desktopPicture() override { return *this; }
     CalendarPort &calendar() override { return events; }
