@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MacDoubles/C/AccessibilityManners.h"
 #include "Support/InMemoryPlatform.h"
 
 #include <QString>
@@ -13,6 +14,8 @@ namespace Panorel::MacDoubles {
 /// in-memory platform, which tests furnish and read as they do everywhere else.
 struct MacDesktop {
     InMemoryPlatform platform;
+    AccessibilityManners manners;
+    QVariantList listedInFront; ///< further entries of the window list, of whatever type
 };
 
 /// The one that the doubles read and change. A test starts with a fresh one.

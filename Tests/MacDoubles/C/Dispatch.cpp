@@ -1,0 +1,140 @@
+#include "MacDoubles/C/Dispatch.h"
+#include "MacDoubles/Desktop/MacDesktop.h"
+
+#include <dispatch/dispatch.h>
+
+#include <algorithm>
+#include <memory>
+#include <vector>
+
+using namespace Panorel;
+using namespace Panorel::MacDoubles;
+
+struct dispatch_source_type_s {};
+const dispatch_source_type_s _dispatch_source_type_timer{};
+
+namespace {
+
+struct Source final : dispatch_source_s {
+    void *context = nullptr;
+    dispatch_function_t event = nullptr;
+    dispatch_function_t cancelled = nullptr;
+    dispatch_time_t start = DISPATCH_TIME_FOREVER;
+    bool isResumed = false;
+    bool isCancelled = false;
+    bool isReleased = false;
+};
+
+dispatch_queue_s mainQueue;
+std::vector<std::unique_ptr<Source>> sources;
+
+Source &sourceOf(dispatch_object_t object, const char *call)
+{
+    if (!isMainThread())
+        addFault(QLatin1String(call) + QStringLiteral(" off the main thread"));
+    const auto found =
+        std::ranges::find_if(sources, [=](const auto &source) { return source.get() == object; });
+    if (found == sources.end() || (*found)->isReleased)
+        qFatal("double of the dispatch library: %s of a source that is gone", call);
+    return **found;
+}
+
+Source *dueBy(dispatch_time_t now)
+{
+    const auto due = std::ranges::find_if(sources, [=](const auto &source) {
+        return source->isResumed && !source->isCancelled && source->start <= now;
+    });
+    return due == sources.end() ? nullptr : due->get();
+}
+
+void finishCancelled()
+{
+    for (const auto &source : sources) {
+        if (source->isCancelled && source->cancelled)
+            std::exchange(source->cancelled, nullptr)(source->context);
+    }
+    std::erase_if(sources,
+                  [](const auto &source) { return source->isCancelled && source->isReleased; });
+}
+
+} // namespace
+
+void Panorel::MacDoubles::runMainQueueUntil(Instant now)
+{
+    const auto time = std::chrono::nanoseconds(now.time_since_epoch()).count();
+    while (Source *due = dueBy(dispatch_time_t(time))) {
+        due->start = DISPATCH_TIME_FOREVER; // the interval is forever, too
+        due->event(due->context);
+    }
+    finishCancelled();
+}
+
+QStringList Panorel::MacDoubles::takeSources()
+{
+    finishCancelled();
+    QStringList left;
+    for (const auto &source : std::exchange(sources, {}))
+        left << QStringLiteral("dispatch source for %1").arg(source->start);
+    return left;
+}
+
+extern "C" {
+
+dispatch_queue_t dispatch_get_main_queue()
+{
+    return &mainQueue;
+}
+
+dispatch_time_t dispatch_walltime(const struct timespec *when, int64_t delta)
+{
+    // What its 62 bits of nanoseconds can't count is a time that never comes.
+    if (when->tv_sec <= 0 || when->tv_sec >= (std::int64_t(1) << 62) / 1'000'000'000)
+        return DISPATCH_TIME_FOREVER;
+    return dispatch_time_t(when->tv_sec * 1'000'000'000 + when->tv_nsec + delta);
+}
+
+dispatch_source_t dispatch_source_create(dispatch_source_type_t type, uintptr_t, uintptr_t,
+                                         dispatch_queue_t queue)
+{
+    if (type != DISPATCH_SOURCE_TYPE_TIMER || queue != &mainQueue)
+        return nullptr;
+    sources.push_back(std::make_unique<Source>());
+    return sources.back().get();
+}
+
+void dispatch_set_context(dispatch_object_t object, void *context)
+{
+    sourceOf(object, "dispatch_set_context").context = context;
+}
+void dispatch_source_set_event_handler_f(dispatch_source_t source, dispatch_function_t handler)
+{
+    sourceOf(source, "dispatch_source_set_event_handler_f").event = handler;
+}
+void dispatch_source_set_cancel_handler_f(dispatch_source_t source, dispatch_function_t handler)
+{
+    sourceOf(source, "dispatch_source_set_cancel_handler_f").cancelled = handler;
+}
+void dispatch_source_set_timer(dispatch_source_t source, dispatch_time_t start, uint64_t interval,
+                               uint64_t)
+{
+    if (interval != DISPATCH_TIME_FOREVER)
+        addFault(QStringLiteral("an alarm would repeat"));
+    sourceOf(source, "dispatch_source_set_timer").start = start;
+}
+void dispatch_resume(dispatch_object_t object)
+{
+    sourceOf(object, "dispatch_resume").isResumed = true;
+}
+void dispatch_source_cancel(dispatch_source_t source)
+{
+    sourceOf(source, "dispatch_source_cancel").isCancelled = true;
+}
+void dispatch_release(dispatch_object_t object)
+{
+    Source &source = sourceOf(object, "dispatch_release");
+    if (!source.isResumed)
+        addFault(QStringLiteral("a source was released before it ran"));
+    source.isReleased = true;
+}
+
+} // extern "C"

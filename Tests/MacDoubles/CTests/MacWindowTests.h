@@ -1,0 +1,265 @@
+#pragma once
+
+#include "MacDoubles/CTests/Remains.h"
+#include "PanorelMac/Support/CfText.h"
+#include "PanorelMac/Windows/MacAccessibility.h"
+#include "PanorelMac/Windows/MacWindowList.h"
+
+#include <QRectF>
+#include <QTest>
+
+#include <limits>
+
+namespace Panorel::MacDoubles {
+
+/// Windows on a Mac that answers badly: with other types, late, or not at all.
+class MacWindowTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        resetDesktop();
+        m_editor = windows().add(QStringLiteral("org.example.editor"), QStringLiteral("Editor"));
+        m_first = windows().open(m_editor, QStringLiteral("First"), {100, 120, 400, 300});
+        m_second = windows().open(m_editor, QStringLiteral("Second"), secondFrame);
+        m_port = std::make_unique<Mac::MacAccessibility>(InMemoryDesktop::ownPID);
+    }
+
+    void cleanup()
+    {
+        m_port.reset();
+        QCOMPARE(takeRemains(), QStringList());
+    }
+
+    void textIsMadeValidInBothDirections_data()
+    {
+        QTest::addColumn<QString>("given");
+        QTest::addColumn<QString>("valid");
+        const QChar high(0xD83D);
+        const QChar low(0xDCC4);
+        const QChar a(u'a');
+        const QChar replaced(QChar::ReplacementCharacter);
+        const auto text = [](std::initializer_list<QChar> units) {
+            return QString(units.begin(), qsizetype(units.size()));
+        };
+        QTest::newRow("empty") << QString() << QString();
+        QTest::newRow("pair") << text({a, high, low}) << QStringLiteral("a📄");
+        QTest::newRow("NUL") << text({a, QChar(0), a}) << text({a, QChar(0), a});
+        QTest::newRow("high at the end") << text({a, high}) << text({a, replaced});
+        QTest::newRow("high before a letter") << text({high, a}) << text({replaced, a});
+        QTest::newRow("low alone") << text({low, a}) << text({replaced, a});
+        QTest::newRow("wrong way round") << text({low, high}) << text({replaced, replaced});
+    }
+
+    void textIsMadeValidInBothDirections()
+    {
+        QFETCH(const QString, given);
+        QFETCH(const QString, valid);
+        QCOMPARE(textOf(Mac::toCfString(given).get()), valid);
+        windows().window(m_first).title = given;
+        QCOMPARE(attributes(m_first).title, valid);
+    }
+
+    void anAttributeOfTheWrongKindIsAbsentAndAlone_data()
+    {
+        QTest::addColumn<QVariant>("answer");
+        QTest::addColumn<int>("error");
+        QTest::newRow("nothing") << QVariant() << 0;
+        QTest::newRow("null") << QVariant::fromValue(nullptr) << 0;
+        QTest::newRow("number") << QVariant(1) << 0;
+        QTest::newRow("data") << QVariant(QByteArray("x")) << 0;
+        QTest::newRow("list") << QVariant(QVariantList{1}) << 0;
+        QTest::newRow("rectangle") << QVariant(QRectF(1, 2, 3, 4)) << 0;
+        QTest::newRow("refused") << QVariant() << int(kAXErrorFailure);
+        QTest::newRow("unsupported") << QVariant() << int(kAXErrorAttributeUnsupported);
+        QTest::newRow("slow once") << QVariant() << int(kAXErrorCannotComplete);
+    }
+
+    void anAttributeOfTheWrongKindIsAbsentAndAlone()
+    {
+        QFETCH(const QVariant, answer);
+        QFETCH(const int, error);
+        for (const char *name :
+             {"AXPosition", "AXSize", "AXTitle", "AXMinimized", "AXFullScreen"}) {
+            manners().answers = {{{m_first, QLatin1String(name)}, {error, answer}}};
+            const WindowAttributes read = attributes(m_first);
+            QCOMPARE(read.position.has_value() + read.size.has_value() + read.title.has_value()
+                         + read.isMinimized.has_value() + read.isFullScreen.has_value(),
+                     4);
+            const FrameReading frame = m_port->readFrame(read.element);
+            QCOMPARE(frame.position.has_value(), read.position && read.size);
+            QCOMPARE(frame.size.has_value(), read.position && read.size);
+        }
+        manners().answers = {{{0, QStringLiteral("AXWindows")}, {error, answer}},
+                             {{0, QStringLiteral("AXFocusedWindow")}, {error, answer}}};
+        QVERIFY(m_port->windows(m_editor).empty());
+        QVERIFY(!m_port->focusedWindow());
+    }
+
+    void aSizeIsNoPositionNorTheOtherWayRound()
+    {
+        manners().answers = {{{m_first, QStringLiteral("AXPosition")}, {0, QSizeF(1, 2)}},
+                             {{m_second, QStringLiteral("AXSize")}, {0, QPointF(1, 2)}}};
+        QVERIFY(!attributes(m_first).position && attributes(m_first).size);
+        QVERIFY(attributes(m_second).position && !attributes(m_second).size);
+    }
+
+    void thePositionIsSetFirstAndWhatIsAbsentIsNotTouched()
+    {
+        const auto first = attributes(m_first).element;
+        m_port->apply(first, Point{-1000, 50}, Size{640, 480});
+        m_port->apply(first, Point{1, 2}, {});
+        m_port->apply(first, {}, Size{3, 4});
+        m_port->apply(first, {}, {});
+        m_port->apply(nullptr, Point{1, 2}, Size{3, 4});
+        QStringList expected;
+        for (const char *act : {"position", "size", "position", "size"})
+            expected << QStringLiteral("%1 %2").arg(QLatin1String(act)).arg(m_first);
+        QCOMPARE(windows().journal, expected);
+        QVERIFY(windows().window(m_first).frame == (Rect{1, 2, 3, 4}));
+    }
+
+    void aHungApplicationCostsOneWaitAndIsListedWhenItIsWellAgain()
+    {
+        manners().hung = {m_editor};
+        QVERIFY(m_port->windows(m_editor).empty());
+        QCOMPARE(manners().waits, 1);
+        QCOMPARE(manners().timeOut, 0.5f);
+        manners().hung = {};
+        QCOMPARE(m_port->windows(m_editor).size(), 2u);
+    }
+
+    void anApplicationMayHangOrQuitAtAnyQuestion()
+    {
+        for (int answered = 0; answered <= 24; ++answered) {
+            for (const bool quits : {false, true}) {
+                init();
+                const auto first = attributes(m_first).element;
+                int left = answered;
+                manners().onQuestion = [&](const QString &) {
+                    if (left-- > 0)
+                        return;
+                    quits ? windows().quit(m_editor) : void(manners().hung = {m_editor});
+                };
+                m_port->windows(m_editor);
+                QVERIFY(manners().waits <= 6);
+                m_port->focus(m_port->focusedWindow());
+                m_port->apply(first, Point{1, 2}, Size{3, 4});
+                m_port->raise({first});
+                const FrameReading frame = m_port->readFrame(first);
+                QCOMPARE(frame.position && frame.size, left >= 0);
+                manners().onQuestion = {};
+            }
+        }
+    }
+
+    void withoutTrustNothingIsReadAndThePromptIsAskedFor()
+    {
+        windows().trusted = false;
+        QVERIFY(!m_port->isTrusted() && m_port->isTrustGranted());
+        QVERIFY(m_port->windows(m_editor).empty() && !m_port->focusedWindow());
+        QCOMPARE(windows().prompts, 0);
+        m_port->promptForTrust();
+        QCOMPARE(windows().prompts, 1);
+        windows().trusted = true;
+        QVERIFY(m_port->isTrusted());
+    }
+
+    void theOwnProcessIsNeverAsked()
+    {
+        const int own = windows().open(InMemoryDesktop::ownPID, QStringLiteral("Own"), secondFrame);
+        QCOMPARE(windows().focused, own);
+        QVERIFY(m_port->windows(InMemoryDesktop::ownPID).empty());
+        QVERIFY(!m_port->focusedWindow());
+    }
+
+    void theFocusGoesOnlyToAWindowThatCanHaveIt()
+    {
+        const auto second = m_port->focusedWindow();
+        windows().focused = m_first;
+        m_port->focus(second);
+        QCOMPARE(windows().focused, m_second);
+
+        const auto first = attributes(m_first).element;
+        windows().journal.clear();
+        windows().window(m_first).isMinimized = true;
+        m_port->focus(first);
+        windows().window(m_first).isMinimized = false;
+        manners().isBlank = true; // as for a window on another Space
+        m_port->focus(first);
+        manners().isBlank = false;
+        windows().applications().back().isHidden = true;
+        m_port->focus(first);
+        windows().applications().back().isHidden = false;
+        windows().close(m_first);
+        m_port->focus(first);
+        m_port->focus(nullptr);
+        QCOMPARE(windows().journal, QStringList());
+    }
+
+    void theDesktopsOwnWindowHasNoFocusToRemember()
+    {
+        windows().window(m_second).layer = -1;
+        QVERIFY(!m_port->focusedWindow());
+        windows().focused.reset();
+        QVERIFY(!m_port->focusedWindow());
+    }
+
+    void entriesOfTheWindowListAreReadByType()
+    {
+        const QString text = QStringLiteral("0");
+        desktop().listedInFront = {
+            entry(qlonglong(-2147483603), 77, bounds(3), 0),
+            entry(0.5, qlonglong(1) << 40, bounds(text), true),
+            entry(text, text, text, text),
+            entry(true, QVariantMap(), QVariantMap(), std::numeric_limits<double>::quiet_NaN()),
+            text,
+        };
+        const auto list = Mac::MacWindowList().onScreenWindows().value();
+        QCOMPARE(list.size(), 7u);
+        QVERIFY(list[0].layer == -2147483603 && list[0].ownerPID == 77 && list[0].alpha == 0.0);
+        QVERIFY(list[0].bounds == (Rect{1, 2.5, 3, 4}));
+        for (std::size_t i = 1; i < 5; ++i)
+            QVERIFY(!list[i].layer && !list[i].ownerPID && !list[i].bounds && !list[i].alpha);
+        QVERIFY(list[5].ownerPID == m_editor && list[5].bounds == secondFrame && !list[5].alpha);
+        windows().listReadable = false;
+        QVERIFY(!Mac::MacWindowList().onScreenWindows());
+    }
+
+private:
+    static constexpr Rect secondFrame{600, 200, 500, 350};
+
+    static InMemoryDesktop &windows() { return desktop().platform.desktop; }
+    static AccessibilityManners &manners() { return desktop().manners; }
+
+    static QVariantMap bounds(const QVariant &width)
+    {
+        return {{QStringLiteral("X"), 1},
+                {QStringLiteral("Y"), 2.5},
+                {QStringLiteral("Width"), width},
+                {QStringLiteral("Height"), 4}};
+    }
+
+    static QVariantMap entry(const QVariant &layer, const QVariant &pid, const QVariant &rect,
+                             const QVariant &alpha)
+    {
+        return {{QStringLiteral("kCGWindowLayer"), layer},
+                {QStringLiteral("kCGWindowOwnerPID"), pid},
+                {QStringLiteral("kCGWindowBounds"), rect},
+                {QStringLiteral("kCGWindowAlpha"), alpha}};
+    }
+
+    /// The editor's windows are listed front to back.
+    WindowAttributes attributes(int number)
+    {
+        return m_port->windows(m_editor).at(number == m_second ? 0 : 1);
+    }
+
+    ProcessIdentifier m_editor = 0;
+    int m_first = 0;
+    int m_second = 0;
+    std::unique_ptr<Mac::MacAccessibility> m_port;
+};
+
+} // namespace Panorel::MacDoubles

@@ -1,0 +1,73 @@
+#include "Contracts/AccessibilityContract.h"
+#include "Contracts/HotKeysContract.h"
+#include "Contracts/InMemoryRig.h"
+#include "Contracts/UserDefaultsContract.h"
+#include "MacDoubles/CTests/MacServiceTests.h"
+#include "MacDoubles/CTests/MacWindowTests.h"
+#include "MacDoubles/CTests/SownFaultTests.h"
+
+using namespace Panorel;
+using namespace Panorel::MacDoubles;
+
+namespace {
+
+class MacRig final : public InMemoryRig {
+public:
+    MacRig() : InMemoryRig(desktop().platform) {}
+
+    AccessibilityPort &accessibility() override { return m_accessibility; }
+    WindowListPort &windowList() override { return m_windowList; }
+
+private:
+    Mac::MacAccessibility m_accessibility{InMemoryDesktop::ownPID};
+    Mac::MacWindowList m_windowList;
+};
+
+class MacKeyboard final : public InMemoryKeyboard {
+public:
+    MacKeyboard() : InMemoryKeyboard(desktop().platform.keys) {}
+
+    HotKeyPort &hotKeys() override { return m_hotKeys; }
+    bool waitUntil(const std::function<bool()> &condition) override
+    {
+        return QTest::qWaitFor(condition);
+    }
+
+private:
+    Mac::MacHotKeys m_hotKeys;
+};
+
+/// Runs a contract suite on a fresh desktop; what it leaves behind fails it as well.
+template <typename Contract, typename Rig> int runOnTheMac()
+{
+    resetDesktop();
+    int failures = 0;
+    {
+        Rig rig;
+        Contract contract(rig);
+        failures = QTest::qExec(&contract);
+    }
+    for (const QString &left : takeRemains()) {
+        qCritical("left behind: %s", qPrintable(left));
+        ++failures;
+    }
+    return failures;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    if (argc == 3) {
+        deadlyFaults().at(QString::fromLocal8Bit(argv[2]))();
+        return 0;
+    }
+    MacWindowTests windows;
+    MacServiceTests services;
+    SownFaultTests sownFaults;
+    return runOnTheMac<AccessibilityContract, MacRig>()
+           + runOnTheMac<HotKeysContract, MacKeyboard>()
+           + runOnTheMac<UserDefaultsContract, Mac::MacUserDefaults>() + QTest::qExec(&windows)
+           + QTest::qExec(&services) + QTest::qExec(&sownFaults);
+}
