@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MacDoubles/C/AccessibilityManners.h"
+#include "MacDoubles/Desktop/MacServices.h"
 #include "Support/InMemoryPlatform.h"
 
 #include <QString>
@@ -16,6 +17,7 @@ struct MacDesktop {
     InMemoryPlatform platform;
     AccessibilityManners manners;
     QVariantList listedInFront; ///< further entries of the window list, of whatever type
+    MacServices services;
 };
 
 /// The one that the doubles read and change. A test starts with a fresh one.

@@ -1,0 +1,210 @@
+#include "MacDoubles/ObjC/MainThreadOnly.h"
+#include "MacDoubles/ObjC/WorkspaceNotifications.h"
+#include "PanorelMac/Support/NsText.h"
+
+#import <AppKit/AppKit.h>
+
+#include <thread>
+
+using namespace Panorel;
+using namespace Panorel::MacDoubles;
+using Panorel::Mac::nsText;
+using Panorel::Mac::textOf;
+
+NSNotificationName const NSWorkspaceDidLaunchApplicationNotification =
+    @"NSWorkspaceDidLaunchApplicationNotification";
+NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
+
+@implementation NSApplication
+
++ (NSApplication *)sharedApplication
+{
+    static NSApplication *application = [[NSApplication alloc] init];
+    return application;
+}
+
+- (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy
+{
+    expectMainThread(_cmd);
+    const ActivationPolicy policies[] = {ActivationPolicy::Regular, ActivationPolicy::Accessory,
+                                         ActivationPolicy::Prohibited};
+    desktop().platform.activationPolicy().setActivationPolicy(policies[activationPolicy]);
+    return YES;
+}
+
+@end
+
+/// What it was when it was asked for; only whether it is hidden follows.
+@implementation NSRunningApplication
+
+- (instancetype)initWith:(const RunningApplication &)application
+{
+    self = [super init];
+    _state = new RunningApplication(application);
+    return self;
+}
+
+- (void)dealloc
+{
+    delete static_cast<RunningApplication *>(_state);
+    [super dealloc];
+}
+
+- (const RunningApplication &)state
+{
+    return *static_cast<RunningApplication *>(_state);
+}
+
++ (NSRunningApplication *)currentApplication
+{
+    return [self runningApplicationWithProcessIdentifier:InMemoryDesktop::ownPID];
+}
+
++ (instancetype)runningApplicationWithProcessIdentifier:(pid_t)pid
+{
+    for (const RunningApplication &running : desktop().platform.desktop.runningApplications()) {
+        if (running.pid == pid)
+            return [[[self alloc] initWith:running] autorelease];
+    }
+    return nil;
+}
+
+- (pid_t)processIdentifier
+{
+    return [self state].pid;
+}
+
+- (NSString *)bundleIdentifier
+{
+    const auto &bundleID = [self state].bundleID;
+    return bundleID ? nsText(*bundleID) : nil;
+}
+
+- (NSString *)localizedName
+{
+    const auto &name = [self state].localizedName;
+    return name ? nsText(*name) : nil;
+}
+
+- (NSApplicationActivationPolicy)activationPolicy
+{
+    return NSApplicationActivationPolicy([self state].policy);
+}
+
+- (BOOL)isHidden
+{
+    NSRunningApplication *now =
+        [NSRunningApplication runningApplicationWithProcessIdentifier:[self state].pid];
+    return now && [now state].isHidden;
+}
+
+- (BOOL)hide
+{
+    desktop().platform.desktop.hide([self state].pid);
+    return [self isHidden];
+}
+
+- (BOOL)unhide
+{
+    desktop().platform.desktop.unhide([self state].pid);
+    return ![self isHidden];
+}
+
+@end
+
+@implementation NSWorkspaceOpenConfiguration
+
++ (instancetype)configuration
+{
+    return [[[self alloc] init] autorelease];
+}
+
+@end
+
+@implementation NSWorkspace
+
++ (NSWorkspace *)sharedWorkspace
+{
+    static NSWorkspace *workspace = [[NSWorkspace alloc] init];
+    // Every test has a new desktop.
+    desktop().platform.desktop.setLaunchCallback([](const RunningApplication &launched) {
+        // From elsewhere, so that who did not ask for the main queue is found out.
+        std::thread([pid = launched.pid] { [workspace announceLaunchOf:pid]; }).join();
+    });
+    return workspace;
+}
+
+- (instancetype)init
+{
+    self = [super init];
+    _center = [[WorkspaceNotifications alloc] init];
+    return self;
+}
+
+- (void)announceLaunchOf:(pid_t)pid
+{
+    @autoreleasepool {
+        NSRunningApplication *launched =
+            [NSRunningApplication runningApplicationWithProcessIdentifier:pid];
+        [_center postNotificationName:NSWorkspaceDidLaunchApplicationNotification
+                               object:self
+                             userInfo:@{NSWorkspaceApplicationKey : launched}];
+    }
+}
+
+- (NSNotificationCenter *)notificationCenter
+{
+    return _center;
+}
+
+- (NSArray<NSRunningApplication *> *)runningApplications
+{
+    NSMutableArray *all = [NSMutableArray array];
+    for (const RunningApplication &running : desktop().platform.desktop.runningApplications())
+        [all addObject:[[[NSRunningApplication alloc] initWith:running] autorelease]];
+    return all;
+}
+
+- (NSURL *)URLForApplicationWithBundleIdentifier:(NSString *)bundleIdentifier
+{
+    const QString bundleID = textOf(bundleIdentifier).value();
+    const auto location = desktop().platform.launcher().locate(bundleID);
+    return location ? [NSURL fileURLWithPath:nsText(*location)] : nil;
+}
+
+- (void)openApplicationAtURL:(NSURL *)applicationURL
+               configuration:(NSWorkspaceOpenConfiguration *)configuration
+           completionHandler:(void (^)(NSRunningApplication *app, NSError *error))completionHandler
+{
+    if (!applicationURL.isFileURL || !configuration || completionHandler)
+        addFault(QStringLiteral("an application opened other than the usual way"));
+    desktop().platform.launcher().open(textOf(applicationURL.path).value());
+}
+
+- (BOOL)openURL:(NSURL *)url
+{
+    desktop().services.openedURLs << textOf(url.absoluteString).value();
+    return YES;
+}
+
+- (BOOL)setDesktopImageURL:(NSURL *)url
+                 forScreen:(NSScreen *)screen
+                   options:(NSDictionary<NSWorkspaceDesktopImageOptionKey, id> *)options
+                     error:(NSError **)error
+{
+    expectMainThread(_cmd);
+    if (!options)
+        addFault(QStringLiteral("a desktop picture without options"));
+    MacServices &services = desktop().services;
+    const auto number =
+        [[screen.deviceDescription objectForKey:@"NSScreenNumber"] unsignedIntValue];
+    if (services.keepingTheirPicture.contains(number)) {
+        if (error)
+            *error = [NSError errorWithDomain:NSCocoaErrorDomain code:4 userInfo:nil];
+        return NO;
+    }
+    services.pictures[number] = textOf(url.path).value();
+    return YES;
+}
+
+@end

@@ -1,0 +1,171 @@
+#include "MacDoubles/Desktop/MacDesktop.h"
+#include "PanorelMac/Support/NsText.h"
+
+#import <EventKit/EventKit.h>
+
+#include <Block.h>
+
+#include <thread>
+
+using namespace Panorel;
+using namespace Panorel::MacDoubles;
+using Panorel::Mac::nsText;
+
+namespace {
+
+NSString *nsTextOrNil(const std::optional<QString> &text)
+{
+    return text ? nsText(*text) : nil;
+}
+
+Instant instantOf(NSDate *date)
+{
+    return Instant(std::chrono::milliseconds(std::int64_t(date.timeIntervalSince1970 * 1000)));
+}
+
+} // namespace
+
+@interface EventsBetween : NSPredicate {
+@public
+    Instant _from, _to;
+}
+@end
+
+@implementation EventsBetween
+@end
+
+/// The in-memory event's identifier stands for that of the whole series.
+@implementation EKEvent
+
+- (instancetype)initWith:(const CalendarEvent &)event
+{
+    self = [super init];
+    _state = new CalendarEvent(event);
+    return self;
+}
+
+- (void)dealloc
+{
+    delete static_cast<CalendarEvent *>(_state);
+    [super dealloc];
+}
+
+- (const CalendarEvent &)state
+{
+    return *static_cast<CalendarEvent *>(_state);
+}
+
+- (NSString *)eventIdentifier
+{
+    return nsTextOrNil([self state].identifier);
+}
+
+- (NSString *)title
+{
+    return nsTextOrNil([self state].title);
+}
+
+- (NSString *)location
+{
+    return nsTextOrNil([self state].location);
+}
+
+- (NSString *)notes
+{
+    return nsTextOrNil([self state].notes);
+}
+
+- (NSURL *)URL
+{
+    NSString *url = nsTextOrNil([self state].url);
+    return url ? [NSURL URLWithString:url] : nil;
+}
+
+- (NSDate *)startDate
+{
+    const auto &start = [self state].start;
+    const double milliseconds = start ? double(start->time_since_epoch().count()) : 0;
+    return start ? [NSDate dateWithTimeIntervalSince1970:milliseconds / 1000] : nil;
+}
+
+- (EKEventStatus)status
+{
+    const QString title = [self state].title.value_or(QString());
+    return desktop().services.cancelledEvents.contains(title) ? EKEventStatusCanceled
+                                                              : EKEventStatusConfirmed;
+}
+
+@end
+
+@implementation EKEventStore
+
+- (instancetype)init
+{
+    self = [super init];
+    ++desktop().services.eventStores;
+    return self;
+}
+
++ (EKAuthorizationStatus)authorizationStatusForEntityType:(EKEntityType)entityType
+{
+    if (entityType != EKEntityTypeEvent)
+        addFault(QStringLiteral("access to reminders"));
+    return EKAuthorizationStatus(desktop().platform.events.status);
+}
+
+/// The user is asked once; after that his answer stands. It comes on another thread.
+- (void)requestFullAccessToEventsWithCompletion:
+    (EKEventStoreRequestAccessCompletionHandler)completion
+{
+    CalendarAuthorization &status = desktop().platform.events.status;
+    MacServices &services = desktop().services;
+    ++services.calendarRequests;
+    if (status == CalendarAuthorization::NotDetermined)
+        status = services.grantsCalendarAccess ? CalendarAuthorization::FullAccess
+                                               : CalendarAuthorization::Denied;
+    const bool isGranted = status == CalendarAuthorization::FullAccess;
+    EKEventStoreRequestAccessCompletionHandler held = Block_copy(completion);
+    std::thread([=] {
+        @autoreleasepool {
+            NSError *denied = [NSError errorWithDomain:@"EKErrorDomain" code:29 userInfo:nil];
+            held(isGranted, isGranted ? nil : denied);
+            Block_release(held);
+        }
+    }).join();
+}
+
+- (void)requestAccessToEntityType:(EKEntityType)entityType
+                       completion:(EKEventStoreRequestAccessCompletionHandler)completion
+{
+    [self requestFullAccessToEventsWithCompletion:completion];
+}
+
+- (NSPredicate *)predicateForEventsWithStartDate:(NSDate *)startDate
+                                         endDate:(NSDate *)endDate
+                                       calendars:(NSArray<EKCalendar *> *)calendars
+{
+    if (calendars)
+        addFault(QStringLiteral("events of some calendars only"));
+    EventsBetween *between = [[[EventsBetween alloc] init] autorelease];
+    between->_from = instantOf(startDate);
+    between->_to = instantOf(endDate);
+    return between;
+}
+
+- (NSArray<EKEvent *> *)eventsMatchingPredicate:(NSPredicate *)predicate
+{
+    if (![predicate isKindOfClass:EventsBetween.class])
+        [NSException raise:NSInvalidArgumentException format:@"a predicate of another maker"];
+    NSMutableArray *found = [NSMutableArray array];
+    InMemoryCalendar &calendar = desktop().platform.events;
+    if (calendar.status != CalendarAuthorization::FullAccess)
+        return found;
+    EventsBetween *between = (EventsBetween *)predicate;
+    calendar.events(between->_from, between->_to, [&](const CalendarPort::Events &events) {
+        for (const CalendarEvent &event : events)
+            [found addObject:[[[EKEvent alloc] initWith:event] autorelease]];
+    });
+    return found;
+}
+
+@end

@@ -1,0 +1,75 @@
+#include "MacDoubles/ObjC/MainThreadOnly.h"
+#include "PanorelMac/Support/NsText.h"
+
+#import <AppKit/AppKit.h>
+
+using namespace Panorel;
+using namespace Panorel::MacDoubles;
+using Panorel::Mac::nsText;
+
+namespace {
+
+NSRect nsRect(const Rect &rect)
+{
+    return NSMakeRect(rect.x, rect.y, rect.width, rect.height);
+}
+
+} // namespace
+
+/// As it was when it was asked for.
+@implementation NSScreen
+
+- (instancetype)initWith:(const Screen &)screen
+{
+    self = [super init];
+    _state = new Screen(screen);
+    return self;
+}
+
+- (void)dealloc
+{
+    delete static_cast<Screen *>(_state);
+    [super dealloc];
+}
+
++ (NSArray<NSScreen *> *)screens
+{
+    expectMainThread(_cmd);
+    NSMutableArray *all = [NSMutableArray array];
+    for (const Screen &screen : desktop().platform.screens().screens())
+        [all addObject:[[[NSScreen alloc] initWith:screen] autorelease]];
+    return all;
+}
+
+- (const Screen &)state
+{
+    return *static_cast<Screen *>(_state);
+}
+
+- (NSRect)frame
+{
+    return nsRect([self state].frame);
+}
+
+- (NSRect)visibleFrame
+{
+    return nsRect([self state].visibleFrame);
+}
+
+- (NSString *)localizedName
+{
+    return nsText([self state].localizedName);
+}
+
+- (NSDictionary *)deviceDescription
+{
+    const std::optional<DisplayNumber> number = [self state].displayNumber;
+    if (!number)
+        return @{};
+    id value = [NSNumber numberWithUnsignedInt:*number];
+    return @{
+        @"NSScreenNumber" : desktop().services.screenNumbersAreTexts ? [value stringValue] : value
+    };
+}
+
+@end

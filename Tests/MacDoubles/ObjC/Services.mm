@@ -1,0 +1,87 @@
+#include "MacDoubles/ObjC/MainThreadOnly.h"
+
+#import <ServiceManagement/ServiceManagement.h>
+#import <Sparkle/Sparkle.h>
+
+using namespace Panorel::MacDoubles;
+
+@implementation SMAppService
+
++ (SMAppService *)mainAppService
+{
+    return [[[self alloc] init] autorelease];
+}
+
+- (BOOL)setRegistered:(bool)registered error:(NSError **)error
+{
+    if (!desktop().services.refusesLoginItems) {
+        desktop().platform.loginItem().setRegistered(registered);
+        return YES;
+    }
+    if (error)
+        *error = [NSError errorWithDomain:@"SMAppServiceErrorDomain" code:1 userInfo:nil];
+    return NO;
+}
+
+- (BOOL)registerAndReturnError:(NSError **)error
+{
+    return [self setRegistered:true error:error];
+}
+
+- (BOOL)unregisterAndReturnError:(NSError **)error
+{
+    return [self setRegistered:false error:error];
+}
+
+@end
+
+@implementation SPUUpdater
+
+- (BOOL)automaticallyChecksForUpdates
+{
+    expectMainThread(_cmd);
+    return desktop().platform.updater()->automaticallyChecksForUpdates();
+}
+
+- (void)setAutomaticallyChecksForUpdates:(BOOL)checks
+{
+    expectMainThread(_cmd);
+    desktop().platform.updater()->setAutomaticallyChecksForUpdates(checks);
+}
+
+@end
+
+@implementation SPUStandardUpdaterController
+
+- (instancetype)initWithStartingUpdater:(BOOL)startUpdater
+                        updaterDelegate:(id<SPUUpdaterDelegate>)updaterDelegate
+                     userDriverDelegate:(id<SPUStandardUserDriverDelegate>)userDriverDelegate
+{
+    expectMainThread(_cmd);
+    if (updaterDelegate || userDriverDelegate)
+        addFault(QStringLiteral("an updater with delegates"));
+    self = [super init];
+    _updater = [[SPUUpdater alloc] init];
+    desktop().services.updaterRuns = startUpdater;
+    return self;
+}
+
+- (void)dealloc
+{
+    [_updater release];
+    [super dealloc];
+}
+
+- (SPUUpdater *)updater
+{
+    return _updater;
+}
+
+- (void)checkForUpdates:(id)sender
+{
+    expectMainThread(_cmd);
+    if (desktop().services.updaterRuns)
+        desktop().platform.updater()->checkForUpdates();
+}
+
+@end

@@ -1,0 +1,84 @@
+#include "MacDoubles/ObjC/StatusBar.h"
+
+#include "MacDoubles/ObjC/MainThreadOnly.h"
+#include "MacDoubles/ObjC/Windows.h"
+
+#include <vector>
+
+using namespace Panorel;
+using namespace Panorel::MacDoubles;
+
+namespace {
+
+std::vector<NSStatusItem *> shown; ///< the bar does not keep them
+
+} // namespace
+
+@implementation NSStatusBarButton
+@end
+
+@implementation NSStatusItem
+
+@synthesize length = _length;
+
+- (instancetype)initWithLength:(CGFloat)length
+{
+    self = [super init];
+    _length = length;
+    const Rect frame = desktop().services.statusItemFrame.value_or(Rect{-9999, -9999, 24, 24});
+    _window = [[NSWindow alloc]
+        initWithContentRect:NSMakeRect(frame.x, frame.y, frame.width, frame.height)
+                  styleMask:NSWindowStyleMaskBorderless];
+    _button = [[NSStatusBarButton alloc] init];
+    _window.contentView = _button;
+    return self;
+}
+
+/// An item that nobody keeps leaves the bar.
+- (void)dealloc
+{
+    std::erase(shown, self);
+    [_window release];
+    [_button release];
+    [super dealloc];
+}
+
+- (NSStatusBarButton *)button
+{
+    expectMainThread(_cmd);
+    return _button;
+}
+
+@end
+
+@implementation NSStatusBar
+
++ (NSStatusBar *)systemStatusBar
+{
+    static NSStatusBar *bar = [[NSStatusBar alloc] init];
+    return bar;
+}
+
+- (NSStatusItem *)statusItemWithLength:(CGFloat)length
+{
+    expectMainThread(_cmd);
+    NSStatusItem *item = [[[NSStatusItem alloc] initWithLength:length] autorelease];
+    shown.push_back(item);
+    return item;
+}
+
+- (void)removeStatusItem:(NSStatusItem *)item
+{
+    expectMainThread(_cmd);
+    if (std::erase(shown, item) == 0)
+        addFault(QStringLiteral("a status item removed that does not show"));
+}
+
+- (NSStatusItem *)shownItem
+{
+    if (shown.size() > 1)
+        addFault(QStringLiteral("two status items"));
+    return shown.empty() ? nil : shown.front();
+}
+
+@end

@@ -1,0 +1,161 @@
+// The part of AppKit that the port uses, over another Foundation.
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+typedef NSString *NSNotificationName;
+typedef NSString *NSDeviceDescriptionKey;
+typedef NSString *NSWorkspaceDesktopImageOptionKey;
+
+typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
+    NSApplicationActivationPolicyRegular,
+    NSApplicationActivationPolicyAccessory,
+    NSApplicationActivationPolicyProhibited
+};
+
+@interface NSApplication : NSObject
+@property(class, readonly, strong) NSApplication *sharedApplication;
+- (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy;
+@end
+
+@interface NSRunningApplication : NSObject {
+    void *_state;
+}
+@property(readonly) pid_t processIdentifier;
+@property(readonly, copy) NSString *bundleIdentifier;
+@property(readonly, copy) NSString *localizedName;
+@property(readonly) NSApplicationActivationPolicy activationPolicy;
+@property(readonly, getter=isHidden) BOOL hidden;
+@property(class, readonly, strong) NSRunningApplication *currentApplication;
++ (instancetype)runningApplicationWithProcessIdentifier:(pid_t)pid;
+- (BOOL)hide;
+- (BOOL)unhide;
+@end
+
+@interface NSScreen : NSObject {
+    void *_state;
+}
+@property(class, readonly, copy) NSArray<NSScreen *> *screens;
+@property(readonly) NSRect frame;
+@property(readonly) NSRect visibleFrame;
+@property(readonly, copy) NSString *localizedName;
+@property(readonly, copy) NSDictionary *deviceDescription;
+@end
+
+@interface NSWorkspaceOpenConfiguration : NSObject
++ (instancetype)configuration;
+@end
+
+extern NSNotificationName const NSWorkspaceDidLaunchApplicationNotification;
+extern NSString *const NSWorkspaceApplicationKey;
+
+@interface NSWorkspace : NSObject {
+    NSNotificationCenter *_center;
+}
+@property(class, readonly, strong) NSWorkspace *sharedWorkspace;
+@property(readonly, strong) NSNotificationCenter *notificationCenter;
+@property(readonly, copy) NSArray<NSRunningApplication *> *runningApplications;
+- (NSURL *)URLForApplicationWithBundleIdentifier:(NSString *)bundleIdentifier;
+- (void)openApplicationAtURL:(NSURL *)applicationURL
+               configuration:(NSWorkspaceOpenConfiguration *)configuration
+           completionHandler:(void (^)(NSRunningApplication *app, NSError *error))completionHandler;
+- (BOOL)openURL:(NSURL *)url;
+- (BOOL)setDesktopImageURL:(NSURL *)url
+                 forScreen:(NSScreen *)screen
+                   options:(NSDictionary<NSWorkspaceDesktopImageOptionKey, id> *)options
+                     error:(NSError **)error;
+@end
+
+typedef NSInteger NSWindowLevel;
+static const NSWindowLevel NSNormalWindowLevel = 0;
+static const NSWindowLevel NSStatusWindowLevel = 25;
+
+typedef NS_OPTIONS(NSUInteger, NSWindowStyleMask) {
+    NSWindowStyleMaskBorderless = 0,
+    NSWindowStyleMaskTitled = 1 << 0,
+    NSWindowStyleMaskNonactivatingPanel = 1 << 7
+};
+
+typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior) {
+    NSWindowCollectionBehaviorDefault = 0,
+    NSWindowCollectionBehaviorCanJoinAllSpaces = 1 << 0,
+    NSWindowCollectionBehaviorFullScreenAuxiliary = 1 << 8
+};
+
+@class NSView;
+
+@interface NSWindow : NSObject {
+    NSView *_contentView;
+    NSRect _frame;
+    NSWindowStyleMask _styleMask;
+    NSWindowLevel _level;
+    NSWindowCollectionBehavior _collectionBehavior;
+    BOOL _hidesOnDeactivate, _releasedWhenClosed;
+}
+- (instancetype)initWithContentRect:(NSRect)contentRect styleMask:(NSWindowStyleMask)style;
+@property(strong) NSView *contentView;
+@property(readonly) NSRect frame;
+@property(readonly, strong) NSScreen *screen;
+@property NSWindowStyleMask styleMask;
+@property NSWindowLevel level;
+@property NSWindowCollectionBehavior collectionBehavior;
+@property BOOL hidesOnDeactivate;
+@property(getter=isReleasedWhenClosed) BOOL releasedWhenClosed;
+@end
+
+@interface NSPanel : NSWindow
+@end
+
+@interface NSView : NSObject {
+    NSWindow *_window;
+    NSString *_toolTip;
+}
+@property(readonly, assign) NSWindow *window;
+@property(copy) NSString *toolTip;
+@end
+
+@interface NSImage : NSObject {
+    NSString *_accessibilityDescription;
+    BOOL _isTemplate;
+}
++ (instancetype)imageWithSystemSymbolName:(NSString *)symbolName
+                 accessibilityDescription:(NSString *)description;
+@property(copy) NSString *accessibilityDescription;
+- (BOOL)isTemplate;
+- (void)setTemplate:(BOOL)isTemplate;
+@end
+
+@interface NSControl : NSView {
+    id _target;
+    SEL _action;
+}
+@property(assign) id target;
+@property SEL action;
+- (void)performClick:(id)sender;
+@end
+
+@interface NSButton : NSControl {
+    NSImage *_image;
+}
+@property(strong) NSImage *image;
+@end
+
+@interface NSStatusBarButton : NSButton
+@end
+
+static const CGFloat NSSquareStatusItemLength = -2;
+
+@interface NSStatusItem : NSObject {
+    NSStatusBarButton *_button;
+    NSWindow *_window;
+    CGFloat _length;
+}
+@property(readonly, strong) NSStatusBarButton *button;
+@property CGFloat length;
+@end
+
+@interface NSStatusBar : NSObject
+@property(class, readonly, strong) NSStatusBar *systemStatusBar;
+- (NSStatusItem *)statusItemWithLength:(CGFloat)length;
+- (void)removeStatusItem:(NSStatusItem *)item;
+@end
