@@ -34,10 +34,10 @@ std::vector<NSStatusItem *> shown; ///< the bar does not keep them
     return self;
 }
 
-/// An item that nobody keeps leaves the bar.
 - (void)dealloc
 {
-    std::erase(shown, self);
+    if (std::erase(shown, self) > 0)
+        addFault(QStringLiteral("a status item released that still shows"));
     [_window release];
     [_button release];
     [super dealloc];
