@@ -3,7 +3,9 @@
 add_library(panorel_options INTERFACE)
 target_compile_definitions(panorel_options INTERFACE
     QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH
-    QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400
+    # What newer versions of Qt advise against is no error here.
+    QT_WARN_DEPRECATED_UP_TO=0x060400)
 target_compile_options(panorel_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
     -Wimplicit-fallthrough -Wextra-semi -Werror
@@ -17,14 +19,16 @@ if(PANOREL_SANITIZE)
     target_link_options(panorel_options INTERFACE ${flags})
 endif()
 
-# panorel_module(NAME LINKS target...): a static library of all sources below the current folder.
-# LINKS is the whole of what the module may depend on.
+# panorel_module(NAME LINKS target... [EXCLUDE file or folder...]): a static library of all other
+# sources below the current folder. LINKS is the whole of what the module may depend on.
 function(panorel_module name)
     cmake_parse_arguments(module "" "" "LINKS;EXCLUDE" ${ARGN})
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS
-        ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+        ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp ${CMAKE_CURRENT_SOURCE_DIR}/*.h
+        ${CMAKE_CURRENT_SOURCE_DIR}/*.mm)
     foreach(excluded IN LISTS module_EXCLUDE)
-        list(REMOVE_ITEM sources ${CMAKE_CURRENT_SOURCE_DIR}/${excluded})
+        file(GLOB_RECURSE below CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${excluded}/*)
+        list(REMOVE_ITEM sources ${CMAKE_CURRENT_SOURCE_DIR}/${excluded} ${below})
     endforeach()
     add_library(${name} STATIC ${sources})
     target_link_libraries(${name} PUBLIC ${module_LINKS} PRIVATE panorel_options)

@@ -1,6 +1,7 @@
 #include "Panorel/SessionEnd.h"
 
-#include <QDBusConnection>
+#include "Panorel/Bus/SessionBus.h"
+
 #include <QGuiApplication>
 #include <QSessionManager>
 
@@ -14,16 +15,7 @@ SessionEnd::SessionEnd(std::function<void()> ending) : m_ending(std::move(ending
     connect(qApp, &QGuiApplication::saveStateRequest, this, [](QSessionManager &manager) {
         manager.setRestartHint(QSessionManager::RestartNever);
     });
-    QDBusConnection::systemBus().connect(
-        QStringLiteral("org.freedesktop.login1"), QStringLiteral("/org/freedesktop/login1"),
-        QStringLiteral("org.freedesktop.login1.Manager"), QStringLiteral("PrepareForShutdown"),
-        this, SLOT(prepareForShutdown(bool)));
-}
-
-void SessionEnd::prepareForShutdown(bool begins)
-{
-    if (begins)
-        m_ending();
+    m_shutdown = SessionBus::watchForShutdown([this] { m_ending(); });
 }
 
 } // namespace Panorel

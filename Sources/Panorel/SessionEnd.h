@@ -3,6 +3,7 @@
 #include <QObject>
 
 #include <functional>
+#include <memory>
 
 namespace Panorel {
 
@@ -15,11 +16,9 @@ public:
     /// `ending` may be called more than once. Needs a QGuiApplication.
     explicit SessionEnd(std::function<void()> ending);
 
-private Q_SLOTS:
-    void prepareForShutdown(bool begins);
-
 private:
     std::function<void()> m_ending;
+    std::unique_ptr<QObject> m_shutdown;
 };
 
 } // namespace Panorel

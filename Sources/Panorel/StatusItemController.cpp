@@ -1,9 +1,9 @@
 #include "Panorel/StatusItemController.h"
 
 #include "Panorel/AppIcon.h"
+#include "Panorel/Bus/SessionBus.h"
 #include "Panorel/Panel/PanelController.h"
 #include "Panorel/PanelModel.h"
-#include "Panorel/SessionBus.h"
 #include "PanorelPorts/ShellPort.h"
 
 #include <QCursor>
@@ -25,7 +25,7 @@ StatusItemController::StatusItemController(PanelModel &model, PanelController &p
     } else if (shell.hasEmbeddingTray() || !SessionBus::isPresent()) {
         showIcon();
     } else {
-        m_trayWatcher.emplace([this] { showIcon(); });
+        m_trayWatcher = SessionBus::watchForTray([this] { showIcon(); });
     }
 }
 

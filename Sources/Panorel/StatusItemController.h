@@ -1,13 +1,11 @@
 #pragma once
 
 #include "Panorel/StatusMenu.h"
-#include "Panorel/TrayWatcher.h"
 #include "PanorelPorts/StatusItemPort.h"
 
 #include <QSystemTrayIcon>
 
 #include <memory>
-#include <optional>
 
 namespace Panorel {
 
@@ -45,7 +43,7 @@ private:
     StatusItemPort *m_statusItem; ///< null where there is a tray instead
     VisibleFrameAt m_visibleFrameAt;
     StatusMenu m_menu;
-    std::optional<TrayWatcher> m_trayWatcher;
+    std::unique_ptr<QObject> m_trayWatcher;
     std::unique_ptr<QSystemTrayIcon> m_item; ///< absent until a tray can be there
 };
 

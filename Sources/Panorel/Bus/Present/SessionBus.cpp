@@ -1,4 +1,7 @@
-#include "Panorel/SessionBus.h"
+#include "Panorel/Bus/SessionBus.h"
+
+#include "Panorel/Bus/Present/ShutdownWatcher.h"
+#include "Panorel/Bus/Present/TrayWatcher.h"
 
 #include <QFile>
 
@@ -22,6 +25,16 @@ void SessionBus::preventAutolaunch()
 {
     if (!isPresent())
         qputenv(address, "disabled:");
+}
+
+std::unique_ptr<QObject> SessionBus::watchForTray(std::function<void()> ready)
+{
+    return std::make_unique<TrayWatcher>(std::move(ready));
+}
+
+std::unique_ptr<QObject> SessionBus::watchForShutdown(std::function<void()> ending)
+{
+    return std::make_unique<ShutdownWatcher>(std::move(ending));
 }
 
 } // namespace Panorel

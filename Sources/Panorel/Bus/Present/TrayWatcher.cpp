@@ -1,4 +1,4 @@
-#include "Panorel/TrayWatcher.h"
+#include "Panorel/Bus/Present/TrayWatcher.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
