@@ -12,7 +12,8 @@ PACKAGES_DESKTOP="xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils x
 
 PACKAGES_TEST="clang-format libasan8 libubsan1 libxcb-icccm4-dev libxcb-xtest0-dev tzdata
     gsettings-desktop-schemas cinnamon-desktop-data mate-desktop-common
-    evolution-data-server"
+    evolution-data-server
+    clang libclang-rt-14-dev libgnustep-base-dev libobjc-12-dev"
 
 PACKAGES_DEMO="x11-utils x11-apps wmctrl imagemagick geany galculator l3afpad linguist-qt6 jq
     xdotool adwaita-icon-theme hicolor-icon-theme"

@@ -1,0 +1,204 @@
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QVariant>
+#include <QXmlStreamReader>
+
+using Dictionary = QVariantMap;
+
+namespace {
+
+/// A property list's values: text, truth, a list of texts. What else there is, or is malformed,
+/// ends the test program.
+class PropertyList {
+public:
+    explicit PropertyList(const QString &path) : m_file(path)
+    {
+        if (!m_file.open(QIODevice::ReadOnly))
+            qFatal("cannot read %s", qPrintable(path));
+        m_xml.setDevice(&m_file);
+    }
+
+    Dictionary read()
+    {
+        open("plist");
+        open("dict");
+        Dictionary values;
+        while (m_xml.readNextStartElement()) {
+            expect("key");
+            const QString key = m_xml.readElementText();
+            if (values.contains(key))
+                qFatal("%s is there twice", qPrintable(key));
+            if (!m_xml.readNextStartElement())
+                qFatal("%s has no value", qPrintable(key));
+            values[key] = value();
+        }
+        while (!m_xml.atEnd()) // also what follows has to be XML
+            m_xml.readNext();
+        if (m_xml.hasError())
+            qFatal("%s: %s", qPrintable(m_file.fileName()), qPrintable(m_xml.errorString()));
+        return values;
+    }
+
+private:
+    QVariant value()
+    {
+        if (m_xml.name() == u"array") {
+            QStringList texts;
+            while (m_xml.readNextStartElement()) {
+                expect("string");
+                texts << m_xml.readElementText();
+            }
+            return texts;
+        }
+        if (m_xml.name() == u"true" || m_xml.name() == u"false") {
+            const bool truth = m_xml.name() == u"true";
+            m_xml.skipCurrentElement();
+            return truth;
+        }
+        expect("string");
+        return m_xml.readElementText();
+    }
+    void open(const char *name)
+    {
+        if (m_xml.readNextStartElement())
+            expect(name);
+    }
+    void expect(const char *name)
+    {
+        if (m_xml.name() != QLatin1String(name))
+            qFatal("%s:%lld: %s expected", qPrintable(m_file.fileName()), m_xml.lineNumber(), name);
+    }
+
+    QFile m_file;
+    QXmlStreamReader m_xml;
+};
+
+QString plistPath(const char *name)
+{
+    return QStringLiteral(PANOREL_PLISTS "/") + QLatin1String(name);
+}
+
+Dictionary infoPlist(const char *name)
+{
+    return PropertyList(plistPath(name)).read();
+}
+
+QString source(const char *path)
+{
+    return QStringLiteral(PANOREL_SOURCES "/") + QLatin1String(path);
+}
+
+} // namespace
+
+/// What makes the program a macOS bundle, as far as that can be seen without a Mac.
+class BundleTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theBundleSaysWhatItIs_data()
+    {
+        QTest::addColumn<QVariant>("expected");
+        const auto row = [](const char *key, const QVariant &expected) {
+            QTest::newRow(key) << expected;
+        };
+        row("CFBundleIdentifier", QStringLiteral("org.panorel.Panorel"));
+        row("CFBundlePackageType", QStringLiteral("APPL"));
+        row("CFBundleShortVersionString", QStringLiteral(PANOREL_VERSION));
+        row("CFBundleVersion", QStringLiteral(PANOREL_VERSION));
+        row("LSMinimumSystemVersion", QStringLiteral("13.0"));
+        row("LSUIElement", true); // no Dock icon flashes up before the preference is read
+        row("NSHighResolutionCapable", true);
+    }
+
+    void theBundleSaysWhatItIs()
+    {
+        QFETCH(QVariant, expected);
+        for (const char *name : {"plain.plist", "updating.plist"}) {
+            const QVariant value = infoPlist(name).value(QLatin1String(QTest::currentDataTag()));
+            QCOMPARE(value.metaType(), expected.metaType());
+            QCOMPARE(value, expected);
+        }
+    }
+
+    void theUserReadsWhyCalendarsAreAskedFor()
+    {
+        // Without the text that its version of macOS wants, a request ends the program.
+        const Dictionary info = infoPlist("plain.plist");
+        for (const char *key :
+             {"NSCalendarsFullAccessUsageDescription", "NSCalendarsUsageDescription"})
+            QVERIFY2(info.value(QLatin1String(key)).toString().size() > 20, key);
+    }
+
+    void theBundleSpeaksTheLanguagesOfTheTranslations()
+    {
+        QStringList languages{QStringLiteral("en")};
+        const QDir translations(source("Sources/Panorel/Translations"));
+        for (const QString &file : translations.entryList({QStringLiteral("panorel_*.ts")}))
+            languages << file.section(u'_', 1).section(u'.', 0, 0);
+        QCOMPARE(infoPlist("plain.plist").value(QStringLiteral("CFBundleLocalizations")),
+                 QVariant(languages));
+    }
+
+    void updatesAreThereOnlyWithAFeed()
+    {
+        const QString feed = QStringLiteral("SUFeedURL");
+        const QString key = QStringLiteral("SUPublicEDKey");
+        const Dictionary updating = infoPlist("updating.plist");
+        QCOMPARE(updating.value(feed).toString(),
+                 QStringLiteral("https://example.org/feed?a=1&b=<2>"));
+        QCOMPARE(updating.value(key).toString(), QStringLiteral("bm90IGEga2V5LCBhIHRlc3Q="));
+        const Dictionary plain = infoPlist("plain.plist");
+        QVERIFY(!plain.contains(feed) && !plain.contains(key));
+    }
+
+    void noPlaceholderIsLeft()
+    {
+        for (const char *name : {"plain.plist", "updating.plist"}) {
+            QFile file(plistPath(name));
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            const QByteArray text = file.readAll();
+            QVERIFY2(!text.contains('@') && !text.contains('$') && !text.contains("<string></"),
+                     text.constData());
+        }
+    }
+
+    /// A sandbox would keep the program from moving other programs' windows.
+    void calendarsAreTheOnlyEntitlement()
+    {
+        const Dictionary entitlements =
+            PropertyList(source("Packaging/macos/Panorel.entitlements")).read();
+        QCOMPARE(entitlements,
+                 (Dictionary{
+                     {QStringLiteral("com.apple.security.personal-information.calendars"), true}}));
+    }
+
+    void theIconIsDrawnInEverySize()
+    {
+        const QTemporaryDir folder;
+        const QString drawing = source("Packaging/icons/org.panorel.Panorel.svg");
+        const QString tool = QStringLiteral(PANOREL_RENDER_ICONS);
+        QCOMPARE(QProcess::execute(tool, {drawing, folder.path()}), 0);
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 10);
+        for (const int points : {16, 32, 128, 256, 512}) {
+            for (const int scale : {1, 2}) {
+                const QString name = QStringLiteral("icon_%1x%1%2.png")
+                                         .arg(points)
+                                         .arg(scale == 2 ? QStringLiteral("@2x") : QString());
+                const QImage image(folder.filePath(name));
+                QCOMPARE(image.size(), QSize(points, points) * scale);
+                QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
+                const QPoint onWindow(image.width() * 3 / 16, image.height() * 9 / 32);
+                QVERIFY2(image.pixelColor(onWindow).alpha() == 255, qPrintable(name));
+            }
+        }
+        const QString absent = folder.filePath(QStringLiteral("absent.svg"));
+        QVERIFY(QProcess::execute(tool, {absent, folder.path()}) != 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(BundleTests)
+#include "BundleTests.moc"
