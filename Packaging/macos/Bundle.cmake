@@ -2,8 +2,6 @@
 
 include(${CMAKE_CURRENT_LIST_DIR}/InfoPlist.cmake)
 
-set(PANOREL_UPDATE_FEED "" CACHE STRING "Where the updater looks for new versions, a URL")
-set(PANOREL_UPDATE_KEY "" CACHE STRING "The public key that new versions are signed with")
 set(PANOREL_SIGNING_IDENTITY "-" CACHE STRING
     "The certificate that the installed bundle is signed with; - signs without one")
 

@@ -1,0 +1,30 @@
+#include "PanorelMac/MacPlatform.h"
+
+#ifdef PANOREL_UPDATES
+#include "PanorelMac/Updates/SparkleUpdater.h"
+#endif
+
+namespace Panorel {
+
+namespace {
+
+std::unique_ptr<UpdaterPort> makeUpdater()
+{
+#ifdef PANOREL_UPDATES
+    return std::make_unique<Mac::SparkleUpdater>();
+#else
+    return nullptr;
+#endif
+}
+
+} // namespace
+
+/// The window server is always there, and the toolkit finds it by itself.
+void preparePlatform() {}
+
+std::unique_ptr<Platform> makePlatform(AppLog &, const Clock &)
+{
+    return std::make_unique<Mac::MacPlatform>(makeUpdater());
+}
+
+} // namespace Panorel

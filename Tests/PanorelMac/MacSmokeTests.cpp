@@ -1,0 +1,116 @@
+#include "PanorelEngine/Displays/DisplayWatcher.h"
+#include "PanorelPorts/Platform.h"
+#include "Support/FakeScheduler.h"
+
+#include <QTest>
+
+using namespace Panorel;
+using namespace std::chrono_literals;
+
+/// The real interfaces of macOS, as far as a session without any granted permission lets the port
+/// at them. Changes nothing that outlasts it.
+class MacSmokeTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_platform = makePlatform(m_dir.log, m_dir.clock); }
+    void cleanup() { m_platform.reset(); }
+
+    void theDisplaysMakeADesk()
+    {
+        FakeScheduler scheduler(m_dir.clock);
+        DisplayWatcher watcher(m_platform->screens(), scheduler, m_dir.log);
+        watcher.refresh();
+        QVERIFY(!watcher.currentDisplays().empty());
+        QCOMPARE(watcher.configID().size(), 32);
+        const auto screens = m_platform->screens().screens();
+        QVERIFY(screens.at(0).displayNumber.has_value());
+        QCOMPARE(screens.at(0).frame.x, 0.0);
+        QCOMPARE(screens.at(0).frame.y, 0.0);
+        QVERIFY(m_platform->screens().identity(*screens.at(0).displayNumber).uuid.has_value());
+    }
+
+    void theFinderRunsAndCanBeFound()
+    {
+        const QString finder = QStringLiteral("com.apple.finder");
+        const auto applications = m_platform->workspace().runningApplications();
+        const auto found = std::ranges::find(applications, finder, &RunningApplication::bundleID);
+        QVERIFY(found != applications.end());
+        QVERIFY(found->policy == ActivationPolicy::Regular);
+        QVERIFY(found->localizedName.has_value());
+        QVERIFY(m_platform->launcher().locate(finder).has_value());
+        QVERIFY(!m_platform->launcher().locate(QStringLiteral("org.example.absent")));
+    }
+
+    void windowsAreListedAndReadOnlyWithPermission()
+    {
+        AccessibilityPort &accessibility = m_platform->accessibility();
+        const auto listed = m_platform->windowList().onScreenWindows();
+        QVERIFY(listed.has_value());
+        for (const WindowListEntry &entry : *listed)
+            QVERIFY(entry.layer && entry.ownerPID && entry.bounds && entry.alpha);
+        if (accessibility.isTrusted())
+            return;
+        for (const RunningApplication &application : m_platform->workspace().runningApplications())
+            QVERIFY(accessibility.windows(application.pid).empty());
+    }
+
+    void preferencesKeepTheirTypes()
+    {
+        UserDefaultsPort &defaults = m_platform->userDefaults();
+        const QString key = QStringLiteral("smokeTest");
+        defaults.setBoolean(key, true);
+        QCOMPARE(defaults.boolean(key), std::optional(true));
+        QCOMPARE(defaults.number(key), std::optional<double>());
+        defaults.setNumber(key, 1.5);
+        QCOMPARE(defaults.number(key), std::optional(1.5));
+        defaults.setData(key, QByteArray("\0\x01", 2));
+        QCOMPARE(defaults.data(key), std::optional(QByteArray("\0\x01", 2)));
+        defaults.setText(key, QStringLiteral("größer"));
+        QCOMPARE(defaults.text(key), std::optional(QStringLiteral("größer")));
+        defaults.remove(key);
+        QVERIFY(!defaults.contains(key));
+        QVERIFY(!m_platform->systemPreferences()->value(QStringLiteral("org.example.absent"), key));
+    }
+
+    void aHotKeyIsTakenAndGivenBack()
+    {
+        HotKeyPort &keys = m_platform->hotKeys();
+        keys.setPressedCallback([](HotKeyNumber) {});
+        const HotKeyCombo f19{80, HotKeyCombo::shift | HotKeyCombo::command | HotKeyCombo::option};
+        for (int i = 0; i < 2; ++i)
+            QVERIFY(keys.registerHotKey(f19, 1));
+    }
+
+    void anAlarmRings()
+    {
+        bool hasRung = false;
+        const auto alarm = m_platform->alarm().runAt(
+            std::chrono::time_point_cast<Instant::duration>(std::chrono::system_clock::now()),
+            [&] { hasRung = true; });
+        QVERIFY(QTest::qWaitFor([&] { return hasRung; }));
+    }
+
+    void calendarsSayWhetherTheyMayBeRead()
+    {
+        const int status = int(m_platform->calendar().authorization());
+        QVERIFY(status >= 0 && status <= int(CalendarAuthorization::WriteOnly));
+    }
+
+    void theStatusItemShowsInTheMenuBar()
+    {
+        StatusItemPort &item = *m_platform->statusItem();
+        item.setToolTip(QStringLiteral("Panorel"));
+        item.show([] {});
+        QVERIFY(QTest::qWaitFor([&] { return item.buttonFrame().has_value(); }));
+        item.hide();
+        QVERIFY(!item.buttonFrame());
+    }
+
+private:
+    TestDataDir m_dir;
+    std::unique_ptr<Platform> m_platform;
+};
+
+QTEST_MAIN(MacSmokeTests)
+#include "MacSmokeTests.moc"
