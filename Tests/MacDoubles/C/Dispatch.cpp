@@ -1,4 +1,6 @@
 #include "MacDoubles/C/Dispatch.h"
+
+#include "MacDoubles/C/CfObjects.h"
 #include "MacDoubles/Desktop/MacDesktop.h"
 
 #include <dispatch/dispatch.h>
@@ -35,7 +37,7 @@ Source &sourceOf(dispatch_object_t object, const char *call)
     const auto found =
         std::ranges::find_if(sources, [=](const auto &source) { return source.get() == object; });
     if (found == sources.end() || (*found)->isReleased)
-        qFatal("double of the dispatch library: %s of a source that is gone", call);
+        stopTest(QLatin1String(call) + QStringLiteral(" of a source that is gone"));
     return **found;
 }
 
