@@ -150,7 +150,9 @@ private Q_SLOTS:
     {
         Program program;
         program.panel.onStash();
+        QVERIFY(!program.mac.desktop.window(program.mail).isVisible());
         program.panel.onStash();
+        QVERIFY(program.mac.desktop.window(program.mail).isVisible());
         program.scheduler.advance(1min);
         const QByteArray learned = program.learned();
         program.mac.desktop.trusted = false;
