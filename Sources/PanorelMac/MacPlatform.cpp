@@ -19,6 +19,13 @@ std::unique_ptr<UpdaterPort> makeUpdater()
 
 } // namespace
 
+std::vector<LinkedLibrary> Mac::MacPlatform::libraries() const
+{
+    if (!m_updater)
+        return {}; // the rest is part of the system
+    return {{QStringLiteral("Sparkle"), Licence::MIT}};
+}
+
 /// The window server is always there, and the toolkit finds it by itself.
 void preparePlatform() {}
 

@@ -42,6 +42,7 @@ public:
     AlarmPort &alarm() override { return m_alarm; }
     SystemPreferencesPort *systemPreferences() override { return &m_systemPreferences; }
     UpdaterPort *updater() override { return m_updater.get(); }
+    std::vector<LinkedLibrary> libraries() const override;
 
     /// The window server ends the program when it goes.
     void setLostCallback(std::function<void(const QString &reason)>) override {}
