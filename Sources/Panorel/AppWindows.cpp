@@ -21,7 +21,8 @@ AppWindows::AppWindows(AppController &controller, PanelModel &panelModel,
       m_onboarding(services.prefs, controller.permission(), services.scheduler,
                    {.saveScene = [this] { return m_model.addSceneFromCurrentWindows().name; },
                     .openPanel = openPanel,
-                    .openShortcuts = [this] { m_settings.show(SettingsSection::Shortcuts); }})
+                    .openShortcuts = [this] { m_settings.show(SettingsSection::Shortcuts); },
+                    .isInMenuBar = services.platform.statusItem() != nullptr})
 {
     m_panelModel.onOpenSettings = [this] { m_settings.show(); };
     m_panelModel.onOpenShortcuts = [this] { m_settings.show(SettingsSection::Shortcuts); };
@@ -52,6 +53,8 @@ SettingsEnvironment AppWindows::environment()
     environment.keyCodeOf = [this](quint32 nativeScanCode, quint32 nativeVirtualKey) {
         return m_services.platform.hotKeys().keyCodeOf(nativeScanCode, nativeVirtualKey);
     };
+    environment.isCommandReportedAsControl =
+        m_services.platform.hotKeys().isCommandReportedAsControl();
     environment.makePane = [this](SettingsSection section) { return makePane(section); };
     environment.hasDock = m_services.platform.activationPolicy().hasDock();
     environment.libraries = m_services.platform.libraries();

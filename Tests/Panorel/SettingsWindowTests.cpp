@@ -421,6 +421,24 @@ private Q_SLOTS:
         QCOMPARE(settings.program.platform.keys.registered.size(), 3u);
     }
 
+    void commandIsRecordedWhereTheToolkitCallsItControl()
+    {
+        SettingsEnvironment mac;
+        mac.isCommandReportedAsControl = true;
+        mac.keyCodeOf = [](quint32, quint32 virtualKey) { return virtualKey; };
+        HotKeyRecorder recorder(mac, &HotKeyCombo::displayString);
+        std::optional<HotKeyCombo> recorded;
+        connect(&recorder, &HotKeyRecorder::recorded, this,
+                [&](const auto &combo) { recorded = combo; });
+        for (const auto &[reported, meant] : {std::pair{Qt::ControlModifier, HotKeyCombo::command},
+                                              {Qt::MetaModifier, HotKeyCombo::control}}) {
+            QTest::mouseClick(&recorder, Qt::LeftButton);
+            press(recorder, Qt::Key_D, reported | Qt::AltModifier, 2);
+            QVERIFY(recorded);
+            QCOMPARE(recorded->modifiers, meant | HotKeyCombo::option);
+        }
+    }
+
     void scenesHaveKeysAsLongAsTheyExist()
     {
         Settings settings;

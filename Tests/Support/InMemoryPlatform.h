@@ -96,6 +96,7 @@ public:
         const bool isKey = nativeScanCode >= 8 && nativeScanCode - 8 <= lastKeyCode;
         return isKey ? std::optional(nativeScanCode - 8) : std::nullopt;
     }
+    bool isCommandReportedAsControl() const override { return false; }
     QString text(const HotKeyCombo &combo) const override { return combo.pcString(); }
 
 private:

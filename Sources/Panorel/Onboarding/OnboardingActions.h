@@ -14,6 +14,8 @@ struct OnboardingActions {
     std::function<void()> openPanel;
     /// Shows where keys are set.
     std::function<void()> openShortcuts;
+    /// The program's icon is in a menu bar, which is always there, and not in a tray.
+    bool isInMenuBar = false;
 };
 
 } // namespace Panorel

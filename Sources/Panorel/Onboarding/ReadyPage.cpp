@@ -75,9 +75,13 @@ Card *ReadyPage::makePermissionCard()
 Card *ReadyPage::makeTrayCard()
 {
     auto *card = new Card;
-    card->body()->addWidget(new SymbolText(
-        Symbol::Layouts, tr("Panorel sits in the tray"),
-        tr("Click its icon to open the panel. Without a tray, start Panorel once more.")));
+    card->body()->addWidget(
+        m_actions.isInMenuBar
+            ? new SymbolText(Symbol::Layouts, tr("Panorel sits in the menu bar"),
+                             tr("Click its icon to open the panel."))
+            : new SymbolText(
+                Symbol::Layouts, tr("Panorel sits in the tray"),
+                tr("Click its icon to open the panel. Without a tray, start Panorel once more.")));
     QBoxLayout *rows = makeRows();
     rows->addWidget(m_openPanel);
     card->body()->addLayout(rows);

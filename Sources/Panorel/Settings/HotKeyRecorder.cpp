@@ -49,6 +49,13 @@ quint32 modifiersOf(const QKeyEvent &event)
     return held & ~modifierOf(event.key());
 }
 
+quint32 withControlAndCommandSwapped(quint32 modifiers)
+{
+    constexpr quint32 both = HotKeyCombo::control | HotKeyCombo::command;
+    const quint32 held = modifiers & both;
+    return held == 0 || held == both ? modifiers : modifiers ^ both;
+}
+
 /// F1 to F20: nobody types with them, so they may stand alone.
 bool isFunctionKey(quint32 keyCode)
 {
@@ -172,6 +179,8 @@ void HotKeyRecorder::onKey(const QKeyEvent &event)
     if (event.isAutoRepeat())
         return;
     m_held = modifiersOf(event);
+    if (m_environment.isCommandReportedAsControl)
+        m_held = withControlAndCommandSwapped(m_held);
     describe();
     if (event.type() == QEvent::KeyRelease || modifierOf(event.key()))
         return;

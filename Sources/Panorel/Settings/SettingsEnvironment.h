@@ -22,6 +22,8 @@ struct SettingsEnvironment {
     /// As HotKeyPort::keyCodeOf().
     std::function<std::optional<quint32>(quint32 nativeScanCode, quint32 nativeVirtualKey)>
         keyCodeOf;
+    /// As in HotKeyPort.
+    bool isCommandReportedAsControl = false;
     /// The panes that are not made here, each once, when it is first shown. Null: an empty page.
     std::function<QWidget *(SettingsSection section)> makePane;
     /// Whether there is a Dock for an icon.

@@ -647,6 +647,14 @@
         <source>A scene keeps the windows as they are now. Save one, then set its key.</source>
         <translation>Eine Szene hält die Fenster fest, wie sie jetzt stehen. Sichern Sie eine und legen Sie dann ihre Taste fest.</translation>
     </message>
+    <message>
+        <source>Panorel sits in the menu bar</source>
+        <translation>Panorel sitzt in der Menüleiste</translation>
+    </message>
+    <message>
+        <source>Click its icon to open the panel.</source>
+        <translation>Ein Klick auf das Symbol öffnet die Übersicht.</translation>
+    </message>
 </context>
 <context>
     <name>Panorel::RestoreArea</name>

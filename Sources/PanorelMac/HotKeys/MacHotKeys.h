@@ -26,6 +26,7 @@ public:
     /// The virtual key is the key code here.
     std::optional<quint32> keyCodeOf(quint32 nativeScanCode,
                                      quint32 nativeVirtualKey) const override;
+    bool isCommandReportedAsControl() const override { return true; }
     QString text(const HotKeyCombo &combo) const override { return combo.displayString(); }
 
 private:

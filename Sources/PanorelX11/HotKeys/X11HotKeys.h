@@ -22,6 +22,7 @@ public:
                                                        HotKeyNumber number) override;
     std::optional<quint32> keyCodeOf(quint32 nativeScanCode,
                                      quint32 nativeVirtualKey) const override;
+    bool isCommandReportedAsControl() const override { return false; }
     QString text(const HotKeyCombo &combo) const override { return combo.pcString(); }
 
 private:
