@@ -39,7 +39,8 @@ public:
     virtual std::optional<quint32> keyCodeOf(quint32 nativeScanCode,
                                              quint32 nativeVirtualKey) const = 0;
 
-    /// Whether the toolkit reports the Command key of this platform as Control, and Control as Meta.
+    /// Whether the toolkit reports the Command key of this platform as Control, and Control as
+    /// Meta.
     virtual bool isCommandReportedAsControl() const = 0;
 
     /// The combination as the platform's users know it: "⌥⇧S" or "Alt+Shift+S".
