@@ -1,4 +1,4 @@
-#include "Panorel/Settings/AddTriggerSheet.h"
+#include "Panorel/Records.h"
 #include "Panorel/Settings/AutomationPane.h"
 #include "Panorel/Settings/ScenePicker.h"
 #include "Panorel/SettingsProgram.h"
@@ -16,21 +16,12 @@ struct Pane {
     AutomationPane pane{program.model};
     ViewProbe view{pane};
 
-    void open()
+    void open() { view.open({700, 560}); }
+    ViewProbe openSheet()
     {
-        pane.resize(700, 560);
-        pane.show();
-        QVERIFY(QTest::qWaitForWindowActive(&pane));
-        ViewProbe::settle();
-    }
-    /// The sheet that is open for a new trigger.
-    static ViewProbe sheet()
-    {
-        QWidget *window = QApplication::activeModalWidget();
-        if (!qobject_cast<AddTriggerSheet *>(window))
-            qFatal("no sheet");
-        ViewProbe::settle();
-        return {*window};
+        open();
+        view.click("Add trigger…");
+        return ViewProbe::dialog();
     }
     std::vector<TriggerRecord> triggers() { return program.model.triggers(); }
     void add(const QUuid &scene, const TriggerKind &kind)
@@ -40,7 +31,6 @@ struct Pane {
 };
 
 const TriggerKind everyMorning{TimeTrigger{9, 5, {}}};
-const TriggerKind beforeMeetings{CalendarVideoTrigger{5}};
 
 } // namespace
 
@@ -57,8 +47,9 @@ private Q_SLOTS:
         const QUuid mail = test.program.addScene("Mail").id;
         test.open();
         test.view.photograph("automation-empty");
-        test.view.click("Add trigger…");
-        const ViewProbe sheet = Pane::sheet();
+        QVERIFY(test.view.tabTo(test.view.find("Add trigger…")));
+        test.view.press(Qt::Key_Return);
+        const ViewProbe sheet = ViewProbe::dialog();
         QVERIFY(sheet.reads("No days selected means every day."));
         QStringList days;
         for (const ActionControl *control : sheet.shown<ActionControl>()) {
@@ -66,19 +57,22 @@ private Q_SLOTS:
                 days << control->title();
         }
         QCOMPARE(days.join(u' '), QStringLiteral("Mo Di Mi Do Fr Sa So"));
-        sheet.shown<QTimeEdit>().at(0)->setTime(QTime(17, 30));
-        sheet.click("So");
-        sheet.click("Mo");
-        auto *scenes = sheet.shown<ScenePicker>().at(0);
-        scenes->setFocus();
-        QTest::keyClick(scenes, Qt::Key_Down);
+        QVERIFY(sheet.tabTo(sheet.shown<QTimeEdit>().at(0)));
+        sheet.press(Qt::Key_Up); // the hour
+        for (const char *day : {"Mo", "So"}) {
+            QVERIFY(sheet.tabTo(sheet.find(day)));
+            sheet.press(Qt::Key_Space);
+        }
+        QVERIFY(sheet.tabTo(sheet.shown<ScenePicker>().at(0)));
+        sheet.press(Qt::Key_Down);
         sheet.photograph("automation-sheet");
-        sheet.click("Add trigger");
+        QVERIFY(sheet.tabTo(sheet.find("Add trigger")));
+        sheet.press(Qt::Key_Return);
         QCOMPARE(test.triggers().size(), 1u);
         const TriggerRecord trigger = test.triggers().at(0);
-        QCOMPARE(trigger.kind, (TriggerKind{TimeTrigger{17, 30, {1, 2}}}));
+        QCOMPARE(trigger.kind, (TriggerKind{TimeTrigger{10, 0, {1, 2}}}));
         QCOMPARE(trigger.sceneID, mail);
-        QVERIFY(trigger.enabled && test.view.reads("At 17:30 on Sun, Mon"));
+        QVERIFY(trigger.enabled && test.view.reads("At 10:00 on Sun, Mon"));
     }
 
     void aMeetingTriggerAsksForTheCalendar()
@@ -86,18 +80,18 @@ private Q_SLOTS:
         Pane test;
         test.program.platform.events.status = CalendarAuthorization::Denied;
         test.program.addScene("Writing");
-        test.open();
-        test.view.click("Add trigger…");
-        const ViewProbe sheet = Pane::sheet();
+        const ViewProbe sheet = test.openSheet();
         QVERIFY(!sheet.find("Grant calendar access…"));
-        sheet.click("Before a meeting");
+        QVERIFY(sheet.tabTo(sheet.find("At a time")));
+        sheet.press(Qt::Key_Right);
         QVERIFY(sheet.reads("Calendar access needed"));
         auto *lead = sheet.shown<QSpinBox>().at(0);
         QVERIFY(lead->minimum() == 0 && lead->maximum() == 60);
-        lead->setValue(60);
+        QVERIFY(sheet.tabTo(lead));
+        sheet.press(Qt::Key_Up);
         sheet.photograph("automation-sheet-meeting");
         sheet.click("Add trigger");
-        QCOMPARE(test.triggers().at(0).kind, TriggerKind{CalendarVideoTrigger{60}});
+        QCOMPARE(test.triggers().at(0).kind, TriggerKind{CalendarVideoTrigger{6}});
 
         QVERIFY(test.view.reads("Calendar access needed"));
         test.view.click("Grant calendar access…"); // refused
@@ -110,9 +104,7 @@ private Q_SLOTS:
     void withoutScenesTheSheetSaysSoAndMakesOne()
     {
         Pane test;
-        test.open();
-        test.view.click("Add trigger…");
-        const ViewProbe sheet = Pane::sheet();
+        const ViewProbe sheet = test.openSheet();
         QVERIFY(sheet.reads("There is no scene to apply yet."));
         QVERIFY(!sheet.find("Add trigger")->isEnabled());
         sheet.photograph("automation-sheet-no-scenes");
@@ -127,12 +119,6 @@ private Q_SLOTS:
     void theChosenSceneStaysChosenWhileOthersComeAndGo()
     {
         ScenePicker picker;
-        const auto scene = [](const char *name) {
-            SceneRecord record;
-            record.id = QUuid::createUuidV5(QUuid(), QLatin1String(name));
-            record.name = QLatin1String(name);
-            return record;
-        };
         const SceneRecord first = scene("first"), second = scene("second"), third = scene("third");
         picker.setGroups({{{}, {}, true, {first, second}}});
         QCOMPARE(picker.scene(), first.id);
@@ -150,71 +136,29 @@ private Q_SLOTS:
         QCOMPARE(picker.scene(), std::nullopt);
     }
 
-    void everythingIsDoneByKeyboard()
-    {
-        Pane test;
-        test.program.addScene("Writing");
-        const QUuid mail = test.program.addScene("Mail").id;
-        test.open();
-        QVERIFY(test.view.tabTo(test.view.find("Add trigger…")));
-        test.view.press(Qt::Key_Return);
-        const ViewProbe sheet = Pane::sheet();
-        QVERIFY(sheet.tabTo(sheet.shown<QTimeEdit>().at(0)));
-        sheet.press(Qt::Key_Up); // the hour
-        QVERIFY(sheet.tabTo(sheet.find("Di")));
-        sheet.press(Qt::Key_Space);
-        QVERIFY(sheet.tabTo(sheet.shown<ScenePicker>().at(0)));
-        sheet.press(Qt::Key_Down);
-        QVERIFY(sheet.tabTo(sheet.find("Add trigger")));
-        sheet.press(Qt::Key_Return);
-        QCOMPARE(test.triggers().at(0).kind, (TriggerKind{TimeTrigger{10, 0, {3}}}));
-        QCOMPARE(test.triggers().at(0).sceneID, mail);
-
-        ViewProbe::settle();
-        QVERIFY(test.view.tabTo(test.view.find("Add trigger…")));
-        test.view.press(Qt::Key_Space);
-        const ViewProbe second = Pane::sheet();
-        QVERIFY(second.tabTo(second.find("At a time")));
-        second.press(Qt::Key_Right);
-        QVERIFY(second.tabTo(second.shown<QSpinBox>().at(0)));
-        second.press(Qt::Key_Up);
-        QVERIFY(second.tabTo(second.find("Add trigger")));
-        second.press(Qt::Key_Space);
-        QCOMPARE(test.triggers().at(1).kind, TriggerKind{CalendarVideoTrigger{6}});
-
-        ViewProbe::settle();
-        const QByteArray meeting = test.triggers().at(1).kind.description().toUtf8();
-        QVERIFY(test.view.tabTo(test.view.find(meeting)));
-        test.view.press(Qt::Key_Space);
-        QVERIFY(!test.triggers().at(1).enabled);
-        test.view.press(Qt::Key_Tab); // to what removes it
-        test.view.press(Qt::Key_Return);
-        QCOMPARE(test.triggers().size(), 1u);
-        test.view.press(Qt::Key_Space); // at once: the way back
-        QCOMPARE(test.triggers().size(), 2u);
-    }
-
     void triggersAreSwitchedRemovedAndBroughtBack()
     {
         Pane test;
         const QUuid scene = test.program.addScene("Writing").id;
         test.add(scene, everyMorning);
-        test.add(scene, beforeMeetings);
+        test.add(scene, {CalendarVideoTrigger{5}});
         test.add(QUuid::createUuid(), {TimeTrigger{18, 0, {2, 3, 4, 5, 6}}});
         test.open();
         QVERIFY(test.view.reads("deleted scene"));
         const QByteArray when = everyMorning.description().toUtf8();
         QVERIFY(test.view.find(when)->isChecked());
-        test.view.find(when)->setFocus(Qt::TabFocusReason);
-        QTest::keyClick(test.view.find(when), Qt::Key_Space);
+        QVERIFY(test.view.tabTo(test.view.find(when)));
+        test.view.press(Qt::Key_Space);
         QVERIFY(!test.triggers().at(0).enabled && test.view.find(when)->hasFocus());
         test.program.platform.events.status = CalendarAuthorization::NotDetermined;
         test.program.model.refresh();
         test.view.photograph("automation");
-        test.view.click("Remove");
+        test.view.press(Qt::Key_Tab); // to what removes it
+        test.view.press(Qt::Key_Return);
         QCOMPARE(test.triggers().size(), 2u);
         QVERIFY(!test.view.find(when));
-        test.view.click("Undo");
+        test.view.press(Qt::Key_Space); // at once: the way back
+        QCOMPARE(test.triggers().size(), 3u);
         QCOMPARE(test.triggers().at(2).kind, everyMorning);
         QVERIFY(!test.triggers().at(2).enabled && !test.view.find(when)->isChecked());
     }

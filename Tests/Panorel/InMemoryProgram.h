@@ -49,8 +49,11 @@ struct Program {
         prefs = std::make_unique<Prefs>(platform.defaults, platform.activationPolicy(),
                                         platform.loginItem());
         watcher = std::make_unique<DisplayWatcher>(platform.display, scheduler, dir.log);
-        controller = std::make_unique<AppController>(
-            panel, AppServices{platform, *watcher, hotKeys, *prefs, scheduler, dir.log, dir.clock});
+        controller = std::make_unique<AppController>(panel, services());
+    }
+    AppServices services()
+    {
+        return {platform, *watcher, hotKeys, *prefs, scheduler, dir.log, dir.clock};
     }
     void plugDock() { platform.display.plug(QStringLiteral("Dock"), {1440, 0, 1920, 1080}, 9); }
     void dock()
@@ -68,6 +71,7 @@ struct Program {
     Rect mailFrame() { return desktop.window(mail).frame; }
     std::vector<Layout> layouts() { return LayoutStore(dir.log, dir.clock).allLayouts(); }
     Rect learnedMailFrame() { return layouts().at(0).windows.at(0).frame; }
+    UsageData usage() { return UsageStore(dir.log, dir.clock).data(); }
     bool logged(const char *line) { return dir.logged().contains(QString::fromUtf8(line)); }
 };
 

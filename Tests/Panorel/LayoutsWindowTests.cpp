@@ -1,6 +1,7 @@
 #include "Panorel/Layouts/LayoutsWindow.h"
 #include "Panorel/Layouts/LayoutsWindowController.h"
 #include "Panorel/Layouts/RulesModel.h"
+#include "Panorel/Records.h"
 #include "Panorel/SettingsProgram.h"
 #include "Panorel/UI/NameField.h"
 #include "Panorel/UI/TimeInWords.h"
@@ -20,18 +21,8 @@ Layout desk(const char *name, int windows)
     Layout layout;
     layout.configID = layout.name = QString::fromUtf8(name);
     layout.savedAt = FakeClock().now();
-    layout.displays = {{QStringLiteral("a"),
-                        QStringLiteral("a"),
-                        QStringLiteral("Built-in Display"),
-                        true,
-                        {0, 360, 1440, 900},
-                        {0, 360, 1440, 900}},
-                       {QStringLiteral("b"),
-                        QStringLiteral("b"),
-                        QStringLiteral("U2720Q"),
-                        false,
-                        {1440, 0, 2560, 1440},
-                        {1440, 0, 2560, 1440}}};
+    layout.displays = {display("Built-in Display", {0, 360, 1440, 900}),
+                       display("U2720Q", {1440, 0, 2560, 1440})};
     for (int i = 0; i < windows; ++i) {
         const QString application = QStringLiteral("App %1").arg(i, 4, 10, QLatin1Char('0'));
         const double x = 40 + i * 631 % 3200;
@@ -60,7 +51,6 @@ struct Window {
         ViewProbe::settle();
         return {*controller->window()};
     }
-    static ViewProbe dialog() { return {*QApplication::activeModalWidget()}; }
 };
 
 } // namespace
@@ -107,38 +97,25 @@ private Q_SLOTS:
         QCOMPARE(view.shown<QWidget>(QStringLiteral("currentDesk")).size(), 1);
         QVERIFY(view.reads("1 window, last learned just now"));
         view.photograph("layouts-desks");
-        NameField *office = view.shown<NameField>().at(1);
-        office->setFocus(Qt::TabFocusReason);
-        office->setText(QStringLiteral("Desk 5"));
+        QVERIFY(view.tabTo(view.shown<NameField>().at(1)));
+        for (const Qt::Key key : {Qt::Key_A, Qt::Key_B}) // in place of all
+            view.press(key);
         test.program.dir.clock.advance(5min);
         test.program.model.refresh(); // does not disturb
-        QTest::keyClick(office, Qt::Key_Return);
-        QCOMPARE(names(), QStringLiteral("Desk setup|Desk 5|Home"));
-        QVERIFY(view.reads("1 window, last learned 5 minutes ago"));
-        QCOMPARE(test.program.model.deskName(QStringLiteral("Office")), QStringLiteral("Desk 5"));
-
-        view.click("Forget…", 1);
-        QVERIFY(Window::dialog().reads("Forget “Desk 5”?"));
-        Window::dialog().click("Forget");
-        QCOMPARE(names(), QStringLiteral("Desk setup|Home"));
-    }
-
-    void desksAreNamedAndForgottenByKeyboard()
-    {
-        Window test({desk("Office", 12), desk("Home", 1)});
-        const ViewProbe view = test.open();
-        QVERIFY(view.tabTo(view.shown<NameField>().at(1)));
-        for (const Qt::Key key : {Qt::Key_A, Qt::Key_B, Qt::Key_Return}) // in place of all
-            view.press(key);
-        QCOMPARE(test.program.model.deskName(QStringLiteral("Office")), QStringLiteral("ab"));
-        QVERIFY(view.tabTo(view.find("Forget…", 2)));
-        view.press(Qt::Key_Space);
-        Window::dialog().press(Qt::Key_Escape);
-        QCOMPARE(test.program.model.layouts().size(), 3u);
         view.press(Qt::Key_Return);
-        QVERIFY(Window::dialog().tabTo(Window::dialog().find("Forget")));
-        Window::dialog().press(Qt::Key_Return);
-        QCOMPARE(test.program.model.layouts().size(), 2u);
+        QCOMPARE(names(), QStringLiteral("Desk setup|ab|Home"));
+        QVERIFY(view.reads("1 window, last learned 5 minutes ago"));
+        QCOMPARE(test.program.model.deskName(QStringLiteral("Office")), QStringLiteral("ab"));
+
+        QVERIFY(view.tabTo(view.find("Forget…", 1)));
+        view.press(Qt::Key_Space);
+        QVERIFY(ViewProbe::dialog().reads("Forget “ab”?"));
+        ViewProbe::dialog().press(Qt::Key_Escape);
+        QCOMPARE(names(), QStringLiteral("Desk setup|ab|Home"));
+        view.press(Qt::Key_Return);
+        QVERIFY(ViewProbe::dialog().tabTo(ViewProbe::dialog().find("Forget")));
+        ViewProbe::dialog().press(Qt::Key_Return);
+        QCOMPARE(names(), QStringLiteral("Desk setup|Home"));
         QVERIFY(view.tabTo(view.find("Desks")));
         view.press(Qt::Key_Right);
         QVERIFY(test.program.model.layoutsSection() == LayoutsSection::Scenes);
@@ -155,7 +132,7 @@ private Q_SLOTS:
         view.click("Apply");
         QCOMPARE(test.program.model.usage().sceneSwitches, 1);
         view.click("Delete…");
-        Window::dialog().click("Delete");
+        ViewProbe::dialog().click("Delete");
         QCOMPARE(test.program.sceneNames(), QStringList{QStringLiteral("Away")});
         QVERIFY(view.find("Undo"));
     }
@@ -201,55 +178,43 @@ private Q_SLOTS:
         view.photograph("layouts-rules-none");
     }
 
-    void aThousandWindowsTakeNoMoreWidgetsThanTen_data()
-    {
-        QTest::addColumn<LayoutsSection>("section");
-        QTest::newRow("desks") << LayoutsSection::Desks;
-        QTest::newRow("scenes") << LayoutsSection::Scenes;
-        QTest::newRow("rules") << LayoutsSection::Rules;
-    }
-
     void aThousandWindowsTakeNoMoreWidgetsThanTen()
     {
-        QFETCH(LayoutsSection, section);
-        const auto widgetsWith = [section](int windows) {
+        const auto widgetsWith = [](int windows) {
             Window test({desk("Office", windows)});
             SceneRecord scene = test.program.addScene("Many");
             scene.layout = desk("Office", windows);
             test.program.model.updateScene(scene);
-            const ViewProbe view = test.open(section);
-            view.root.grab(); // what is made only when it is drawn counts as well
-            return view.root.findChildren<QWidget *>().size();
+            QList<qsizetype> widgets;
+            for (const auto section :
+                 {LayoutsSection::Desks, LayoutsSection::Scenes, LayoutsSection::Rules}) {
+                const ViewProbe view = test.open(section);
+                view.root.grab(); // what is made only when it is drawn counts as well
+                widgets << view.root.findChildren<QWidget *>().size();
+            }
+            return widgets;
         };
         QCOMPARE(widgetsWith(1000), widgetsWith(10));
     }
 
-    void whenSomethingHappenedIsSaidInWords_data()
-    {
-        QTest::addColumn<std::chrono::milliseconds>("ago");
-        QTest::addColumn<QString>("words");
-        const auto row = [](std::chrono::milliseconds ago, const char *words) {
-            QTest::newRow(words) << ago << QString::fromUtf8(words);
-        };
-        row(0ms, "just now");
-        row(59999ms, "just now");
-        row(1min, "a minute ago");
-        row(2min, "2 minutes ago");
-        row(1h - 1ms, "59 minutes ago");
-        row(1h, "today at 08:20");
-        row(9h + 20min, "today at 00:00");
-        row(9h + 21min, "yesterday at 23:59");
-        row(33h + 21min, "on Saturday, 11 May 2024");
-        row(-1min, "on Monday, 13 May 2024");
-    }
-
     void whenSomethingHappenedIsSaidInWords()
     {
-        QFETCH(std::chrono::milliseconds, ago);
-        QFETCH(QString, words);
+        const std::pair<std::chrono::milliseconds, const char *> cases[] = {
+            {0ms, "just now"},
+            {59999ms, "just now"},
+            {1min, "a minute ago"},
+            {2min, "2 minutes ago"},
+            {1h - 1ms, "59 minutes ago"},
+            {1h, "today at 08:20"},
+            {9h + 20min, "today at 00:00"},
+            {9h + 21min, "yesterday at 23:59"},
+            {33h + 21min, "on Saturday, 11 May 2024"},
+            {-1min, "on Monday, 13 May 2024"}};
         const Instant now = FakeClock().now(); // 9:20 in UTC
         const QLocale locale(QStringLiteral("en_GB"));
-        QCOMPARE(timeInWords(now - ago, now, locale, QTimeZone::utc()), words);
+        for (const auto &[ago, words] : cases)
+            QCOMPARE(timeInWords(now - ago, now, locale, QTimeZone::utc()),
+                     QString::fromLatin1(words));
     }
 
     void emptyPagesSayWhatWillAppear()

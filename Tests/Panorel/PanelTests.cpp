@@ -1,49 +1,23 @@
 #include "Panorel/Panel/PanelController.h"
+#include "Panorel/Panel/PanelPosition.h"
 #include "Panorel/Panel/PanelWindow.h"
+#include "Panorel/Panel/VisibleFrame.h"
 #include "Panorel/PanelModel.h"
 #include "Panorel/Prefs.h"
+#include "Panorel/Records.h"
+#include "Panorel/StatusItemController.h"
 #include "Panorel/Translations/InterfaceLanguage.h"
-#include "Panorel/UI/ActionControl.h"
+#include "Panorel/ViewProbe.h"
 #include "Support/InMemoryPlatform.h"
 
 #include <QAccessible>
-#include <QApplication>
-#include <QDir>
-#include <QLabel>
 #include <QPointer>
 #include <QScrollBar>
-#include <QTest>
 #include <QTranslator>
 
 using namespace Panorel;
 
 namespace {
-
-QPalette paletteOf(const QColor &window, const QColor &text)
-{
-    QPalette palette(text, window, window.lighter(), window.darker(), window, text, window);
-    palette.setColor(QPalette::Highlight, QColor(0x3584e4));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
-}
-
-DisplayInfo display(const char *name, const Rect &frame, bool isBuiltin = false)
-{
-    DisplayInfo info;
-    info.uuid = info.edidUUID = info.name = QString::fromUtf8(name);
-    info.isBuiltin = isBuiltin;
-    info.frame = info.visibleFrame = frame;
-    return info;
-}
-
-SceneRecord scene(const char *name, const std::optional<HotKeyCombo> &key = {})
-{
-    SceneRecord record;
-    record.name = QString::fromUtf8(name);
-    record.id = QUuid::createUuidV5(QUuid(), record.name);
-    record.hotKey = key;
-    return record;
-}
 
 /// What the panel offers beside scenes, as it names it.
 const std::pair<PanelModel::Action PanelModel::*, const char *> actions[] = {
@@ -78,7 +52,7 @@ struct Panel {
         model.setHasPermission(true);
         model.setDeskName(QStringLiteral("Office"));
         model.setWindowCount(12);
-        model.setDisplays({display("Built-in Display", {0, 360, 1440, 900}, true),
+        model.setDisplays({display("Built-in Display", {0, 360, 1440, 900}),
                            display("U2720Q", {1440, 0, 2560, 1440})});
     }
     PanelWindow &open(PanelController::Keyboard keyboard = PanelController::Keyboard::Take)
@@ -86,50 +60,12 @@ struct Panel {
         controller.open({QRect(900, 0, 24, 24), QRect(0, 24, 1920, 1056), {}}, keyboard);
         if (!QTest::qWaitForWindowExposed(controller.window()))
             qFatal("the panel does not show");
+        ViewProbe::settle();
         return *controller.window();
     }
-    QList<ActionControl *> shown()
-    {
-        auto controls = controller.window()->findChildren<ActionControl *>();
-        controls.removeIf([](const ActionControl *control) { return !control->isVisible(); });
-        return controls;
-    }
-    QStringList titles()
-    {
-        QStringList result;
-        for (const ActionControl *control : shown())
-            result << control->title();
-        return result;
-    }
-    void click(const QString &title) { QTest::mouseClick(&control(title), Qt::LeftButton); }
-    ActionControl &control(const QString &title)
-    {
-        for (ActionControl *one : shown()) {
-            if (one->title() == title)
-                return *one;
-        }
-        qFatal("no control %s", qPrintable(title));
-    }
-    bool offers(const char *title) { return titles().contains(QString::fromUtf8(title)); }
-    QString focused()
-    {
-        const QWidget *widget = controller.window()->focusWidget();
-        return widget ? widget->accessibleName() : QString();
-    }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QWidget *widget = controller.window()->focusWidget();
-        QTest::keyClick(widget ? widget : controller.window(), key, modifiers);
-    }
-    /// Of a label or status line; empty where it does not show.
-    QString text(const char *name)
-    {
-        auto *found = controller.window()->findChild<QWidget *>(QString::fromLatin1(name));
-        if (!found->isVisible())
-            return {};
-        auto *label = qobject_cast<QLabel *>(found);
-        return label ? label->text() : found->findChild<QLabel *>()->text();
-    }
+    ViewProbe view() { return {*controller.window()}; }
+    bool offers(const char *title) { return view().find(title); }
+    QString text(const char *name) { return view().text(name); }
 };
 
 } // namespace
@@ -144,24 +80,25 @@ private Q_SLOTS:
         panel.model.setScenes({scene("Writing"), scene("R&D")});
         panel.model.setCanUndo(true);
         panel.open();
+        const ViewProbe view = panel.view();
         QStringList expected = QStringLiteral("Restore Now|Undo|Set one|Close tip|Stash the desk|"
                                               "Writing|R&D|Save current as scene|Layouts…|"
                                               "Settings…|Check for Updates…|Quit Panorel")
                                    .split(u'|');
-        QTRY_COMPARE(panel.focused(), expected.first());
+        QTRY_COMPARE(view.focused(), expected.first());
         for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Down}) {
             QStringList visited;
             for (qsizetype i = 0; i < expected.size(); ++i) {
-                visited << panel.focused();
-                panel.press(key);
+                visited << view.focused();
+                view.press(key);
             }
             QCOMPARE(visited, expected);
-            QCOMPARE(panel.focused(), expected.first()); // and round again
+            QCOMPARE(view.focused(), expected.first()); // and round again
         }
-        panel.press(Qt::Key_Up);
-        QCOMPARE(panel.focused(), expected.last());
-        QCOMPARE(panel.shown().size(), expected.size());
-        for (ActionControl *control : panel.shown()) {
+        view.press(Qt::Key_Up);
+        QCOMPARE(view.focused(), expected.last());
+        QCOMPARE(view.shown<ActionControl>().size(), expected.size());
+        for (ActionControl *control : view.shown<ActionControl>()) {
             QVERIFY(control->height() >= 28);
             const QString name =
                 QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name);
@@ -171,7 +108,7 @@ private Q_SLOTS:
         expected.removeOne(QStringLiteral("Close tip"));
         for (const QString &title : expected) {
             panel.open();
-            panel.click(title);
+            panel.view().click(qUtf8Printable(title));
         }
         panel.pressed.removeAll(QStringLiteral("opening"));
         QCOMPARE(panel.pressed, expected);
@@ -190,9 +127,9 @@ private Q_SLOTS:
         for (const auto &[keys, action] : keysAndActions) {
             Panel panel;
             panel.open();
-            QTRY_COMPARE(panel.focused(), QStringLiteral("Restore Now"));
+            QTRY_COMPARE(panel.view().focused(), QStringLiteral("Restore Now"));
             panel.pressed.clear();
-            panel.press(keys.key(), keys.keyboardModifiers());
+            panel.view().press(keys.key(), keys.keyboardModifiers());
             const QString did = QString::fromUtf8(action);
             QTRY_COMPARE(panel.pressed.join(u' '), did);
             QTRY_COMPARE(panel.controller.isOpen(), did == u"Restore Now");
@@ -209,8 +146,7 @@ private Q_SLOTS:
         }
         panel.model.onApplyScene = {};
         panel.open();
-        QCOMPARE(panel.titles(),
-                 QStringList({QStringLiteral("Restore Now"), QStringLiteral("Quit Panorel")}));
+        QCOMPARE(panel.view().titles(), QStringLiteral("Restore Now|Quit Panorel"));
     }
 
     void theTextsSayHowThingsStand()
@@ -248,29 +184,22 @@ private Q_SLOTS:
         QCOMPARE(panel.text("permission"),
                  QStringLiteral("Panorel needs Accessibility permission to move windows."));
         QVERIFY(!panel.offers("Restore Now"));
-        panel.click(QStringLiteral("Grant permission…"));
+        panel.view().click("Grant permission…");
         QCOMPARE(panel.pressed.last(), QStringLiteral("Grant permission…"));
-        panel.model.setHasPermission(true);
-        QCOMPARE(panel.text("permission"), QString());
-        QVERIFY(panel.offers("Restore Now"));
-    }
-
-    void withoutAWindowManagerNoPermissionIsAskedFor()
-    {
-        Panel panel;
-        panel.model.setHasPermission(false);
-        panel.open();
-        panel.model.setIsPermissionGrantedByUser(false);
+        panel.model.setIsPermissionGrantedByUser(false); // but by a window manager
         QCOMPARE(panel.text("permission"),
                  QStringLiteral("No window can be moved, as no window manager is running."));
         QVERIFY(!panel.offers("Grant permission…") && !panel.offers("Restore Now"));
+        panel.model.setHasPermission(true);
+        QCOMPARE(panel.text("permission"), QString());
+        QVERIFY(panel.offers("Restore Now"));
     }
 
     void theTipStaysClosed()
     {
         Panel panel;
         panel.open();
-        panel.click(QStringLiteral("Close tip"));
+        panel.view().click("Close tip");
         QVERIFY(panel.prefs.tipDismissed());
         QVERIFY(!panel.offers("Set one"));
         panel.controller.close();
@@ -285,9 +214,9 @@ private Q_SLOTS:
         panel.model.setScenes({scene("Writing", key)});
         panel.model.onApplyScene = [&](const QUuid &) { panel.model.setScenes({scene("Other")}); };
         panel.open();
-        ActionControl &row = panel.control(QStringLiteral("Writing"));
-        QCOMPARE(row.accessibleDescription(), QStringLiteral("Super+1"));
-        QTest::mouseClick(&row, Qt::LeftButton);
+        ActionControl *row = panel.view().find("Writing");
+        QCOMPARE(row->accessibleDescription(), QStringLiteral("Super+1"));
+        QTest::mouseClick(row, Qt::LeftButton);
         QVERIFY(!panel.offers("Writing"));
         QTRY_VERIFY(panel.offers("Other"));
     }
@@ -302,18 +231,19 @@ private Q_SLOTS:
         };
         panel.open();
         QVERIFY(!panel.offers("Set key")); // those that were there have had their chance
-        panel.click(QStringLiteral("Save current as scene"));
+        const ViewProbe view = panel.view();
+        view.click("Save current as scene");
         QTRY_VERIFY(panel.offers("Set key"));
-        const ActionControl &offer = panel.control(QStringLiteral("Set key"));
-        QCOMPARE(offer.accessibleDescription(), QStringLiteral("New"));
-        QVERIFY(offer.height() >= 28);
-        panel.control(QStringLiteral("New")).setFocus(Qt::TabFocusReason);
+        const ActionControl *offer = view.find("Set key");
+        QCOMPARE(offer->accessibleDescription(), QStringLiteral("New"));
+        QVERIFY(offer->height() >= 28);
+        view.find("New")->setFocus(Qt::TabFocusReason);
         for (const char *next : {"Set key", "Save current as scene"}) {
-            panel.press(Qt::Key_Down);
-            QCOMPARE(panel.focused(), QString::fromLatin1(next));
+            view.press(Qt::Key_Down);
+            QCOMPARE(view.focused(), QString::fromLatin1(next));
         }
-        panel.press(Qt::Key_Up);
-        panel.press(Qt::Key_Return);
+        view.press(Qt::Key_Up);
+        view.press(Qt::Key_Return);
         QCOMPARE(panel.pressed.last(), QStringLiteral("Set one")); // the same place
         QTRY_VERIFY(!panel.controller.isOpen());
         panel.open();
@@ -344,89 +274,148 @@ private Q_SLOTS:
         panel.model.setScenes(many);
         PanelWindow &window = panel.open();
         QTRY_COMPARE(window.height(), 1056 - 16);
-        panel.control(QStringLiteral("Quit Panorel")).setFocus(Qt::TabFocusReason);
-        panel.press(Qt::Key_Up); // focusing by keyboard scrolls there
-        const ActionControl &near = panel.control(QStringLiteral("Check for Updates…"));
-        QTRY_VERIFY(window.rect().contains(near.mapTo(&window, near.rect().center())));
+        panel.view().find("Quit Panorel")->setFocus(Qt::TabFocusReason);
+        panel.view().press(Qt::Key_Up); // focusing by keyboard scrolls there
+        const ActionControl *near = panel.view().find("Check for Updates…");
+        QTRY_VERIFY(window.rect().contains(near->mapTo(&window, near->rect().center())));
     }
 
-    /// A name says what else the picture is: dark, or at 200 %.
-    void screenshots_data()
+    void theMenuBarsButtonOpensThePanelBelowItAndClosesIt()
+    {
+        Panel panel;
+        InMemoryStatusItem &button = panel.platform.menuBarItem;
+        std::optional<StatusItemController> controller;
+        controller.emplace(panel.model, panel.controller, panel.platform.shell(), &button,
+                           [](const QPoint &) { return QRect(0, 25, 1920, 1055); });
+        QVERIFY(button.isShown());
+        QCOMPARE(button.toolTip, QStringLiteral("Panorel: Office"));
+        panel.model.setDeskName(QStringLiteral("Home"));
+        QTRY_COMPARE(button.toolTip, QStringLiteral("Panorel: Home"));
+
+        button.frame = Rect{900.5, 0, 24, 24.5};
+        button.press();
+        QVERIFY(panel.controller.isOpen());
+        // The window as it was asked for: centred below the button, rounded outwards.
+        const QRect place = panel.controller.window()->geometry();
+        QCOMPARE(place.top(), 25 + 6);
+        QVERIFY(std::abs(place.center().x() - 912) <= 1);
+        button.press();
+        QVERIFY(!panel.controller.isOpen());
+
+        button.frame.reset(); // no screen: the panel shows all the same
+        button.press();
+        QVERIFY(panel.controller.isOpen());
+        controller.reset();
+        QVERIFY(!button.isShown());
+    }
+
+    void thePanelOpensOnTheInnerSideOfTheBar_data()
+    {
+        QTest::addColumn<PanelAnchor>("anchor");
+        QTest::addColumn<QRect>("expected");
+        const auto row = [](const char *name, const PanelAnchor &anchor, const QRect &expected) {
+            QTest::newRow(name) << anchor << expected;
+        };
+        const QRect belowBar(0, 24, 1920, 1056);
+        const QRect aboveBar(0, 0, 1920, 1050);
+        const QRect whole(0, 0, 1920, 1080);
+        // A panel of 320 x 400.
+        row("centred under the button", {QRect(900, 0, 30, 24), belowBar, {}}, {755, 30, 320, 400});
+        row("near the right edge", {QRect(1880, 0, 24, 24), belowBar, {}}, {1592, 30, 320, 400});
+        row("a step before it", {QRect(1739, 0, 24, 24), belowBar, {}}, {1591, 30, 320, 400});
+        row("near the left edge", {QRect(0, 0, 24, 24), belowBar, {}}, {8, 30, 320, 400});
+        row("smaller than its bar", {QRect(900, 4, 30, 16), belowBar, {}}, {755, 30, 320, 400});
+        row("a bar that takes no space", {QRect(900, 0, 30, 24), whole, {}}, {755, 30, 320, 400});
+        row("at the bottom", {QRect(900, 1052, 30, 24), aboveBar, {}}, {755, 644, 320, 400});
+        row("there, no space", {QRect(1896, 1056, 24, 24), whole, {}}, {1592, 650, 320, 400});
+        row("a bar at the left", {QRect(4, 1040, 40, 30), QRect(48, 0, 1872, 1080), {}},
+            {54, 672, 320, 400});
+        row("a bar at the right", {QRect(1876, 10, 40, 30), QRect(0, 0, 1872, 1080), {}},
+            {1546, 8, 320, 400});
+        row("a display left of the primary",
+            {QRect(-60, -1080, 24, 24), QRect(-1920, -1056, 1920, 1056), {}},
+            {-328, -1050, 320, 400});
+        row("higher than the screen", {QRect(900, 0, 30, 24), QRect(0, 24, 1920, 300), {}},
+            {755, 30, 320, 284});
+        row("pointer in a bar above", {{}, belowBar, QPoint(1900, 12)}, {1592, 32, 320, 400});
+        row("pointer in a bar below", {{}, aboveBar, QPoint(220, 1065)}, {60, 642, 320, 400});
+        row("pointer far from any edge", {{}, belowBar, QPoint(900, 700)}, {740, 672, 320, 400});
+        row("neither button nor pointer", {{}, belowBar, {}}, {1592, 32, 320, 400});
+        row("smaller than the panel", {{}, QRect(0, 0, 200, 100), {}}, {8, 8, 320, 84});
+    }
+
+    void thePanelOpensOnTheInnerSideOfTheBar()
+    {
+        QFETCH(PanelAnchor, anchor);
+        QTEST(panelFrame(anchor, {320, 400}), "expected");
+    }
+
+    void theVisibleFrameIsInQtsUnits()
+    {
+        const auto visible = [](const QRect &screen) {
+            return visibleFrameOf(
+                screen, {display("1", {0, 0, 1920, 1080}, Rect{0, 32, 1920, 1048}),
+                         // drawn at twice the size
+                         display("2", {1920, 0, 3840, 2160}, Rect{1920, 40, 3840, 2120})});
+        };
+        QCOMPARE(visible({0, 0, 1920, 1080}), QRect(0, 32, 1920, 1048));
+        QCOMPARE(visible({1920, 0, 1920, 1080}), QRect(1920, 20, 1920, 1060));
+        QCOMPARE(visible({5760, 0, 800, 600}), QRect(5760, 0, 800, 600)); // not read yet
+    }
+
+    void allOfItShows_data()
     {
         using Act = std::function<void(Panel &)>;
+        QTest::addColumn<QString>("language");
         QTest::addColumn<Act>("act");
-        const Act asItIs = [](Panel &) {};
-        const Act furnish = [](Panel &panel) {
+        const HotKeyCombo key{18, HotKeyCombo::command};
+        const auto row = [](const char *name, const Act &act) {
+            for (const char *language : {"en", "de"})
+                QTest::addRow("%s-%s", name, language) << QString::fromLatin1(language) << act;
+        };
+        row("usual", [](Panel &) {});
+        row("scenes", [=](Panel &panel) {
             panel.model.setScenes(
-                {scene("Writing", HotKeyCombo{18, HotKeyCombo::command}), scene("Review & release"),
-                 scene("Präsentation für den Aufsichtsrat im großen Sitzungssaal",
-                       HotKeyCombo{19, HotKeyCombo::command | HotKeyCombo::shift})});
+                {scene("Writing", key), scene("Review & release"),
+                 scene("Präsentation für den Aufsichtsrat im großen Sitzungssaal", key)});
             panel.model.setLastAction(QStringLiteral("Put back 11 of 12 windows"));
             panel.model.setCanUndo(true);
             panel.prefs.setTipDismissed(true);
-        };
-        const Act saveScene = [](Panel &panel) {
-            panel.prefs.setTipDismissed(true);
-            panel.model.onSaveScene = [&panel] {
+        });
+        row("saved", [=](Panel &panel) {
+            panel.model.onSaveScene = [&] {
                 panel.model.setLastAction(QStringLiteral("Scene saved"));
-                panel.model.setScenes(
-                    {scene("Writing", HotKeyCombo{18, HotKeyCombo::command}), scene("Scene 2")});
+                panel.model.setScenes({scene("Writing", key), scene("Scene 2")});
             };
-            panel.click(QCoreApplication::translate("Panorel::SceneList", "Save current as scene"));
-        };
-        const Act withdraw = [](Panel &panel) { panel.model.setHasPermission(false); };
-        QTest::newRow("light") << asItIs;
-        QTest::newRow("dark") << asItIs;
-        for (const char *name : {"scenes-light", "scenes-dark", "scenes-200", "scenes-dark-200",
-                                 "scenes-german", "scenes-german-large"})
-            QTest::newRow(name) << furnish;
-        QTest::newRow("saved") << saveScene;
-        QTest::newRow("saved-german-dark") << saveScene;
-        QTest::newRow("no-permission") << withdraw;
-        for (const char *name : {"no-window-manager", "no-window-manager-german"})
-            QTest::newRow(name) << Act([](Panel &panel) {
-                panel.model.setHasPermission(false);
-                panel.model.setIsPermissionGrantedByUser(false);
-            });
-        QTest::newRow("no-permission-dark") << withdraw;
-        QTest::newRow("german") << asItIs;
-        QTest::newRow("no-permission-german") << withdraw;
-        QTest::newRow("off") << Act([](Panel &panel) { panel.prefs.setEnabled(false); });
+            const QString save =
+                QCoreApplication::translate("Panorel::SceneList", "Save current as scene");
+            panel.view().click(qUtf8Printable(save));
+        });
+        row("no-permission", [](Panel &panel) { panel.model.setHasPermission(false); });
+        row("no-window-manager", [](Panel &panel) {
+            panel.model.setHasPermission(false);
+            panel.model.setIsPermissionGrantedByUser(false);
+        });
+        row("off", [](Panel &panel) { panel.prefs.setEnabled(false); });
     }
 
-    void screenshots()
+    void allOfItShows()
     {
+        QFETCH(QString, language);
         QFETCH(std::function<void(Panel &)>, act);
-        const QString name = QString::fromLatin1(QTest::currentDataTag());
-        if (name.contains(u"german"))
-            installTranslations(*qApp, {QStringLiteral("de")});
-        const QFont usual = QApplication::font();
-        QFont font = usual;
-        font.setPointSizeF(usual.pointSizeF() * (name.contains(u"large") ? 1.5 : 1));
-        QApplication::setFont(font);
+        installTranslations(*qApp, {language});
         Panel panel;
         PanelWindow &window = panel.open();
         act(panel); // while it is open: all of it is followed at once
-        QApplication::setPalette(name.contains(u"dark") ? paletteOf(0x26282c, 0xf1f2f4)
-                                                        : paletteOf(0xfafafb, 0x1d1f23));
-        QCoreApplication::processEvents();
-        auto *result = window.findChild<QLabel *>(QStringLiteral("lastAction"));
-        QTRY_VERIFY(!result->graphicsEffect()); // faded in
-        QTRY_COMPARE(window.size(), window.sizeHint());
-        for (const QScrollBar *bar : window.findChildren<QScrollBar *>())
-            QVERIFY(!bar->isVisible()); // all of it can be seen
-
-        const double scale = name.endsWith(u"200") ? 2 : 1;
-        QImage picture(window.size() * scale, QImage::Format_ARGB32_Premultiplied);
-        picture.setDevicePixelRatio(scale);
-        picture.fill(Qt::transparent);
-        window.render(&picture);
-        const QDir folder(QStringLiteral(PANOREL_SCREENSHOTS));
-        QVERIFY(folder.mkpath(QStringLiteral(".")));
-        QVERIFY(picture.save(folder.filePath(QStringLiteral("panel-%1.png").arg(name))));
-        QApplication::setFont(usual);
-        qDeleteAll(qApp->findChildren<QTranslator *>());
+        const auto *result = window.findChild<QLabel *>(QStringLiteral("lastAction"));
+        panel.view().photograph(QByteArray("panel-") + QTest::currentDataTag(), [&] {
+            const bool isFadedIn = !result->graphicsEffect();
+            return isFadedIn && window.size() == window.sizeHint()
+                   && panel.view().shown<QScrollBar>().isEmpty();
+        });
     }
+
+    void cleanup() { qDeleteAll(qApp->findChildren<QTranslator *>()); }
 };
 
 QTEST_MAIN(PanelTests)

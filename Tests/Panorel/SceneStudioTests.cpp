@@ -1,51 +1,20 @@
+#include "Panorel/Records.h"
 #include "Panorel/SceneStudio/SceneStudioCanvas.h"
 #include "Panorel/SceneStudio/SceneStudioController.h"
 #include "Panorel/SceneStudio/SceneStudioWindow.h"
-#include "Panorel/UI/ActionControl.h"
+#include "Panorel/ViewProbe.h"
 #include "Support/InMemoryPlatform.h"
 #include "Support/TestDataDir.h"
 
 #include <QAccessible>
-#include <QApplication>
 #include <QDialog>
-#include <QDir>
-#include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPointer>
-#include <QTest>
 
 using namespace Panorel;
 
 namespace {
-
-QPalette paletteOf(const QColor &window, const QColor &text)
-{
-    QPalette palette(text, window, window.lighter(), window.darker(), window, text, window);
-    palette.setColor(QPalette::Highlight, QColor(0x3584e4));
-    palette.setColor(QPalette::HighlightedText, Qt::white);
-    return palette;
-}
-
-DisplayInfo display(const char *name, const Rect &frame, const Rect &visible, bool isBuiltin)
-{
-    DisplayInfo info;
-    info.uuid = info.name = QString::fromLatin1(name);
-    info.isBuiltin = isBuiltin;
-    info.frame = frame;
-    info.visibleFrame = visible;
-    return info;
-}
-
-WindowRecord window(const char *app, const char *title, const Rect &frame)
-{
-    WindowRecord record;
-    record.appName = QString::fromUtf8(app);
-    record.bundleID = record.appName.toLower();
-    record.title = QString::fromUtf8(title);
-    record.frame = frame;
-    return record;
-}
 
 constexpr Rect notesPlace{200, 200, 600, 400};
 constexpr Rect inboxPlace{1800, 100, 900, 700};
@@ -64,8 +33,8 @@ struct Studio {
         scene.id = QUuid::createUuidV5(QUuid(), QStringLiteral("scene"));
         scene.name = QStringLiteral("R&D [*] desk");
         scene.layout.displays = {
-            display("Built-in Display", {0, 0, 1440, 900}, {0, 30, 1440, 870}, true),
-            display("U2720Q", {1440, 0, 1920, 1080}, {1440, 0, 1920, 1080}, false)};
+            display("Built-in Display", {0, 0, 1440, 900}, Rect{0, 30, 1440, 870}, true),
+            display("U2720Q", {1440, 0, 1920, 1080})};
         scene.layout.windows = {window("Editor", "Notes", notesPlace),
                                 window("Mail", "Inbox", inboxPlace)};
         platform.desktop.launch(QStringLiteral("editor"), QStringLiteral("Editor"));
@@ -115,19 +84,12 @@ struct Studio {
         QTest::keyRelease(&canvas(), key);
     }
     void undo() { QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier); }
-    void redo() { QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier); }
-    ActionControl *control(const QString &title, const QWidget *within = nullptr) const
+    ViewProbe probe() const { return {*view}; }
+    bool canUndo() const { return probe().find("Undo")->isEnabled(); }
+    void click(const char *title) { probe().click(title); }
+    void clickOn(const QPoint &at, Qt::MouseButton button = Qt::LeftButton)
     {
-        for (auto *one : (within ? within : view.data())->findChildren<ActionControl *>()) {
-            if (one->title() == title && one->isVisible()
-                && one->window() == (within ? within : view))
-                return one;
-        }
-        return nullptr;
-    }
-    void click(const char *title)
-    {
-        QTest::mouseClick(control(QString::fromLatin1(title)), Qt::LeftButton);
+        QTest::mouseClick(&canvas(), button, {}, at);
     }
     QMenu *menu() const { return view->findChild<QMenu *>(); }
     void closeMenu()
@@ -138,7 +100,11 @@ struct Studio {
             qFatal("the menu stays");
     }
     QDialog *question() const { return view ? view->findChild<QDialog *>() : nullptr; }
-    QString note() const { return view->findChild<QLabel *>(QStringLiteral("note"))->text(); }
+    QString note() const { return probe().text("note"); }
+};
+
+struct OpenStudio : Studio {
+    OpenStudio() { open(); }
 };
 
 bool isWithin(double one, double other, double tolerance)
@@ -220,8 +186,7 @@ private Q_SLOTS:
         QFETCH(QPointF, grip);
         QFETCH(QPoint, way);
         QFETCH(Rect, expected);
-        Studio studio;
-        studio.open();
+        OpenStudio studio;
         studio.canvas().select(0);
         studio.drag(studio.at(grip.x(), grip.y()), way, Qt::AltModifier);
         const Rect frame = *studio.frame(0);
@@ -276,8 +241,7 @@ private Q_SLOTS:
         QFETCH(Qt::Edges, edges);
         QFETCH(Rect, expected);
         QFETCH(StudioLines, guides);
-        Studio studio;
-        studio.open();
+        OpenStudio studio;
         StudioGesture gesture(studio.view->model(), 0, edges);
         gesture.dragTo(way, 10);
         QVERIFY(*studio.frame(0) == expected);
@@ -292,8 +256,7 @@ private Q_SLOTS:
 
     void altSuspendsSnappingWhileItIsHeld()
     {
-        Studio studio;
-        studio.open();
+        OpenStudio studio;
         const QPoint from = studio.at(500, 400);
         const QPoint to = from + (studio.at(0, 0) - studio.at(200, 0)) + QPoint(3, 0);
         studio.press(from);
@@ -307,7 +270,7 @@ private Q_SLOTS:
         QTest::keyClick(&studio.canvas(), Qt::Key_Escape);
         QVERIFY(*studio.frame(0) == notesPlace);
         studio.release(to);
-        QVERIFY(!studio.control(QStringLiteral("Undo"))->isEnabled());
+        QVERIFY(!studio.canUndo());
         studio.drag(from, {1, 1}); // a trembling click
         QVERIFY(*studio.frame(0) == notesPlace);
     }
@@ -318,23 +281,22 @@ private Q_SLOTS:
         studio.scene.layout.windows.push_back(window("Chat", "", {300, 300, 600, 400}));
         studio.open();
         const QPoint both = studio.at(600, 500);
-        QTest::mouseClick(&studio.canvas(), Qt::LeftButton, {}, both);
+        studio.clickOn(both);
         QCOMPARE(studio.canvas().selected(), 0);
-        QTest::mouseClick(&studio.canvas(), Qt::LeftButton, {}, studio.at(850, 650));
+        studio.clickOn(studio.at(850, 650));
         QCOMPARE(studio.canvas().selected(), 2);
         studio.drag(studio.at(300, 500), {-20, 0}, Qt::AltModifier); // lies under the front box
         QVERIFY(studio.frame(2)->x < 300 && studio.frame(2)->maxX() == 900);
         QVERIFY(*studio.frame(0) == notesPlace);
-        QTest::mouseClick(&studio.canvas(), Qt::LeftButton, {}, QPoint(3, 3));
+        studio.clickOn(QPoint(3, 3));
         QCOMPARE(studio.canvas().selected(), std::nullopt);
-        QTest::mouseClick(&studio.canvas(), Qt::RightButton, {}, both);
+        studio.clickOn(both, Qt::RightButton);
         QCOMPARE(studio.canvas().selected(), std::nullopt);
     }
 
     void everythingIsDoneByKeyboardAlone()
     {
-        Studio studio;
-        studio.open();
+        OpenStudio studio;
         QCOMPARE(QApplication::focusWidget(), &studio.canvas());
         studio.key(Qt::Key_Tab);
         QCOMPARE(studio.canvas().selected(), 0);
@@ -373,8 +335,7 @@ private Q_SLOTS:
 
     void aGestureIsOneStepBack()
     {
-        Studio studio;
-        studio.open();
+        OpenStudio studio;
         studio.drag(studio.at(500, 400), {40, 30});
         const Rect dragged = *studio.frame(0);
         studio.hold(Qt::Key_Right, 5);
@@ -386,17 +347,18 @@ private Q_SLOTS:
             studio.undo();
             QCOMPARE(studio.frame(0), steps[i]);
         }
-        QVERIFY(!studio.control(QStringLiteral("Undo"))->isEnabled());
+        QVERIFY(!studio.canUndo());
         studio.undo();
         for (std::size_t i = 3; i > 0; --i) {
-            i == 1 ? studio.key(Qt::Key_Y, Qt::ControlModifier) : studio.redo();
+            i == 1 ? studio.key(Qt::Key_Y, Qt::ControlModifier)
+                   : studio.key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
             QCOMPARE(studio.frame(0), steps[i - 1]);
         }
         studio.click("Undo");
         studio.canvas().select(0);
         studio.hold(Qt::Key_Left, 0);
-        QVERIFY(!studio.control(QStringLiteral("Redo"))->isEnabled()); // another way was taken
-        QTest::keyPress(&studio.canvas(), Qt::Key_Up);                 // and is still held
+        QVERIFY(!studio.probe().find("Redo")->isEnabled()); // another way was taken
+        QTest::keyPress(&studio.canvas(), Qt::Key_Up);      // and is still held
         studio.undo();
         QCOMPARE(studio.frame(0)->y, nudged.y);
     }
@@ -404,8 +366,7 @@ private Q_SLOTS:
     void closingAsksOnlyWhereSomethingWouldBeLost()
     {
         for (const char *answer : {"Save", "Discard", "Cancel"}) {
-            Studio studio;
-            studio.open();
+            OpenStudio studio;
             QCOMPARE(studio.view->windowTitle(), QStringLiteral("R&D [*][*] desk"));
             studio.drag(studio.at(500, 400), {40, 30});
             studio.click("Cancel");
@@ -414,15 +375,13 @@ private Q_SLOTS:
             QVERIFY(studio.view->isVisible());
             QCOMPARE(studio.view->findChildren<QDialog *>().size(), 1);
             QVERIFY(studio.saved.empty());
-            QTest::mouseClick(studio.control(QString::fromLatin1(answer), studio.question()),
-                              Qt::LeftButton);
+            ViewProbe{*studio.question()}.click(answer);
             const bool stays = answer == QByteArray("Cancel");
             QTRY_COMPARE(studio.question(), nullptr);
             QTRY_COMPARE(studio.view.isNull(), !stays);
             QCOMPARE(studio.saved.size(), answer == QByteArray("Save") ? 1u : 0u);
         }
-        Studio studio;
-        studio.open();
+        OpenStudio studio;
         studio.drag(studio.at(500, 400), {40, 30});
         studio.undo();
         studio.key(Qt::Key_Escape);
@@ -436,8 +395,7 @@ private Q_SLOTS:
 
     void savingHandsTheSceneOverAndCloses()
     {
-        Studio studio;
-        studio.open();
+        OpenStudio studio;
         const double scale = studio.scale();
         studio.press(studio.at(500, 400));
         studio.moveTo(studio.at(550, 400), Qt::AltModifier);
@@ -450,8 +408,7 @@ private Q_SLOTS:
 
     void aSceneOpensOnceAndWhereTheLastOneStood()
     {
-        Studio studio;
-        studio.open();
+        OpenStudio studio;
         studio.drag(studio.at(500, 400), {40, 30});
         const QPointer<SceneStudioWindow> first = studio.view;
         studio.open();
@@ -495,75 +452,44 @@ private Q_SLOTS:
         studio.view->discard();
     }
 
-    void screenshots_data()
+    void allOfItShows_data()
     {
         using Act = std::function<void(Studio &)>;
         QTest::addColumn<Act>("act");
-        const Act select = [](Studio &studio) { studio.canvas().select(0); };
-        const Act dragged = [](Studio &studio) {
-            const QPoint from = studio.at(500, 400);
-            studio.press(from);
+        QTest::newRow("select") << Act([](Studio &studio) { studio.canvas().select(0); });
+        QTest::newRow("small") << Act([](Studio &studio) { studio.view->resize(640, 480); });
+        QTest::newRow("drag") << Act([](Studio &studio) {
+            studio.press(studio.at(500, 400));
             studio.moveTo(studio.at(940, 398));
             studio.moveTo(studio.at(1137, 450));
-        };
-        const Act empty = [](Studio &studio) {
+        });
+        QTest::newRow("empty") << Act([](Studio &studio) {
             while (!studio.view->model().boxes().empty())
                 studio.view->model().removeBox(studio.view->model().boxes().front().id);
-        };
-        const Act ask = [](Studio &studio) {
+        });
+        QTest::newRow("ask") << Act([](Studio &studio) {
             studio.view->model().move(0, {10, 0});
             studio.view->close();
-        };
-        const Act largeFont = [](Studio &studio) {
-            QFont font = QApplication::font();
-            font.setPointSizeF(font.pointSizeF() * 1.5);
-            QApplication::setFont(font);
-            studio.view->resize(640, 480);
-            studio.canvas().select(0);
-        };
-        for (const char *name : {"light", "dark", "light-200"})
-            QTest::newRow(name) << select;
-        QTest::newRow("drag") << dragged;
-        QTest::newRow("drag-dark") << dragged;
-        QTest::newRow("empty") << empty;
-        QTest::newRow("empty-dark") << empty;
-        QTest::newRow("ask") << ask;
-        QTest::newRow("ask-dark") << ask;
-        QTest::newRow("large-font") << largeFont;
+        });
     }
 
-    void screenshots()
+    void allOfItShows()
     {
         QFETCH(std::function<void(Studio &)>, act);
-        const QString name = QString::fromLatin1(QTest::currentDataTag());
-        const QFont font = QApplication::font();
         Studio studio;
         auto &windows = studio.scene.layout.windows;
         windows.push_back(window("Browser",
-                                 "Präsentation für den Aufsichtsrat – Übersicht aller "
-                                 "Maßnahmen",
+                                 "Präsentation für den Aufsichtsrat – Übersicht aller Maßnahmen",
                                  {60, 60, 1000, 780}));
         windows.push_back(window("Terminal", "build", {2300, 420, 1000, 620}));
         windows.push_back(window("Player", "", {2780, 40, 200, 150}));
         for (const char *id : {"browser", "terminal"})
             studio.platform.desktop.launch(QString::fromLatin1(id), {});
         studio.open();
-        QApplication::setPalette(name.contains(u"dark") ? paletteOf(0x26282c, 0xf1f2f4)
-                                                        : paletteOf(0xfafafb, 0x1d1f23));
-        QCoreApplication::processEvents();
         act(studio);
-        QCoreApplication::processEvents();
-        QWidget *shown = studio.view;
-        if (studio.question())
-            shown = studio.question();
-        const double scale = name.endsWith(u"200") ? 2 : 1;
-        QImage picture(shown->size() * scale, QImage::Format_ARGB32_Premultiplied);
-        picture.setDevicePixelRatio(scale);
-        shown->render(&picture);
-        const QDir folder(QStringLiteral(PANOREL_SCREENSHOTS));
-        QVERIFY(folder.mkpath(QStringLiteral(".")));
-        QVERIFY(picture.save(folder.filePath(QStringLiteral("studio-%1.png").arg(name))));
-        QApplication::setFont(font);
+        QWidget *asked = studio.question();
+        ViewProbe{asked ? *asked : *studio.view}.photograph(QByteArray("studio-")
+                                                            + QTest::currentDataTag());
     }
 };
 

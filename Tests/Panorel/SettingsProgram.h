@@ -9,17 +9,21 @@ namespace Panorel {
 struct SettingsProgram : Program {
     SettingsModel model;
 
+    explicit SettingsProgram(bool isTrusted = true)
+        : Program(isTrusted), model{*controller, services()}
+    {}
     /// With these desks learned in an earlier run.
-    explicit SettingsProgram(const std::vector<Layout> &learned = {})
+    explicit SettingsProgram(const std::vector<Layout> &learned)
         : model{controllerWith(learned), // first: it may start anew all that follows
-                AppServices{platform, *watcher, hotKeys, *prefs, scheduler, dir.log, dir.clock}}
+                services()}
     {}
 
     /// A scene of the current windows under that name.
-    SceneRecord addScene(const char *name)
+    SceneRecord addScene(const char *name, const std::optional<HotKeyCombo> &key = {})
     {
         SceneRecord scene = model.addSceneFromCurrentWindows();
         scene.name = QString::fromUtf8(name);
+        scene.hotKey = key;
         model.updateScene(scene);
         return scene;
     }
@@ -44,17 +48,12 @@ struct SettingsProgram : Program {
 private:
     AppController &controllerWith(const std::vector<Layout> &learned)
     {
-        if (!learned.empty()) {
-            LayoutStore store(dir.log, dir.clock);
-            for (const Layout &layout : learned)
-                store.saveLearned(layout);
-            start();
-        }
+        LayoutStore store(dir.log, dir.clock);
+        for (const Layout &layout : learned)
+            store.saveLearned(layout);
+        start();
         return *controller;
     }
 };
-
-/// Nothing is so long, so marked up or so broken as a name from a file.
-inline const QString nastyName = QStringLiteral("<b>A&B</b>\n") + QString(300, u'x');
 
 } // namespace Panorel

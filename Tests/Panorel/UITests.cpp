@@ -1,3 +1,4 @@
+#include "Panorel/Records.h"
 #include "Panorel/UI/DisplaySchematic.h"
 #include "Panorel/UI/Page.h"
 #include "Panorel/UI/RowCard.h"
@@ -16,40 +17,34 @@ class UITests : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void textAndStatusAreReadableInEveryPalette_data()
-    {
-        QTest::addColumn<QColor>("window");
-        QTest::addColumn<QColor>("text");
-        QTest::addColumn<QColor>("highlight");
-        const auto row = [](const char *name, QRgb window, QRgb text, QRgb highlight) {
-            QTest::newRow(name) << QColor(window) << QColor(text) << QColor(highlight);
-        };
-        row("light", 0xfafafb, 0x1d1f23, 0x3584e4);
-        row("dark", 0x26282c, 0xf1f2f4, 0x3584e4);
-        row("black", 0x000000, 0xffffff, 0x1a5fb4);
-        row("sepia, pale accent", 0xf4ecd8, 0x5b4636, 0xe9c46a);
-        row("red accent", 0x303030, 0xdddddd, 0xe01b24);
-        row("a theme with faint text", 0xffffff, 0xbbbbbb, 0xdddddd);
-    }
-
     void textAndStatusAreReadableInEveryPalette()
     {
-        QFETCH(QColor, window);
-        QFETCH(QColor, text);
-        QFETCH(QColor, highlight);
-        QPalette palette;
-        palette.setColor(QPalette::Window, window);
-        palette.setColor(QPalette::WindowText, text);
-        palette.setColor(QPalette::Highlight, highlight);
-        palette.setColor(QPalette::HighlightedText, Qt::white);
-        const Theme theme = Theme::of(palette);
-        QVERIFY(contrast(theme.accentText, theme.accent) >= readableContrast);
-        for (const QColor &ink : {theme.text, theme.secondaryText, theme.good, theme.attention,
-                                  theme.off, theme.accentInk})
-            QVERIFY2(contrast(ink, theme.window) >= readableContrast, qPrintable(ink.name()));
-        for (const QColor &ink : {theme.secondaryText, theme.accentInk})
-            QVERIFY2(contrast(ink, theme.card) >= readableContrast, qPrintable(ink.name()));
-        QVERIFY(theme.good != theme.attention && theme.attention != theme.off);
+        const struct {
+            const char *name;
+            QRgb window, text, highlight;
+        } palettes[] = {
+            {"light", 0xfafafb, 0x1d1f23, 0x3584e4},
+            {"dark", 0x26282c, 0xf1f2f4, 0x3584e4},
+            {"black", 0x000000, 0xffffff, 0x1a5fb4},
+            {"sepia, pale accent", 0xf4ecd8, 0x5b4636, 0xe9c46a},
+            {"red accent", 0x303030, 0xdddddd, 0xe01b24},
+            {"a theme with faint text", 0xffffff, 0xbbbbbb, 0xdddddd},
+        };
+        for (const auto &[name, window, text, highlight] : palettes) {
+            QPalette palette;
+            palette.setColor(QPalette::Window, window);
+            palette.setColor(QPalette::WindowText, text);
+            palette.setColor(QPalette::Highlight, highlight);
+            palette.setColor(QPalette::HighlightedText, Qt::white);
+            const Theme theme = Theme::of(palette);
+            QVERIFY2(contrast(theme.accentText, theme.accent) >= readableContrast, name);
+            for (const QColor &ink : {theme.text, theme.secondaryText, theme.good, theme.attention,
+                                      theme.off, theme.accentInk})
+                QVERIFY2(contrast(ink, theme.window) >= readableContrast, name);
+            for (const QColor &ink : {theme.secondaryText, theme.accentInk})
+                QVERIFY2(contrast(ink, theme.card) >= readableContrast, name);
+            QVERIFY2(theme.good != theme.attention && theme.attention != theme.off, name);
+        }
     }
 
     void aHighPageStretchesNoCard()
@@ -91,13 +86,10 @@ private Q_SLOTS:
 
     void theSchematicKeepsTheProportions()
     {
-        DisplayInfo left;
-        left.frame = {-1080, -400, 1080, 1920};
-        DisplayInfo right;
-        right.frame = {0, 0, 2560, 1440};
         DisplaySchematic schematic;
         QVERIFY(schematic.transform().isIdentity());
-        schematic.setDisplays({left, right});
+        schematic.setDisplays(
+            {display("left", {-1080, -400, 1080, 1920}), display("right", {0, 0, 2560, 1440})});
         for (const QSize &size : {QSize(64, 40), QSize(1200, 300), QSize(100, 900)}) {
             schematic.resize(size);
             const QRectF all = schematic.transform().mapRect(QRectF(-1080, -400, 3640, 1920));
@@ -112,19 +104,14 @@ private Q_SLOTS:
     {
         DisplaySchematic schematic;
         schematic.resize(400, 300);
-        DisplayInfo display;
-        display.frame = {0, 0, 4000, 3000};
-        schematic.setDisplays({display});
+        schematic.setDisplays({display("only", {0, 0, 4000, 3000})});
         schematic.setIconOf([](const QString &application) {
             QPixmap pixmap(48, 48);
             pixmap.fill(application == u"front" ? Qt::red : Qt::green);
             return QIcon(pixmap);
         });
-        WindowRecord front;
-        front.bundleID = QStringLiteral("front");
-        front.frame = {1000, 1000, 2000, 1000};
-        WindowRecord back = front;
-        back.bundleID = QStringLiteral("back");
+        const WindowRecord front = window("front", "", {1000, 1000, 2000, 1000});
+        WindowRecord back = window("back", "", front.frame);
         back.zOrder = 1;
         schematic.setWindows({front, back});
         QCOMPARE(schematic.grab().toImage().pixelColor(200, 150), QColor(Qt::red));

@@ -13,6 +13,22 @@ namespace Panorel {
 struct ViewProbe {
     QWidget &root;
 
+    /// The one that asks something.
+    static ViewProbe dialog()
+    {
+        settle();
+        if (!QApplication::activeModalWidget())
+            qFatal("no dialog");
+        return {*QApplication::activeModalWidget()};
+    }
+    void open(const QSize &size) const
+    {
+        root.resize(size);
+        root.show();
+        if (!QTest::qWaitForWindowActive(&root))
+            qFatal("it does not show");
+        settle();
+    }
     /// From top to bottom.
     template <typename Widget> QList<Widget *> shown(const QString &name = {}) const
     {
@@ -40,6 +56,16 @@ struct ViewProbe {
         QTest::mouseClick(control, Qt::LeftButton);
         QCoreApplication::processEvents(); // what was pressed may be gone now
     }
+    /// Of all that is offered, in the order made.
+    QString titles() const
+    {
+        QStringList titles;
+        for (const ActionControl *control : root.findChildren<ActionControl *>()) {
+            if (control->isVisible())
+                titles << control->title();
+        }
+        return titles.join(u'|');
+    }
     bool reads(const char *text) const
     {
         for (const TextLabel *label : shown<TextLabel>()) {
@@ -48,8 +74,26 @@ struct ViewProbe {
         }
         return false;
     }
+    /// Of the label or status line of that name; empty where it does not show.
+    QString text(const char *name) const
+    {
+        const auto found = shown<QWidget>(QString::fromLatin1(name));
+        if (found.isEmpty())
+            return {};
+        const auto *label = qobject_cast<QLabel *>(found.at(0));
+        return label ? label->text() : found.at(0)->findChild<QLabel *>()->text();
+    }
     /// With the keyboard alone.
-    void press(Qt::Key key) const { QTest::keyClick(root.windowHandle(), key); }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QTest::keyClick(root.windowHandle(), key, modifiers);
+    }
+    /// The name of what has the keyboard.
+    QString focused() const
+    {
+        const QWidget *widget = root.focusWidget();
+        return widget ? widget->accessibleName() : QString();
+    }
     bool tabTo(const QWidget *control) const
     {
         root.activateWindow(); // as a window manager does when a sheet over it closes
@@ -65,19 +109,21 @@ struct ViewProbe {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-    /// Light, dark, and twice as dense with a font 1.5 times as large.
-    void photograph(const char *name) const
+    /// Light, dark, and twice as dense with a font 1.5 times as large; in each, the text has the
+    /// height that it needs and, in the end, the view is as it should be.
+    void photograph(
+        const QByteArray &name, const std::function<bool()> &isRight = [] { return true; }) const
     {
         const QPalette palette = QApplication::palette();
         const QFont font = QApplication::font();
         QApplication::setPalette(paletteOf(0xfafafb, 0xffffff, 0x1d1f23));
-        save(QLatin1String(name) + QStringLiteral("-light"), 1);
+        save(name + "-light", 1, isRight);
         QApplication::setPalette(paletteOf(0x26282c, 0x1e2023, 0xf1f2f4));
-        save(QLatin1String(name) + QStringLiteral("-dark"), 1);
+        save(name + "-dark", 1, isRight);
         QFont large = font;
         large.setPointSizeF(font.pointSizeF() * 1.5);
         setFont(large);
-        save(QLatin1String(name) + QStringLiteral("-dark-large-200"), 2);
+        save(name + "-dark-large-200", 2, isRight);
         setFont(font);
         QApplication::setPalette(palette);
     }
@@ -108,20 +154,20 @@ private:
             return label->height() < label->heightForWidth(label->width());
         });
     }
-    void save(const QString &name, double scale) const
+    void save(const QByteArray &name, double scale, const std::function<bool()> &isRight) const
     {
         settle();
         // A larger font reaches a page in more than one turn of the event loop.
-        if (!QTest::qWaitFor([this] { return !cutsText(); }))
-            qFatal("text is cut in %s", qPrintable(name));
+        if (!QTest::qWaitFor([&] { return !cutsText() && isRight(); }))
+            qFatal("text is cut, or the size is wrong, in %s", name.constData());
         QImage picture(root.size() * scale, QImage::Format_ARGB32_Premultiplied);
         picture.fill(Qt::transparent);
         picture.setDevicePixelRatio(scale);
         root.render(&picture);
         const QDir folder(QStringLiteral(PANOREL_SCREENSHOTS));
         if (!folder.mkpath(QStringLiteral("."))
-            || !picture.save(folder.filePath(name + QStringLiteral(".png"))))
-            qFatal("no screenshot %s", qPrintable(name));
+            || !picture.save(folder.filePath(QString::fromLatin1(name + ".png"))))
+            qFatal("no screenshot %s", name.constData());
     }
 };
 
