@@ -9,8 +9,6 @@ namespace {
 
 const QString layoutsFile = QStringLiteral("layouts.json");
 
-using Act = std::function<void(Program &)>;
-
 } // namespace
 
 class AppControllerTests : public QObject {
@@ -32,7 +30,7 @@ private Q_SLOTS:
         QVERIFY(program.mailFrame() == rightPlace);
         QCOMPARE(program.panel.lastAction(), QStringLiteral("Put back 2 windows"));
         QVERIFY(program.logged("restore report: 2/2 restored, 0 failed, 0 skipped, 0.00s"));
-        const UsageData usage = UsageStore(program.dir.log, program.dir.clock).data();
+        const UsageData usage = program.usage();
         QCOMPARE(usage.restores, 1);
         QCOMPARE(usage.windowsPutBack, 2);
         QCOMPARE(usage.deskIDs.size(), 2u);
@@ -59,41 +57,39 @@ private Q_SLOTS:
         QCOMPARE(program.dir.read(layoutsFile), second);
     }
 
-    void nothingIsLearnedWhileItMayNotBeTheUsersDoing_data()
-    {
-        QTest::addColumn<Act>("act");
-        QTest::addColumn<bool>("settles");
-        const auto row = [](const char *name, bool settles, const Act &act) {
-            QTest::newRow(name) << act << settles;
-        };
-        // Off and on again, as monitors sleep.
-        row("displays settle", true,
-            [](Program &program) { program.platform.display.announceChange(); });
-        row("the change's event is still unread", true,
-            [](Program &program) { program.platform.display.unplug(QStringLiteral("Dock")); });
-        row("a display has moved, its event unread", true,
-            [](Program &program) { program.platform.display.displays[1].screen.frame.x += 100; });
-        row("no display is connected", false, [](Program &program) {
-            program.watcher->setSettleSeconds(1);
-            program.platform.display.displays.clear();
-            program.platform.display.announceChange();
-        });
-        row("ending", false, [](Program &program) { program.controller->prepareToEnd(); });
-        row("switched off", false, [](Program &program) { program.prefs->setEnabled(false); });
-        row("no permission", false, [](Program &program) { program.desktop.trusted = false; });
-    }
-
     void nothingIsLearnedWhileItMayNotBeTheUsersDoing()
     {
-        QFETCH(Act, act);
-        Program program;
-        program.watcher->setSettleSeconds(120);
-        const QByteArray before = program.dir.read(layoutsFile);
-        program.desktop.window(program.mail).frame = clampedPlace;
-        act(program);
-        program.scheduler.advance(90s);
-        QCOMPARE(program.dir.read(layoutsFile), before);
-        QTEST(program.watcher->isSettling(), "settles");
+        const struct {
+            const char *name;
+            bool settles;
+            void (*act)(Program &program);
+        } cases[] = {
+            // Off and on again, as monitors sleep.
+            {"displays settle", true,
+             [](Program &program) { program.platform.display.announceChange(); }},
+            {"the change's event is still unread", true,
+             [](Program &program) { program.platform.display.unplug(QStringLiteral("Dock")); }},
+            {"a display has moved, its event unread", true,
+             [](Program &program) { program.platform.display.displays[1].screen.frame.x += 100; }},
+            {"no display is connected", false,
+             [](Program &program) {
+                 program.watcher->setSettleSeconds(1);
+                 program.platform.display.displays.clear();
+                 program.platform.display.announceChange();
+             }},
+            {"ending", false, [](Program &program) { program.controller->prepareToEnd(); }},
+            {"switched off", false, [](Program &program) { program.prefs->setEnabled(false); }},
+            {"no permission", false, [](Program &program) { program.desktop.trusted = false; }}};
+        for (const auto &[name, settles, act] : cases) {
+            Program program;
+            program.watcher->setSettleSeconds(120);
+            const QByteArray before = program.dir.read(layoutsFile);
+            program.desktop.window(program.mail).frame = clampedPlace;
+            act(program);
+            program.scheduler.advance(90s);
+            QVERIFY2(program.dir.read(layoutsFile) == before, name);
+            QVERIFY2(program.watcher->isSettling() == settles, name);
+        }
     }
 
     void aSessionThatGoesOnAfterAllIsLearnedAgain()
@@ -107,40 +103,40 @@ private Q_SLOTS:
         QVERIFY(program.learnedMailFrame() == clampedPlace);
     }
 
-    void aRestoreLeftToTheUserIsNotOverwrittenByLearning_data()
-    {
-        QTest::addColumn<Act>("act");
-        QTest::addColumn<Rect>("learned");
-        QTest::newRow("until Restore Now")
-            << Act([](Program &program) { program.panel.onRestoreNow(); }) << rightPlace;
-        QTest::newRow("until the layout is saved")
-            << Act([](Program &program) { program.controller->saveLayoutNow(); }) << clampedPlace;
-        QTest::newRow("until it settles and is restored") << Act([](Program &program) {
-            program.prefs->setRestoreAutomatically(true);
-            program.platform.display.announceChange();
-            program.scheduler.advance(2s);
-        }) << rightPlace;
-    }
-
     void aRestoreLeftToTheUserIsNotOverwrittenByLearning()
     {
-        QFETCH(Act, act);
-        QFETCH(Rect, learned);
-        Program program;
-        program.prefs->setRestoreAutomatically(false);
-        program.undock();
-        program.scheduler.advance(1min);
-        program.dock();
-        program.scheduler.advance(1h);
-        QVERIFY(program.mailFrame() == clampedPlace);
-        QVERIFY(program.learnedMailFrame() == rightPlace);
-        QVERIFY(program.logged("learn: waiting, this desk was not restored"));
-        act(program);
-        program.scheduler.advance(1h);
-        QVERIFY(program.learnedMailFrame() == learned);
-        program.desktop.window(program.editor).frame.x += 7;
-        program.scheduler.advance(90s); // learning goes on
-        QVERIFY(program.layouts().at(0).windows.at(1).frame.x == leftPlace.x + 7);
+        const struct {
+            const char *name;
+            void (*act)(Program &program);
+            Rect learned;
+        } cases[] = {{"until Restore Now", [](Program &program) { program.panel.onRestoreNow(); },
+                      rightPlace},
+                     {"until the layout is saved",
+                      [](Program &program) { program.controller->saveLayoutNow(); }, clampedPlace},
+                     {"until it settles and is restored",
+                      [](Program &program) {
+                          program.prefs->setRestoreAutomatically(true);
+                          program.platform.display.announceChange();
+                          program.scheduler.advance(2s);
+                      },
+                      rightPlace}};
+        for (const auto &[name, act, learned] : cases) {
+            Program program;
+            program.prefs->setRestoreAutomatically(false);
+            program.undock();
+            program.scheduler.advance(1min);
+            program.dock();
+            program.scheduler.advance(1h);
+            QVERIFY(program.mailFrame() == clampedPlace);
+            QVERIFY(program.learnedMailFrame() == rightPlace);
+            QVERIFY(program.logged("learn: waiting, this desk was not restored"));
+            act(program);
+            program.scheduler.advance(1h);
+            QVERIFY2(program.learnedMailFrame() == learned, name);
+            program.desktop.window(program.editor).frame.x += 7;
+            program.scheduler.advance(90s); // learning goes on
+            QVERIFY2(program.layouts().at(0).windows.at(1).frame.x == leftPlace.x + 7, name);
+        }
     }
 
     void aUserActionDuringASettleMeansTheDeskThatIsThere()
@@ -205,7 +201,7 @@ private Q_SLOTS:
         program.controller->undoLastRestore();
         QVERIFY(program.mailFrame() == clampedPlace);
         QCOMPARE(program.panel.lastAction(), QStringLiteral("Undid restore: 2 windows"));
-        QCOMPARE(UsageStore(program.dir.log, program.dir.clock).data().restores, 1);
+        QCOMPARE(program.usage().restores, 1);
     }
 
     void thePanelShowsTheDesk()

@@ -1,3 +1,4 @@
+#include "Panorel/Records.h"
 #include "Panorel/SceneStudio/SceneStudioModel.h"
 #include "Support/InMemoryPlatform.h"
 #include "Support/TestDataDir.h"
@@ -10,24 +11,6 @@
 using namespace Panorel;
 
 namespace {
-
-DisplayInfo display(const char *uuid, const Rect &frame)
-{
-    DisplayInfo info;
-    info.uuid = QString::fromLatin1(uuid);
-    info.frame = info.visibleFrame = frame;
-    return info;
-}
-
-WindowRecord window(const char *bundleID, const Rect &frame)
-{
-    WindowRecord record;
-    record.appName = record.bundleID = QString::fromLatin1(bundleID);
-    record.title = record.appName + QStringLiteral(" window");
-    record.displayUUID = QStringLiteral("as saved");
-    record.frame = frame;
-    return record;
-}
 
 /// Two displays of 1000 x 800 side by side, the left one at negative x, with one window.
 struct Studio {
@@ -42,7 +25,8 @@ struct Studio {
         scene.name = QStringLiteral("Writing");
         scene.layout.displays = {display("left", {-1000, 0, 1000, 800}),
                                  display("right", {0, 0, 1000, 800})};
-        scene.layout.windows = {window("editor", {100, 100, 400, 300})};
+        scene.layout.windows = {window("editor", "Notes", {100, 100, 400, 300})};
+        scene.layout.windows[0].displayUUID = QStringLiteral("as saved");
         desktop.launch(QStringLiteral("editor"), QStringLiteral("Editor"));
     }
     SceneStudioModel &open()
@@ -62,10 +46,10 @@ private Q_SLOTS:
     void windowsOfApplicationsThatDoNotRunAreGhosts()
     {
         Studio studio;
-        studio.scene.layout.windows.push_back(window("mail", {0, 0, 300, 200}));
-        studio.scene.layout.windows.push_back(window("editor", {0, 0, 300, 200}));
+        studio.scene.layout.windows.push_back(window("mail", "", {0, 0, 300, 200}));
+        studio.scene.layout.windows.push_back(window("editor", "", {0, 0, 300, 200}));
         studio.desktop.launch(QStringLiteral("helper"), {}, ActivationPolicy::Prohibited);
-        studio.scene.layout.windows.push_back(window("helper", {0, 0, 300, 200}));
+        studio.scene.layout.windows.push_back(window("helper", "", {0, 0, 300, 200}));
         SceneStudioModel &model = studio.open();
         const bool ghosts[] = {false, true, false, false};
         for (int i = 0; i < 4; ++i) {
@@ -82,36 +66,32 @@ private Q_SLOTS:
 
     void aMovedBoxStaysReachable_data()
     {
-        QTest::addColumn<double>("dx");
-        QTest::addColumn<double>("dy");
-        QTest::addColumn<double>("x");
-        QTest::addColumn<double>("y");
+        QTest::addColumn<Size>("by");
+        QTest::addColumn<Point>("to");
         QTest::addColumn<QString>("display");
-        const auto row = [](const char *name, double dx, double dy, double x, double y,
+        const auto row = [](const char *name, const Size &by, const Point &to,
                             const char *display) {
-            QTest::newRow(name) << dx << dy << x << y << QString::fromLatin1(display);
+            QTest::newRow(name) << by << to << QString::fromLatin1(display);
         };
-        row("free", 5, -7, 105, 93, "right");
-        row("far left: 60 inside", -9000, 0, -1340, 100, "left");
-        row("to the left limit", -1440, 0, -1340, 100, "left");
-        row("far right: 60 inside", 9000, 0, 940, 100, "right");
-        row("far up: the top edge inside", 0, -9000, 100, 0, "right");
-        row("far down: 40 to spare", 0, 9000, 100, 760, "right");
-        row("half on each display: the first", -300, 0, -200, 100, "left");
-        row("more on the second", -299, 0, -199, 100, "right");
+        row("free", {5, -7}, {105, 93}, "right");
+        row("far left: 60 inside", {-9000, 0}, {-1340, 100}, "left");
+        row("to the left limit", {-1440, 0}, {-1340, 100}, "left");
+        row("far right: 60 inside", {9000, 0}, {940, 100}, "right");
+        row("far up: the top edge inside", {0, -9000}, {100, 0}, "right");
+        row("far down: 40 to spare", {0, 9000}, {100, 760}, "right");
+        row("half on each display: the first", {-300, 0}, {-200, 100}, "left");
+        row("more on the second", {-299, 0}, {-199, 100}, "right");
     }
 
     void aMovedBoxStaysReachable()
     {
-        QFETCH(double, dx);
-        QFETCH(double, dy);
-        QFETCH(double, x);
-        QFETCH(double, y);
+        QFETCH(Size, by);
+        QFETCH(Point, to);
         Studio studio;
         SceneStudioModel &model = studio.open();
         const QSignalSpy changes(&model, &SceneStudioModel::changed);
-        model.move(0, {dx, dy});
-        QVERIFY(studio.record().frame == Rect({x, y, 400, 300}));
+        model.move(0, by);
+        QVERIFY(studio.record().frame == Rect({to.x, to.y, 400, 300}));
         QTEST(studio.record().displayUUID, "display");
         QCOMPARE(changes.size(), 1);
         model.move(0, {0, 0});
@@ -123,7 +103,7 @@ private Q_SLOTS:
     {
         Studio studio;
         studio.scene.layout.displays = {display("tiny", {0, 0, 100, 30})};
-        studio.scene.layout.windows = {window("editor", {0, 0, 5, 5})};
+        studio.scene.layout.windows = {window("editor", "", {0, 0, 5, 5})};
         studio.open().move(0, {0, 0});
         QVERIFY(studio.record().frame == Rect({40, -10, 5, 5}));
     }
@@ -143,7 +123,7 @@ private Q_SLOTS:
         QCOMPARE(changes.size(), 2);
         QCOMPARE(studio.record().displayUUID, QStringLiteral("right"));
 
-        studio.scene.layout.windows = {window("editor", {-300, 100, 350, 200})};
+        studio.scene.layout.windows = {window("editor", "", {-300, 100, 350, 200})};
         studio.open().resize(0, {251, 0}); // 300 on the left display, 301 on the right one
         QCOMPARE(studio.record().displayUUID, QStringLiteral("right"));
     }
@@ -165,8 +145,8 @@ private Q_SLOTS:
     void removedBoxesAreGoneAndIdsAreNotUsedAgain()
     {
         Studio studio;
-        studio.scene.layout.windows.push_back(window("mail", {0, 0, 300, 200}));
-        studio.scene.layout.windows.push_back(window("chat", {0, 0, 300, 200}));
+        studio.scene.layout.windows.push_back(window("mail", "", {0, 0, 300, 200}));
+        studio.scene.layout.windows.push_back(window("chat", "", {0, 0, 300, 200}));
         SceneStudioModel &model = studio.open();
         const QSignalSpy changes(&model, &SceneStudioModel::changed);
         model.removeBox(1);
@@ -181,37 +161,38 @@ private Q_SLOTS:
         QCOMPARE(changes.size(), 4);
     }
 
-    void anAddedApplicationComesLastAndInTheMiddle_data()
-    {
-        QTest::addColumn<std::vector<DisplayInfo>>("displays");
-        QTest::addColumn<QString>("display");
-        using Displays = std::vector<DisplayInfo>;
-        QTest::newRow("on both: the first")
-            << Displays{display("a", {-1000, -100, 1000, 800}), display("b", {0, -100, 1000, 800})}
-            << QStringLiteral("a");
-        QTest::newRow("the first lies elsewhere") << Displays{display("a", {-1000, -100, 200, 800}),
-                                                              display("b", {-500, -100, 1500, 800})}
-                                                  << QStringLiteral("b");
-        QTest::newRow("between all of them: the first")
-            << Displays{display("a", {-1000, -100, 100, 800}), display("b", {900, -100, 100, 800})}
-            << QStringLiteral("a");
-    }
-
     void anAddedApplicationComesLastAndInTheMiddle()
     {
-        QFETCH(std::vector<DisplayInfo>, displays);
-        Studio studio;
-        studio.scene.layout.displays = displays;
-        SceneStudioModel &model = studio.open();
-        const int id = model.addApp(QStringLiteral("mail"), QStringLiteral("Mail"));
-        QCOMPARE(model.boxes().back().id, id);
-        QVERIFY(!model.boxes().back().isGhost);
-        const WindowRecord &record = studio.record(id);
-        QVERIFY(record.frame == Rect({-450, 0, 900, 600}));
-        QTEST(record.displayUUID, "display");
-        QCOMPARE(record.bundleID, QStringLiteral("mail"));
-        QCOMPARE(record.appName, QStringLiteral("Mail"));
-        QCOMPARE(record.title, QString());
+        const struct {
+            const char *name;
+            std::vector<DisplayInfo> displays;
+            QString chosen;
+        } cases[] = {
+            {"on both: the first",
+             {display("a", {-1000, -100, 1000, 800}), display("b", {0, -100, 1000, 800})},
+             QStringLiteral("a")},
+            {"the first lies elsewhere",
+             {display("a", {-1000, -100, 200, 800}), display("b", {-500, -100, 1500, 800})},
+             QStringLiteral("b")},
+            {"between all of them: the first",
+             {display("a", {-1000, -100, 100, 800}), display("b", {900, -100, 100, 800})},
+             QStringLiteral("a")}};
+        for (const auto &[name, displays, chosen] : cases) {
+            Studio studio;
+            studio.scene.layout.displays = displays;
+            SceneStudioModel &model = studio.open();
+            const int id = model.addApp(QStringLiteral("mail"), QStringLiteral("Mail"));
+            QCOMPARE(model.boxes().back().id, id);
+            QVERIFY(!model.boxes().back().isGhost);
+            QVERIFY2(studio.record(id)
+                         == (WindowRecord{QStringLiteral("Mail"),
+                                          QStringLiteral("mail"),
+                                          {},
+                                          chosen,
+                                          {-450, 0, 900, 600},
+                                          0}),
+                     name);
+        }
     }
 
     void ordinaryApplicationsWithoutABoxCanBeAdded()
@@ -242,8 +223,8 @@ private Q_SLOTS:
     void savingHandsOverTheSceneWithTheBoxesAsTheyAre()
     {
         Studio studio;
-        studio.scene.layout.windows.push_back(window("mail", {0, 0, 300, 200}));
-        studio.scene.layout.windows.push_back(window("chat", {0, 0, 300, 200}));
+        studio.scene.layout.windows.push_back(window("mail", "", {0, 0, 300, 200}));
+        studio.scene.layout.windows.push_back(window("chat", "", {0, 0, 300, 200}));
         studio.scene.layout.windows.back().zOrder = 9;
         SceneStudioModel &model = studio.open();
         model.removeBox(1);

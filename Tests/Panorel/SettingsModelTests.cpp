@@ -1,6 +1,4 @@
-#include "Panorel/InMemoryProgram.h"
-#include "Panorel/Settings/SettingsModel.h"
-#include "Panorel/Settings/UpdaterCenter.h"
+#include "Panorel/SettingsProgram.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -11,26 +9,16 @@ using namespace std::chrono_literals;
 namespace {
 
 const QString sectionKey = QStringLiteral("settingsSelectedSection");
-constexpr HotKeyCombo stashKey{1, HotKeyCombo::option | HotKeyCombo::shift};
 constexpr HotKeyCombo freeKey{18, HotKeyCombo::control | HotKeyCombo::option};
 
 /// The program with its settings open.
-struct Settings : Program {
-    SettingsModel model{*controller, AppServices{platform, *watcher, hotKeys, *prefs, scheduler,
-                                                 dir.log, dir.clock}};
+struct Settings : SettingsProgram {
     QSignalSpy changes{&model, &SettingsModel::changed};
 
     bool isKeyTaken(const HotKeyCombo &combo)
     {
         return std::ranges::any_of(platform.keys.registered,
                                    [&](const auto &entry) { return entry.second == combo; });
-    }
-    QStringList sceneNames()
-    {
-        QStringList names;
-        for (const SceneRecord &scene : model.scenes())
-            names << scene.name;
-        return names;
     }
     /// The rows as "name:identifier", with what was decided.
     QStringList rules()
@@ -40,14 +28,6 @@ struct Settings : Program {
             rows << row.appName + u':' + row.rule.bundleID
                         + (row.rule.ignored ? QStringLiteral(" ignored") : QString());
         return rows;
-    }
-    /// Ten minutes from now, every day.
-    TriggerRecord soon(const QUuid &sceneID)
-    {
-        const QTime time =
-            QDateTime::fromMSecsSinceEpoch(dir.clock.now().time_since_epoch() / 1ms).time();
-        const QTime then = time.addSecs(600);
-        return {QUuid::createUuid(), sceneID, {TimeTrigger{then.hour(), then.minute(), {}}}, true};
     }
 };
 
@@ -60,42 +40,35 @@ private Q_SLOTS:
     void thePaneOfTheLastLaunchOpens_data()
     {
         QTest::addColumn<QVariant>("stored");
-        QTest::addColumn<int>("opened");
+        QTest::addColumn<SettingsSection>("opened");
         const char *names[] = {"general", "displays", "shortcuts", "scenes", "automation", "about"};
         for (int i = 0; i < 6; ++i)
-            QTest::newRow(names[i]) << QVariant(QString::fromLatin1(names[i])) << i;
-        QTest::newRow("no pane's name") << QVariant(QStringLiteral("plugins")) << 0;
-        QTest::newRow("another case") << QVariant(QStringLiteral("About")) << 0;
-        QTest::newRow("empty") << QVariant(QString()) << 0;
-        QTest::newRow("not text") << QVariant(4.0) << 0;
+            QTest::newRow(names[i])
+                << QVariant(QString::fromLatin1(names[i])) << SettingsSection(i);
+        QTest::newRow("no pane's name")
+            << QVariant(QStringLiteral("About")) << SettingsSection::General;
+        QTest::newRow("not text") << QVariant(4.0) << SettingsSection::General;
     }
 
     void thePaneOfTheLastLaunchOpens()
     {
         QFETCH(QVariant, stored);
-        QFETCH(int, opened);
+        QFETCH(SettingsSection, opened);
         Settings settings;
-        settings.platform.defaults.values[sectionKey] = stored;
-        SettingsModel next(*settings.controller,
-                           {settings.platform, *settings.watcher, settings.hotKeys, *settings.prefs,
-                            settings.scheduler, settings.dir.log, settings.dir.clock});
-        QCOMPARE(int(next.selectedSection()), opened);
-        QCOMPARE(settings.platform.defaults.values[sectionKey], stored); // opening writes nothing
-
-        settings.platform.defaults.remove(sectionKey);
-        QCOMPARE(int(settings.model.selectedSection()), 0);
+        QVariant &value = settings.platform.defaults.values[sectionKey];
+        value = stored;
+        QCOMPARE(SettingsModel(*settings.controller, settings.services()).selectedSection(),
+                 opened);
+        QCOMPARE(value, stored);                   // opening writes nothing
         for (int round = 1; round <= 2; ++round) { // the same pane again is stored again
-            settings.platform.defaults.remove(sectionKey);
-            settings.model.setSelectedSection(SettingsSection(opened));
-            QCOMPARE(int(settings.model.selectedSection()), opened);
-            QVERIFY(settings.platform.defaults.text(sectionKey));
+            value.clear();
+            settings.model.setSelectedSection(opened);
+            QCOMPARE(settings.model.selectedSection(), opened);
+            QVERIFY(!value.isNull());
             QCOMPARE(settings.changes.size(), round);
         }
-        if (stored.toString() == QString::fromLatin1(QTest::currentDataTag()))
-            QCOMPARE(settings.platform.defaults.text(sectionKey), stored.toString());
-        settings.model.setLayoutsSection(LayoutsSection::Rules);
-        QCOMPARE(settings.model.layoutsSection(), LayoutsSection::Rules);
-        QCOMPARE(settings.changes.size(), 3);
+        if (stored == QLatin1String(QTest::currentDataTag()))
+            QCOMPARE(value, stored);
     }
 
     void aSceneIsNumberedByItsDeskAndListedAtOnce()
@@ -155,7 +128,13 @@ private Q_SLOTS:
         const QUuid scene = settings.model.addSceneFromCurrentWindows().id;
         const QString nothing = QStringLiteral("nothing yet");
         const QString applied = QStringLiteral("Applied Scene 1: 2 windows");
-        TriggerRecord trigger = settings.soon(scene);
+        // In ten minutes, every day.
+        const QTime then =
+            QDateTime::fromMSecsSinceEpoch(settings.dir.clock.now().time_since_epoch() / 1ms)
+                .time()
+                .addSecs(600);
+        TriggerRecord trigger{
+            QUuid::createUuid(), scene, {TimeTrigger{then.hour(), then.minute(), {}}}, true};
         settings.panel.setLastAction(nothing);
         const auto afterADay = [&] {
             settings.panel.setLastAction(nothing);
@@ -207,68 +186,24 @@ private Q_SLOTS:
         QCOMPARE(settings.controller->rules().rule(QStringLiteral("mail")).ignored, true);
     }
 
-    void keysCollideWithWhatElseHasThem()
-    {
-        Settings settings;
-        SettingsModel &model = settings.model;
-        SceneRecord scene = model.addSceneFromCurrentWindows();
-        settings.changes.clear();
-        QCOMPARE(model.key(FixedAction::Stash), stashKey);
-        QCOMPARE(model.collisions(stashKey, keyID(FixedAction::Undo)),
-                 QStringList{QStringLiteral("Stash")});
-        QCOMPARE(model.collisions(stashKey, keyID(FixedAction::Stash)), QStringList());
-        model.setKey(FixedAction::Undo, stashKey);
-        scene.hotKey = stashKey;
-        model.updateScene(scene);
-        QStringList others = model.collisions(stashKey, keyID(FixedAction::Stash));
-        others.sort();
-        QCOMPARE(others,
-                 QStringList({QStringLiteral("Scene 1"), QStringLiteral("Undo last restore")}));
-        QCOMPARE(model.collisions(stashKey, keyID(scene)).size(), 2);
-        QCOMPARE(model.keyText(stashKey), QStringLiteral("Alt+Shift+S"));
-
-        model.setKey(FixedAction::Stash, {});
-        model.setKey(FixedAction::Undo, freeKey);
-        QVERIFY(!model.key(FixedAction::Stash) && settings.prefs->undoHotKey() == freeKey);
-        QCOMPARE(model.collisions(stashKey, {}), QStringList{QStringLiteral("Scene 1")});
-        QCOMPARE(model.collisions(freeKey, {}), QStringList{QStringLiteral("Undo last restore")});
-        QCOMPARE(settings.changes.size(), 4);
-    }
-
     void aDeskIsRenamedAndForgotten()
     {
         Settings settings;
         settings.model.addSceneFromCurrentWindows();
         const QString desk = settings.model.layouts().at(0).configID;
-        QCOMPARE(settings.model.deskName(desk), QStringLiteral("Desk setup"));
         settings.model.renameDesk(settings.model.layouts().at(0).configID,
                                   QStringLiteral("Office"));
-        QCOMPARE(settings.model.layouts().at(0).name, QStringLiteral("Office"));
+        QCOMPARE(settings.model.deskName(desk), QStringLiteral("Office"));
         QCOMPARE(settings.panel.deskName(), QStringLiteral("Office"));
         settings.model.forgetDesk(settings.model.layouts().at(0).configID);
-        QVERIFY(settings.model.layouts().empty());
+        QVERIFY(settings.layouts().empty() && settings.model.layouts().empty());
+        QVERIFY(PlacementMemory(settings.dir.log, settings.dir.clock)
+                    .windows(desk, QStringLiteral("mail"))
+                    .empty());
         QCOMPARE(settings.panel.windowCount(), 0);
         QCOMPARE(settings.model.deskName(desk), QStringLiteral("Desk setup"));
         QCOMPARE(settings.sceneNames().size(), 1);
         QCOMPARE(settings.changes.size(), 3);
-    }
-
-    void updatesAreKeptByTheUpdater()
-    {
-        InMemoryPlatform platform;
-        UpdaterPort &port = *platform.updater();
-        for (const bool asked : {false, true}) {
-            platform.checksForUpdates = !asked;
-            UpdaterCenter center(port);
-            QSignalSpy changes(&center, &UpdaterCenter::changed);
-            QCOMPARE(center.automaticallyChecksForUpdates(), !asked);
-            center.setAutomaticallyChecksForUpdates(asked);
-            QCOMPARE(center.automaticallyChecksForUpdates(), asked);
-            QCOMPARE(platform.checksForUpdates, asked);
-            QCOMPARE(changes.size(), 1);
-            center.checkForUpdates();
-        }
-        QCOMPARE(platform.updateChecks, 2);
     }
 };
 
