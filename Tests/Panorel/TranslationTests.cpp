@@ -103,22 +103,6 @@ private Q_SLOTS:
         QVERIFY2(contents(copy) == contents(path), "run scripts/update-translations");
     }
 
-    void faultsInATranslationAreFound()
-    {
-        const QByteArray file = R"(<TS><context><name>C</name>
-            <message><source>Good %1…</source><translation>Gut %1 …</translation></message>
-            <message><source>A</source><translation type="unfinished">B</translation></message>
-            <message><source>B</source><translation type="vanished">C</translation></message>
-            <message><source>C %1</source><translation>C %2</translation></message>
-            <message><source>D…</source><translation>D</translation></message>
-            <message numerus="yes"><source>%n e</source><translation>
-                <numerusform>%n e</numerusform><numerusform></numerusform></translation></message>
-            </context></TS>)";
-        QCOMPARE(faultsOf(file).join(u'|'), QStringLiteral("A: unfinished|B: vanished|"
-                                                           "C %1: other marks|D…: other marks|"
-                                                           "%n e: empty"));
-    }
-
     void theFirstLanguageThatIsSpokenIsShown_data()
     {
         QTest::addColumn<QStringList>("languages");
