@@ -1,9 +1,8 @@
 #include "PanorelX11/Applications/ApplicationRule.h"
+#include "Support/TestHome.h"
 
-#include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <unistd.h>
@@ -56,28 +55,29 @@ class ApplicationIdentityTests : public QObject {
 private Q_SLOTS:
     void initTestCase()
     {
-        qputenv("XDG_DATA_HOME", m_home.filePath(QStringLiteral("data")).toUtf8());
-        qputenv("XDG_DATA_DIRS", m_home.filePath(QStringLiteral("none")).toUtf8());
+        qputenv("XDG_DATA_DIRS", m_home.path(QStringLiteral("none")).toUtf8());
         qputenv("LANGUAGE", "de");
         qputenv("LC_ALL", "C.UTF-8");
         // A desktop file counts as installed only if its program is there.
-        qputenv("PATH", m_home.filePath(QStringLiteral("bin")).toUtf8() + ':' + qgetenv("PATH"));
-        QDir().mkpath(m_home.filePath(QStringLiteral("bin")));
-        QDir().mkpath(m_home.filePath(QStringLiteral("data/applications")));
+        qputenv("PATH", m_home.path(QStringLiteral("bin")).toUtf8() + ':' + qgetenv("PATH"));
+        QDir().mkpath(m_home.path(QStringLiteral("bin")));
         for (const char *program : {"mail-bin", "office-bin", "viewer-bin", "term-bin",
                                     "browser-bin", "python3", "late-bin"})
             QVERIFY(QFile::link(QStringLiteral("/bin/true"),
-                                m_home.filePath(QStringLiteral("bin/") + QLatin1String(program))));
-        install(QStringLiteral("mail"), "Exec=\"mail-bin\" %U\nNoDisplay=true\n");
-        install(QStringLiteral("two-parts"), "Exec=python3 two.py\n");
-        install(QStringLiteral("org.example.Viewer"), "Exec=viewer-bin\nName[de]=Betrachter\n");
-        install(QStringLiteral("term"),
-                "Exec=term-bin\nStartupWMClass=Terminal\nCategories=System;TerminalEmulator;\n");
-        install(QStringLiteral("office-writer"), "Exec=office-bin --writer\n");
-        install(QStringLiteral("office-calc"), "Exec=office-bin --calc\n");
-        install(QStringLiteral("browser-b"), "Exec=browser-bin\nStartupWMClass=Browser\n");
-        install(QStringLiteral("browser-a"), "Exec=browser-bin\nStartupWMClass=Browser\n");
-        install(QStringLiteral("webmail"), "Exec=browser-bin --app=1\nStartupWMClass=crx_abc\n");
+                                m_home.path(QStringLiteral("bin/") + QLatin1String(program))));
+        m_home.install(QStringLiteral("mail"), "Exec=\"mail-bin\" %U\nNoDisplay=true\n");
+        m_home.install(QStringLiteral("two-parts"), "Exec=python3 two.py\n");
+        m_home.install(QStringLiteral("org.example.Viewer"),
+                       "Exec=viewer-bin\nName[de]=Betrachter\n");
+        m_home.install(
+            QStringLiteral("term"),
+            "Exec=term-bin\nStartupWMClass=Terminal\nCategories=System;TerminalEmulator;\n");
+        m_home.install(QStringLiteral("office-writer"), "Exec=office-bin --writer\n");
+        m_home.install(QStringLiteral("office-calc"), "Exec=office-bin --calc\n");
+        m_home.install(QStringLiteral("browser-b"), "Exec=browser-bin\nStartupWMClass=Browser\n");
+        m_home.install(QStringLiteral("browser-a"), "Exec=browser-bin\nStartupWMClass=Browser\n");
+        m_home.install(QStringLiteral("webmail"),
+                       "Exec=browser-bin --app=1\nStartupWMClass=crx_abc\n");
     }
 
     void aWindowBelongsToAnInstalledApplication_data()
@@ -159,22 +159,13 @@ private Q_SLOTS:
         ApplicationIdentifier identifier;
         const ApplicationFacts facts{"late", {}, {}, {}};
         QCOMPARE(identifier.identify(facts).id, QStringLiteral("wmclass:unknown"));
-        install(QStringLiteral("late"), "Exec=late-bin\n");
+        m_home.install(QStringLiteral("late"), "Exec=late-bin\n");
         QTRY_COMPARE(identifier.identify(facts).id, QStringLiteral("late"));
     }
 
 private:
-    void install(const QString &id, const QByteArray &lines);
-
-    QTemporaryDir m_home;
+    const TestHome m_home;
 };
-
-void ApplicationIdentityTests::install(const QString &id, const QByteArray &lines)
-{
-    QFile file(m_home.filePath(QStringLiteral("data/applications/%1.desktop").arg(id)));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("[Desktop Entry]\nType=Application\nName=Some name\n" + lines);
-}
 
 } // namespace Panorel::X11
 

@@ -1,11 +1,10 @@
 #include "PanorelX11/Applications/GioLauncher.h"
 #include "PanorelX11/Session/StartEnvironment.h"
+#include "Support/TestHome.h"
 
 #include <QDBusConnection>
-#include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <csignal>
@@ -49,23 +48,23 @@ class LauncherTests : public QObject {
 private Q_SLOTS:
     void initTestCase()
     {
-        for (const char *folder : {"bin", "reports", "data/applications/sub", "outside"})
-            QVERIFY(QDir(m_home.path()).mkpath(QLatin1String(folder)));
-        qputenv("XDG_DATA_HOME", path("data"));
+        for (const char *folder : {"bin", "reports"})
+            QVERIFY(QDir().mkpath(m_home.path(QLatin1String(folder))));
         qputenv("XDG_DATA_DIRS", path("none"));
         qputenv("REPORTS", path("reports"));
         qputenv("PATH", path("bin") + ':' + qgetenv("PATH"));
-        write("bin/probe", probe);
+        writeFile(QFile::decodeName(path("bin/probe")), probe);
         QVERIFY(QFile::setPermissions(QFile::decodeName(path("bin/probe")),
                                       QFile::ReadOwner | QFile::ExeOwner));
-        install("viewer", "Exec=probe viewer\n");
-        install("sub/editor", "Exec=probe editor\nNoDisplay=true\n");
-        install("hidden", "Exec=probe hidden\nHidden=true\n");
-        install("gone", "Exec=no-such-program\n");
-        install("try", "Exec=probe try\nTryExec=no-such-program\n");
-        install("noexec", "Comment=nothing to run\n");
-        install("../../outside/other", "Exec=probe other\n");
-        install("org.example.Activated", "Exec=probe activated\nDBusActivatable=true\n");
+        m_home.install(QStringLiteral("viewer"), "Exec=probe viewer\n");
+        m_home.install(QStringLiteral("sub/editor"), "Exec=probe editor\nNoDisplay=true\n");
+        m_home.install(QStringLiteral("hidden"), "Exec=probe hidden\nHidden=true\n");
+        m_home.install(QStringLiteral("gone"), "Exec=no-such-program\n");
+        m_home.install(QStringLiteral("try"), "Exec=probe try\nTryExec=no-such-program\n");
+        m_home.install(QStringLiteral("noexec"), "Comment=nothing to run\n");
+        m_home.install(QStringLiteral("../../outside/other"), "Exec=probe other\n");
+        m_home.install(QStringLiteral("org.example.Activated"),
+                       "Exec=probe activated\nDBusActivatable=true\n");
         // As the program does for itself after it has recorded how it was started.
         qputenv("DESKTOP_STARTUP_ID", "of this program's own start");
         qunsetenv("DBUS_SESSION_BUS_ADDRESS");
@@ -89,7 +88,7 @@ private Q_SLOTS:
             QString(),
             QStringLiteral("sub/editor"),
             QStringLiteral("../../outside/other"),
-            m_home.filePath(QStringLiteral("outside/other")),
+            m_home.path(QStringLiteral("outside/other")),
             QStringLiteral("viewer.desktop") + QChar(u'\0'),
             QString(100'000, u'x'),
         };
@@ -157,34 +156,20 @@ private Q_SLOTS:
 private:
     QByteArray path(const char *name) const
     {
-        return QFile::encodeName(m_home.filePath(QLatin1String(name)));
+        return QFile::encodeName(m_home.path(QLatin1String(name)));
     }
-    QString location(const char *id) const
-    {
-        return QFile::decodeName(path("data/applications/") + id + ".desktop");
-    }
-    void write(const QByteArray &name, const QByteArray &text) const
-    {
-        QFile file(QFile::decodeName(path(name.constData())));
-        QVERIFY(file.open(QFile::WriteOnly));
-        file.write(text);
-    }
-    void install(const QByteArray &id, const QByteArray &keys) const
-    {
-        write("data/applications/" + id + ".desktop",
-              "[Desktop Entry]\nType=Application\nName=" + id + "\n" + keys);
-    }
+    QString location(const char *id) const { return m_home.application(QLatin1String(id)); }
     QStringList reportOf(const char *name)
     {
-        QFile file(QFile::decodeName(path("reports/") + name));
-        if (!QTest::qWaitFor([&] { return file.exists(); }, 10'000) || !file.open(QFile::ReadOnly))
+        const QString file = QFile::decodeName(path("reports/") + name);
+        if (!QTest::qWaitFor([&] { return QFile::exists(file); }, 10'000))
             return {};
-        const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n');
+        const QStringList lines = QString::fromUtf8(readFile(file)).split(u'\n');
         m_pid = lines.filter(QStringLiteral("pid: ")).value(0).mid(5).toInt();
         return lines;
     }
 
-    QTemporaryDir m_home;
+    const TestHome m_home;
     int m_pid = 0; ///< of the application that reported last
 };
 

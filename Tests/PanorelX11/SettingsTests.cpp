@@ -1,6 +1,7 @@
 #include "PanorelX11/Settings/IniUserDefaults.h"
 #include "PanorelX11/Settings/XdgLoginItem.h"
 #include "Support/TestDataDir.h"
+#include "Support/TestHome.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -89,21 +90,19 @@ private Q_SLOTS:
     void aValueOfAnotherTypeIsAbsent()
     {
         QFETCH(QByteArray, stored);
-        write("[General]\nkey=" + stored + '\n');
+        writeFile(path(), "[General]\nkey=" + stored + '\n');
         QTEST(readBack(IniUserDefaults(m_data.log, m_data.clock), QStringLiteral("key")), "read");
     }
 
     void aFileOfGarbageIsKeptAside()
     {
         const QByteArray garbage("\x89PNG\r\n\x1a\n\0\0 no setting at all\nenabled=false\n", 43);
-        write(garbage);
+        writeFile(path(), garbage);
         IniUserDefaults defaults(m_data.log, m_data.clock);
         QVERIFY(!defaults.contains(QStringLiteral("enabled")));
         defaults.setBoolean(QStringLiteral("enabled"), true);
         QCOMPARE(stored(QStringLiteral("enabled")), "boolean:true");
-        QFile aside(path() + QStringLiteral(".corrupt-1715592000"));
-        QVERIFY(aside.open(QIODevice::ReadOnly));
-        QCOMPARE(aside.readAll(), garbage);
+        QCOMPARE(readFile(path() + QStringLiteral(".corrupt-1715592000")), garbage);
         QVERIFY(m_data.logged().contains(
             QStringLiteral("settings: Panorel.ini was corrupt, moved aside")));
     }
@@ -158,22 +157,13 @@ private Q_SLOTS:
         g_object_unref(entry);
 
         XdgLoginItem(QStringLiteral("/opt/$x 50%f/panorel")).setRegistered(true);
-        QFile written(file);
-        QVERIFY(written.open(QIODevice::ReadOnly));
-        QVERIFY(written.readAll().contains("Exec=\"/opt/\\\\$x 50%%f/panorel\"\n"));
+        QVERIFY(readFile(file).contains("Exec=\"/opt/\\\\$x 50%%f/panorel\"\n"));
         item.setRegistered(false);
         QVERIFY(!QFile::exists(file));
     }
 
 private:
     QString path() const { return m_home->filePath(QStringLiteral("Panorel/Panorel.ini")); }
-    void write(const QByteArray &bytes) const
-    {
-        QVERIFY(QDir().mkpath(QFileInfo(path()).path()));
-        QFile file(path());
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    }
-
     /// Read from a copy, of which this process has cached nothing.
     QByteArray stored(const QString &key)
     {

@@ -1,7 +1,8 @@
 #include "Support/TestDataDir.h"
 
+#include "Support/TestHome.h"
+
 #include <QCoreApplication>
-#include <QFile>
 
 namespace Panorel {
 
@@ -18,15 +19,12 @@ TestDataDir::~TestDataDir()
 
 QByteArray TestDataDir::read(const QString &name) const
 {
-    QFile file(path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return readFile(path(name));
 }
 
 void TestDataDir::write(const QString &name, const QByteArray &bytes) const
 {
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write %s", qPrintable(file.fileName()));
+    writeFile(path(name), bytes);
 }
 
 QStringList TestDataDir::names() const
