@@ -1,31 +1,25 @@
 #pragma once
 
-#include "Contracts/DesktopRig.h"
-
-#include <QTest>
+#include "Contracts/DesktopContract.h"
 
 namespace Panorel {
 
 /// What the engines rely on in every platform's windows: accessibility, window list, workspace.
-class AccessibilityContract : public QObject {
+class AccessibilityContract : public DesktopContract {
     Q_OBJECT
 
 public:
-    explicit AccessibilityContract(DesktopRig &rig) : m_rig(rig) {}
+    explicit AccessibilityContract(DesktopRig &rig) : DesktopContract(rig) {}
 
 private Q_SLOTS:
     void init()
     {
-        m_first = m_rig.open(editor, {100, 120, 400, 300});
-        m_second = m_rig.open(editor, secondFrame);
-        m_other = m_rig.open(mail, otherFrame);
+        m_first = open(editor, {100, 120, 400, 300});
+        m_second = open(editor, secondFrame);
+        m_other = open(mail, otherFrame);
     }
 
-    void cleanup()
-    {
-        for (const QString &title : {m_first, m_second, m_other})
-            m_rig.close(title);
-    }
+    void cleanup() { closeAll(); }
 
     void anApplicationsWindowsAreListedFrontToBack()
     {
@@ -55,7 +49,7 @@ private Q_SLOTS:
     void aWindowThatIsGoneReadsAsAbsent()
     {
         const auto element = window(editor, m_first).element;
-        m_rig.close(m_first);
+        close(m_first);
         port().apply(element, Point{1, 1}, Size{200, 200});
         port().raise({element});
         const FrameReading after = port().readFrame(element);
@@ -84,35 +78,14 @@ private Q_SLOTS:
     void theWindowListAgreesWithAccessibility()
     {
         m_rig.minimize(m_first);
-        std::vector<std::pair<ProcessIdentifier, Rect>> ordinary;
-        const auto list = m_rig.windowList().onScreenWindows();
-        QVERIFY(list.has_value());
-        for (const WindowListEntry &entry : *list) {
-            if (entry.layer == 0)
-                ordinary.emplace_back(entry.ownerPID.value(), entry.bounds.value());
-        }
-        QVERIFY(ordinary
-                == (std::vector{std::pair(pidOf(mail), otherFrame),
-                                std::pair(pidOf(editor), secondFrame)}));
+        QCOMPARE(onScreen(), (OnScreen{{pidOf(mail), otherFrame}, {pidOf(editor), secondFrame}}));
     }
 
 private:
-    static inline const QString editor = QStringLiteral("editor");
-    static inline const QString mail = QStringLiteral("mail");
     static constexpr Rect secondFrame{600, 200, 500, 350};
     static constexpr Rect otherFrame{300, 500, 450, 320};
 
     AccessibilityPort &port() { return m_rig.accessibility(); }
-
-    ProcessIdentifier pidOf(const QString &application)
-    {
-        for (const RunningApplication &running : m_rig.workspace().runningApplications()) {
-            if (running.bundleID == m_rig.bundleID(application)
-                && running.policy == ActivationPolicy::Regular)
-                return running.pid;
-        }
-        return -1;
-    }
 
     QStringList titles(const QString &application)
     {
@@ -122,12 +95,6 @@ private:
         return titles;
     }
 
-    WindowAttributes window(const QString &application, const QString &title)
-    {
-        return port().windows(pidOf(application)).at(size_t(titles(application).indexOf(title)));
-    }
-
-    DesktopRig &m_rig;
     QString m_first;
     QString m_second;
     QString m_other;

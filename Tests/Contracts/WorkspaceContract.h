@@ -1,18 +1,16 @@
 #pragma once
 
-#include "Contracts/DesktopRig.h"
-
-#include <QTest>
+#include "Contracts/DesktopContract.h"
 
 namespace Panorel {
 
 /// What the stash, the scenes and launch placement rely on: hiding and bringing back without loss,
 /// and hearing of launches.
-class WorkspaceContract : public QObject {
+class WorkspaceContract : public DesktopContract {
     Q_OBJECT
 
 public:
-    explicit WorkspaceContract(DesktopRig &rig) : m_rig(rig) {}
+    explicit WorkspaceContract(DesktopRig &rig) : DesktopContract(rig) {}
 
 private Q_SLOTS:
     void init()
@@ -26,8 +24,7 @@ private Q_SLOTS:
     void cleanup()
     {
         port().setLaunchCallback({});
-        for (const QString &title : std::exchange(m_open, {}))
-            m_rig.close(title);
+        closeAll();
     }
 
     void hidingTakesTheApplicationsWindowsAwayAndNoOther()
@@ -116,8 +113,7 @@ private Q_SLOTS:
     void aWindowThatIsClosedWhileHiddenIsNotMissed()
     {
         hide(editor);
-        m_rig.close(m_second);
-        m_open.removeOne(m_second);
+        close(m_second);
         QVERIFY(isHidden(editor));
         unhide(editor);
         QVERIFY(m_rig.waitUntil([this] { return m_rig.isOnScreen(m_first); }));
@@ -138,10 +134,8 @@ private Q_SLOTS:
         QVERIFY(m_rig.waitUntil([&] { return launched == QStringList{m_rig.bundleID(clock)}; }));
         open(editor, {90, 60, 300, 200}); // ran before
         const QString secondOfClock = open(clock, {130, 60, 300, 200});
-        for (const QString &title : {firstOfClock, secondOfClock}) {
-            m_rig.close(title);
-            m_open.removeOne(title);
-        }
+        for (const QString &title : {firstOfClock, secondOfClock})
+            close(title);
         open(clock, {50, 60, 300, 200}); // it had quit
         QVERIFY(m_rig.waitUntil([&] { return launched.size() == 2; }));
         port().setLaunchCallback({});
@@ -154,30 +148,10 @@ private Q_SLOTS:
     }
 
 private:
-    static inline const QString editor = QStringLiteral("editor");
-    static inline const QString mail = QStringLiteral("mail");
     static inline const QString clock = QStringLiteral("clock");
-
-    using OnScreen = std::vector<std::pair<ProcessIdentifier, Rect>>;
 
     WorkspacePort &port() { return m_rig.workspace(); }
 
-    QString open(const QString &application, const Rect &frame)
-    {
-        m_open.append(m_rig.open(application, frame));
-        return m_open.back();
-    }
-
-    RunningApplication running(const QString &application)
-    {
-        const auto all = port().runningApplications();
-        const auto found = std::ranges::find_if(all, [&](const RunningApplication &candidate) {
-            return candidate.bundleID == m_rig.bundleID(application)
-                   && candidate.policy == ActivationPolicy::Regular;
-        });
-        return found == all.end() ? RunningApplication{-1, {}, {}, {}, false} : *found;
-    }
-    ProcessIdentifier pidOf(const QString &application) { return running(application).pid; }
     bool isHidden(const QString &application) { return running(application).isHidden; }
 
     /// The application's number is the same hidden or not.
@@ -194,29 +168,6 @@ private:
         QVERIFY(m_rig.waitUntil([&] { return !isHidden(application); }));
     }
 
-    /// Ordinary windows, front to back.
-    OnScreen onScreen()
-    {
-        OnScreen ordinary;
-        const auto list = m_rig.windowList().onScreenWindows();
-        for (const WindowListEntry &entry : list.value()) {
-            if (entry.layer == 0)
-                ordinary.emplace_back(entry.ownerPID.value(), entry.bounds.value());
-        }
-        return ordinary;
-    }
-
-    WindowAttributes window(const QString &application, const QString &title)
-    {
-        for (const WindowAttributes &window : m_rig.accessibility().windows(pidOf(application))) {
-            if (window.title == title)
-                return window;
-        }
-        qFatal("no window \"%s\"", qPrintable(title));
-    }
-
-    DesktopRig &m_rig;
-    QStringList m_open;
     OnScreen m_before;
     QString m_first;
     QString m_other;
