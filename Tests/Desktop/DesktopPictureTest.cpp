@@ -73,9 +73,7 @@ private Q_SLOTS:
     {
         m_server.plug({{.output = 0}, {.output = 1, .x = 1920, .width = 1280, .height = 1024}});
         m_viewer = std::make_unique<XConnection>();
-        m_bus.silence();
-        m_bus.start();
-        qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.readLine().toLatin1());
+        qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.address().toLatin1());
     }
 
     void theDesktopIsToldByItsName()
@@ -156,19 +154,16 @@ private Q_SLOTS:
     void whatIsNoPictureLeavesTheDesktopAsItIs()
     {
         save(quarters({300, 300}), "whole.png");
-        QFile whole(path("whole.png"));
-        QVERIFY(whole.open(QFile::ReadOnly));
+        const QByteArray whole = readFile(path("whole.png"));
         ::mkfifo(qPrintable(path("pipe without a writer")), 0600);
         const std::pair<const char *, QByteArray> files[] = {
             {"text.png", "no picture"},
             {"empty.png", ""},
             {"immense.ppm", "P6 65535 65535 255\n"},
-            {"cut off.png", whole.read(whole.size() / 2)},
+            {"cut off.png", whole.left(whole.size() / 2)},
         };
-        for (const auto &[name, bytes] : files) {
-            QFile file(path(name));
-            QVERIFY(file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size());
-        }
+        for (const auto &[name, bytes] : files)
+            writeFile(path(name), bytes);
         show("", path("whole.png"));
         const auto before = rootProperty("_XROOTPMAP_ID").value();
         for (const char *name :
@@ -274,10 +269,7 @@ private Q_SLOTS:
     }
 
 private:
-    QString path(const char *name) const
-    {
-        return m_server.home() + QLatin1Char('/') + QString::fromUtf8(name);
-    }
+    QString path(const char *name) const { return m_server.home.path(QString::fromUtf8(name)); }
     QString save(const QImage &image, const char *name) const
     {
         image.save(path(name));
@@ -292,8 +284,8 @@ private:
                                                      "4d4d002a00000008"
                                                      "0001"
                                                      "01120003000000010006000000000000"));
-        QFile file(path(name));
-        return file.open(QFile::WriteOnly) && file.write(bytes.data()) > 0 ? path(name) : QString();
+        writeFile(path(name), bytes.data());
+        return path(name);
     }
     void show(const char *desktop, const QString &file)
     {
@@ -326,9 +318,7 @@ private:
     }
 
     TestServer m_server;
-    ChildProcess m_bus{QStringLiteral("dbus-daemon"),
-                       {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                        QStringLiteral("--nopidfile"), QStringLiteral("--print-address=1")}};
+    SessionBus m_bus;
     std::unique_ptr<XConnection> m_viewer;
     std::unique_ptr<X11DesktopPicture> m_picture;
 };

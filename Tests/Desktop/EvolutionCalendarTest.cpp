@@ -2,11 +2,14 @@
 #include "PanorelCore/Triggers/TriggerStore.h"
 #include "PanorelEngine/Triggers/CalendarTriggerMonitor.h"
 #include "PanorelX11/Calendar/DesktopCalendar.h"
-#include "PanorelX11/Session/GObjectOwned.h"
 #include "Support/FakeScheduler.h"
+#include "Support/TestHome.h"
 
+#include <QDBusConnectionInterface>
+#include <QDBusReply>
 #include <QDateTime>
 #include <QElapsedTimer>
+#include <QScopeGuard>
 #include <QTest>
 
 #include <csignal>
@@ -19,14 +22,6 @@ using namespace std::chrono_literals;
 
 const Instant from = Instant(std::chrono::seconds(1715590800)); // 2024-05-13T09:00:00Z
 const Instant to = from + 1h;
-
-void write(const QString &path, const QByteArray &text)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
-        qFatal("cannot write %s", qPrintable(path));
-}
 
 QByteArray calendar(const QByteArray &events)
 {
@@ -45,22 +40,13 @@ class Session {
 public:
     Session()
     {
-        const QString home = m_home.path();
-        for (const auto &[name, folder] : {std::pair("HOME", "/home"),
-                                           {"XDG_RUNTIME_DIR", "/run"},
-                                           {"XDG_CONFIG_HOME", "/config"},
-                                           {"XDG_DATA_HOME", "/data"},
-                                           {"XDG_CACHE_HOME", "/cache"}}) {
-            QDir().mkdir(home + QLatin1String(folder));
-            qputenv(name, (home + QLatin1String(folder)).toUtf8());
-        }
         qputenv("GSETTINGS_BACKEND", "memory");
         qputenv("GIO_USE_VFS", "local");
         qputenv("TZ", "Europe/Berlin");
         qunsetenv("DISPLAY");
-        m_bus.silence();
-        m_bus.start();
-        qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.readLine().toUtf8());
+        m_bus.emplace(); // what it starts has this environment
+        qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus->address().toUtf8());
+        m_connection = QDBusConnection::connectToBus(m_bus->address(), u"watch"_qs).interface();
     }
     ~Session() { signal(SIGKILL); }
 
@@ -68,83 +54,44 @@ public:
     void addCalendar(const QString &name, const QByteArray &events, const QByteArray &backend,
                      bool isEnabled)
     {
-        write(qEnvironmentVariable("XDG_CONFIG_HOME")
-                  + u"/evolution/sources/%1.source"_qs.arg(name),
-              "[Data Source]\nDisplayName=" + name.toUtf8()
-                  + "\nEnabled=" + (isEnabled ? "true" : "false")
-                  + "\nParent=local-stub\n\n[Calendar]\nBackendName=" + backend + "\n");
-        write(qEnvironmentVariable("XDG_DATA_HOME")
-                  + u"/evolution/calendar/%1/calendar.ics"_qs.arg(name),
-              calendar(events));
+        writeFile(m_home.path(u"config/evolution/sources/%1.source"_qs.arg(name)),
+                  "[Data Source]\nDisplayName=" + name.toUtf8()
+                      + "\nEnabled=" + (isEnabled ? "true" : "false")
+                      + "\nParent=local-stub\n\n[Calendar]\nBackendName=" + backend + "\n");
+        writeFile(m_home.path(u"data/evolution/calendar/%1/calendar.ics"_qs.arg(name)),
+                  calendar(events));
     }
 
     /// The processes that serve calendars, as the bus knows them.
-    std::set<guint32> servers() const
+    std::set<uint> servers() const
     {
-        std::set<guint32> result;
-        if (!m_connection)
-            m_connection.reset(g_dbus_connection_new_for_address_sync(
-                qgetenv("DBUS_SESSION_BUS_ADDRESS").constData(),
-                GDBusConnectionFlags(G_DBUS_CONNECTION_FLAGS_AUTHENTICATION_CLIENT
-                                     | G_DBUS_CONNECTION_FLAGS_MESSAGE_BUS_CONNECTION),
-                nullptr, nullptr, nullptr));
-        GVariant *names = ask("ListNames", nullptr);
-        GVariantIter *list = nullptr;
-        g_variant_get(names, "(as)", &list);
-        const char *name = nullptr;
-        while (g_variant_iter_next(list, "&s", &name)) {
-            if (!g_str_has_prefix(name, "org.gnome.evolution.dataserver.")
-                || !g_strrstr(name, "Calendar"))
-                continue;
-            if (GVariant *answer = ask("GetConnectionUnixProcessID", g_variant_new("(s)", name))) {
-                guint32 pid = 0;
-                g_variant_get(answer, "(u)", &pid);
-                g_variant_unref(answer);
-                result.insert(pid);
-            }
+        std::set<uint> result;
+        for (const QString &name : m_connection->registeredServiceNames().value()) {
+            if (name.startsWith(u"org.gnome.evolution.dataserver.") && name.contains(u"Calendar"))
+                result.insert(m_connection->servicePid(name));
         }
-        g_variant_iter_free(list);
-        g_variant_unref(names);
         return result;
     }
     int signal(int number) const
     {
         const auto pids = servers();
-        for (const guint32 pid : pids)
+        for (const uint pid : pids)
             kill(static_cast<pid_t>(pid), number);
         return static_cast<int>(pids.size());
     }
 
 private:
-    GVariant *ask(const char *method, GVariant *arguments) const
-    {
-        return g_dbus_connection_call_sync(m_connection.get(), "org.freedesktop.DBus",
-                                           "/org/freedesktop/DBus", "org.freedesktop.DBus", method,
-                                           arguments, nullptr, G_DBUS_CALL_FLAGS_NONE, -1, nullptr,
-                                           nullptr);
-    }
-
-    QTemporaryDir m_home;
-    ChildProcess m_bus{u"dbus-daemon"_qs, {u"--session"_qs, u"--nofork"_qs, u"--print-address"_qs}};
-    mutable X11::GOwned<GDBusConnection> m_connection;
+    const TestHome m_home;
+    std::optional<SessionBus> m_bus;
+    QDBusConnectionInterface *m_connection = nullptr;
 };
 
-/// Stopped servers, which go on when the test is done with them.
-class Stopped {
-public:
-    explicit Stopped(Session &session) : m_session(session) { count = session.signal(SIGSTOP); }
-    ~Stopped() { m_session.signal(SIGCONT); }
-
-    int count = 0;
-
-private:
-    Session &m_session;
-};
-
-QString maps()
+/// They go on when the result is gone.
+[[nodiscard]] auto stopServers(const Session &session)
 {
-    QFile file(u"/proc/self/maps"_qs);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    if (session.signal(SIGSTOP) == 0)
+        qFatal("no servers to stop");
+    return qScopeGuard([&session] { session.signal(SIGCONT); });
 }
 
 } // namespace
@@ -173,8 +120,8 @@ private Q_SLOTS:
         m_session->addCalendar(u"Off"_qs, vevent("UID:off\nDTSTART:20240513T093000Z\n"), "local",
                                false);
         m_session->addCalendar(u"Odd"_qs, {}, "nonsense", true);
-        write(m_folder.filePath(u"a.ics"_qs),
-              calendar(vevent("UID:file\nDTSTART:20240513T093100Z\n")));
+        writeFile(m_folder.filePath(u"a.ics"_qs),
+                  calendar(vevent("UID:file\nDTSTART:20240513T093100Z\n")));
         QVERIFY2(m_session->servers().empty(), "the session begins without servers");
     }
 
@@ -190,7 +137,7 @@ private Q_SLOTS:
             QTRY_VERIFY(answers());
         }
         QVERIFY(m_session->servers().empty());
-        QVERIFY(!maps().contains(u"libecal"));
+        QVERIFY(!readFile(u"/proc/self/maps"_qs).contains("libecal"));
     }
 
     void theDesktopsCalendarsAreRead()
@@ -201,7 +148,7 @@ private Q_SLOTS:
         const auto events = read(port);
         qInfo("first %lld ms", timer.restart());
         QCOMPARE(summary(events), m_all);
-        QVERIFY(maps().contains(u"libecal"));
+        QVERIFY(readFile(u"/proc/self/maps"_qs).contains("libecal"));
         const auto call = std::ranges::find(events, u"call"_qs, &CalendarEvent::identifier);
         const CalendarEvent expected{u"call"_qs,   u"Call"_qs,
                                      std::nullopt, u"https://zoom.us/j/1"_qs,
@@ -258,8 +205,7 @@ private Q_SLOTS:
         connect(&ticks, &QTimer::timeout, &ticks,
                 [&] { longest = std::max(longest, sinceTick.restart()); });
         {
-            const Stopped stopped(*m_session);
-            QVERIFY(stopped.count > 0);
+            const auto goOn = stopServers(*m_session);
             sinceTick.start();
             ticks.start(10);
             QElapsedTimer whole;
@@ -277,7 +223,7 @@ private Q_SLOTS:
     {
         auto port = std::make_unique<X11::DesktopCalendar>(m_data.log, m_data.clock, m_places);
         QCOMPARE(summary(read(*port)), m_all);
-        const Stopped stopped(*m_session);
+        const auto goOn = stopServers(*m_session);
         port->events(from, to, [](const auto &) { QFAIL("answered after its end"); });
         QElapsedTimer timer;
         timer.start();

@@ -2,94 +2,18 @@
 
 #include <QTest>
 
-#include <xcb/xcb_icccm.h>
-
-#include <algorithm>
 #include <array>
-#include <cstring>
-#include <thread>
 
 using namespace Panorel;
 using namespace Panorel::Desktop;
 
 namespace {
 
-constexpr char minimised[] = "_NET_WM_STATE_HIDDEN";
 constexpr char skipped[] = "_NET_WM_STATE_SKIP_TASKBAR";
 
-/// A window that the test itself owns, for what no well-behaved program does.
-class OddWindow {
+class Desk : public EngineSession {
 public:
-    explicit OddWindow(const char *name) : m_connection(xcb_connect(nullptr, nullptr))
-    {
-        const auto *screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data;
-        m_id = xcb_generate_id(m_connection.get());
-        xcb_create_window(m_connection.get(), XCB_COPY_FROM_PARENT, m_id, screen->root, 0, 0, 300,
-                          200, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, screen->root_visual, 0, nullptr);
-        const QByteArray wmClass = QByteArray(name) + '\0' + name + '\0';
-        xcb_icccm_set_wm_class(m_connection.get(), m_id, std::uint32_t(wmClass.size()), wmClass);
-        xcb_icccm_set_wm_name(m_connection.get(), m_id, XCB_ATOM_STRING, 8,
-                              std::uint32_t(std::strlen(name)), name);
-    }
-
-    xcb_window_t id() const { return m_id; }
-    void setAtom(const char *property, const char *value)
-    {
-        const xcb_atom_t wanted = atom(value);
-        xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, m_id, atom(property),
-                            XCB_ATOM_ATOM, 32, 1, &wanted);
-        xcb_flush(m_connection.get());
-    }
-    void show()
-    {
-        xcb_map_window(m_connection.get(), m_id);
-        xcb_flush(m_connection.get());
-    }
-    /// It says that it takes the focus itself when asked to.
-    void askForFocus()
-    {
-        xcb_icccm_wm_hints_t hints{};
-        xcb_icccm_wm_hints_set_input(&hints, 0);
-        xcb_icccm_set_wm_hints(m_connection.get(), m_id, &hints);
-        setAtom("WM_PROTOCOLS", "WM_TAKE_FOCUS");
-    }
-    /// And does so; the server refuses a time that is none.
-    int answerOffers()
-    {
-        int offers = 0;
-        while (xcb_generic_event_t *event = xcb_poll_for_event(m_connection.get())) {
-            const auto *message = reinterpret_cast<xcb_client_message_event_t *>(event);
-            if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE
-                && message->data.data32[0] == atom("WM_TAKE_FOCUS")) {
-                ++offers;
-                xcb_set_input_focus(m_connection.get(), XCB_INPUT_FOCUS_PARENT, m_id,
-                                    message->data.data32[1]);
-            }
-            std::free(event);
-        }
-        xcb_flush(m_connection.get());
-        return offers;
-    }
-
-private:
-    xcb_atom_t atom(const char *name)
-    {
-        auto *reply = xcb_intern_atom_reply(
-            m_connection.get(),
-            xcb_intern_atom(m_connection.get(), 0, std::uint16_t(std::strlen(name)), name),
-            nullptr);
-        const xcb_atom_t value = reply->atom;
-        std::free(reply);
-        return value;
-    }
-
-    ServerConnection m_connection;
-    xcb_window_t m_id = XCB_WINDOW_NONE;
-};
-
-class Desk : public DesktopSession {
-public:
-    using DesktopSession::DesktopSession;
+    Desk() : EngineSession(managerOfThisRun()) {}
 
     WorkspacePort &workspace() { return platform->workspace(); }
 
@@ -120,7 +44,7 @@ public:
     {
         QStringList titles;
         for (const xcb_window_t window : probe.stacking()) {
-            if (!probe.hasState(window, minimised))
+            if (!probe.hasState(window, "_NET_WM_STATE_HIDDEN"))
                 titles << probe.title(window);
         }
         return titles;
@@ -129,20 +53,13 @@ public:
     {
         return Desktop::waitUntil([&] { return shown().size() == count; });
     }
-    /// Classes of the applications that were announced.
-    void listen()
-    {
-        workspace().setLaunchCallback([this](const RunningApplication &application) {
-            launched << application.bundleID.value().section(u':', 1);
-        });
-    }
-
-    QStringList launched;
 };
 
-QStringList withClass(const char *name)
+/// A window of an application of that name, which has such an atom or does what the option says.
+TestClient odd(const char *name, const QStringList &options = {})
 {
-    return {QStringLiteral("--class"), QString::fromLatin1(name)};
+    return {ClientKind::Plain, name,
+            QStringList{QStringLiteral("--class"), QLatin1String(name)} + options};
 }
 
 } // namespace
@@ -152,35 +69,31 @@ class HidingTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aDeskOfManyProgramsComesBackAsItWas_data() { forEachManager(); }
+    void initTestCase_data() { forEachManager(); }
+
     void aDeskOfManyProgramsComesBackAsItWas();
-    void aChangeOfMindIsFollowed_data() { forEachManager(); }
     void aChangeOfMindIsFollowed();
-    void windowsOfOtherDesktopsComeBackWithoutASwitch_data() { forEachManager(); }
     void windowsOfOtherDesktopsComeBackWithoutASwitch();
-    void aProgramThatTakesTheFocusItselfIsOfferedIt_data() { forEachManager(); }
     void aProgramThatTakesTheFocusItselfIsOfferedIt();
-    void onlyRealLaunchesAreAnnounced_data() { forEachManager(); }
     void onlyRealLaunchesAreAnnounced();
 };
 
 void HidingTest::aDeskOfManyProgramsComesBackAsItWas()
 {
-    QFETCH(QString, manager);
-    Desk desk(manager);
+    Desk desk;
     const std::array kinds{ClientKind::Plain,      ClientKind::GtkDecorated,  ClientKind::Qt,
                            ClientKind::Increments, ClientKind::StaticGravity, ClientKind::SouthEast,
                            ClientKind::Plain,      ClientKind::Plain};
     for (std::size_t i = 0; i < kinds.size(); ++i) {
-        const QString title = QStringLiteral("window %1.tar").arg(i);
-        desk.open(kinds[i], title, {50.0 + 210 * double(i), 60.0 + 40 * double(i), 500, 400},
-                  kinds[i] == ClientKind::Plain ? withClass(i ? "Other" : "One") : QStringList());
+        desk.open(kinds[i], "window " + QByteArray::number(i) + ".tar",
+                  {50.0 + 210 * double(i), 60.0 + 40 * double(i), 500, 400},
+                  kinds[i] != ClientKind::Plain ? QString()
+                  : i == 0                      ? QStringLiteral("One")
+                                                : QStringLiteral("Other"));
     }
     const auto client = [&](int i) -> TestClient & { return *std::next(desk.clients.begin(), i); };
-    for (const int i : {3, 6}) {
-        desk.probe.minimise(client(i).window());
-        require([&] { return desk.probe.hasState(client(i).window(), minimised); }, "minimised");
-    }
+    for (const int i : {3, 6})
+        desk.minimiseAndWait(client(i));
     for (const int i : {2, 5, 1, 4, 0})
         desk.activateAndWait(client(i));
     const QStringList frames = desk.frames();
@@ -217,12 +130,10 @@ void HidingTest::aDeskOfManyProgramsComesBackAsItWas()
 
 void HidingTest::aChangeOfMindIsFollowed()
 {
-    QFETCH(QString, manager);
-    Desk desk(manager);
+    Desk desk;
     const TestClient &first =
-        desk.open(ClientKind::GtkDecorated, QStringLiteral("first.tar"), {100, 100, 600, 400});
-    const TestClient &second = desk.open(ClientKind::Plain, QStringLiteral("second"),
-                                         {400, 300, 600, 400}, withClass("Second"));
+        desk.open(ClientKind::GtkDecorated, "first.tar", {100, 100, 600, 400});
+    const TestClient &second = desk.open(ClientKind::Plain, "second", {400, 300, 600, 400});
     desk.activateAndWait(second);
     const Layout learned = desk.capture();
     const QStringList frames = desk.frames();
@@ -243,7 +154,7 @@ void HidingTest::aChangeOfMindIsFollowed()
     for (const TestClient *client : {&first, &second})
         QVERIFY(desk.element(*client));
     desk.manager.reset();
-    desk.manager = std::make_unique<TestWindowManager>(manager); // takes over what is hidden
+    desk.manager = std::make_unique<TestWindowManager>(managerOfThisRun()); // takes the hidden over
     desk.moveAndWait(first, {900, 500, 600, 400}); // somebody moves what is not to be seen
     desk.unhideAll();
     QVERIFY(desk.awaitShown(2));
@@ -253,15 +164,14 @@ void HidingTest::aChangeOfMindIsFollowed()
 
 void HidingTest::windowsOfOtherDesktopsComeBackWithoutASwitch()
 {
-    QFETCH(QString, manager);
-    Desk desk(manager);
+    Desk desk;
     desk.probe.setDesktopCount(2);
-    const TestClient &there = desk.open(ClientKind::Plain, QStringLiteral("there"),
-                                        {100, 100, 400, 300}, withClass("There"));
-    const TestClient &here = desk.open(ClientKind::Plain, QStringLiteral("here"),
-                                       {600, 100, 400, 300}, withClass("Here"));
-    desk.probe.sendToDesktop(there.window(), 1);
-    require([&] { return desk.probe.desktopOf(there.window()) == 1U; }, "the other desktop");
+    const auto open = [&](const char *title, const Rect &frame) -> const TestClient & {
+        return desk.open(ClientKind::Plain, title, frame, QString::fromLatin1(title));
+    };
+    const TestClient &there = open("there", {100, 100, 400, 300});
+    const TestClient &here = open("here", {600, 100, 400, 300});
+    desk.sendToDesktopAndWait(there, 1);
     desk.activateAndWait(here);
     desk.hideAll();
     QVERIFY(desk.awaitShown(0));
@@ -276,71 +186,51 @@ void HidingTest::windowsOfOtherDesktopsComeBackWithoutASwitch()
 
 void HidingTest::aProgramThatTakesTheFocusItselfIsOfferedIt()
 {
-    QFETCH(QString, manager);
-    Desk desk(manager);
-    OddWindow odd("Odd");
-    odd.askForFocus();
-    odd.show();
-    require([&] { return desk.probe.find(QStringLiteral("Odd")).has_value(); }, "the odd window");
-    const TestClient &other = desk.open(ClientKind::Plain, QStringLiteral("other"),
-                                        {600, 100, 400, 300}, withClass("Other"));
-    desk.activateAndWait(other);
-    odd.answerOffers();
+    Desk desk;
+    const TestClient taker = odd("Odd", {QStringLiteral("--takes-focus")});
+    desk.activateAndWait(desk.open(ClientKind::Plain, "other", {600, 100, 400, 300}));
     const auto order = desk.probe.stacking();
-    const WindowElementRef element = [&] {
-        for (const RunningApplication &application : desk.applications()) {
-            const auto windows = desk.platform->accessibility().windows(application.pid);
-            if (windows.front().title == QStringLiteral("Odd"))
-                return windows.front().element;
-        }
-        return WindowElementRef();
-    }();
-
-    std::jthread program([&](const std::stop_token &stop) {
-        while (!stop.stop_requested() && odd.answerOffers() == 0)
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    });
-    desk.platform->accessibility().focus(element);
-    QCOMPARE(desk.probe.activeWindow(), std::optional(odd.id()));
+    desk.platform->accessibility().focus(desk.element(taker));
+    QCOMPARE(desk.probe.activeWindow(), std::optional(taker.window()));
     QCOMPARE(desk.probe.stacking(), order);
 }
 
 void HidingTest::onlyRealLaunchesAreAnnounced()
 {
-    QFETCH(QString, manager);
-    Desk desk(manager);
-    desk.open(ClientKind::Plain, QStringLiteral("old"), {100, 100, 400, 300}, withClass("Old"));
-    desk.listen();
-    OddWindow splash("Splash");
-    splash.setAtom("_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_SPLASH");
-    splash.show();
-    OddWindow tool("Tool");
-    tool.setAtom("_NET_WM_STATE", skipped);
-    tool.show();
-    OddWindow added("New");
-    added.show();
-    QTRY_COMPARE(desk.launched, QStringList{QStringLiteral("New")});
+    Desk desk;
+    desk.open(ClientKind::Plain, "old", {100, 100, 400, 300});
+    QStringList launched; // classes of the applications that were announced
+    desk.workspace().setLaunchCallback([&](const RunningApplication &application) {
+        launched << application.bundleID.value().section(u':', 1);
+    });
+    const auto atom = [](const char *property, const char *value) {
+        return QStringList{QStringLiteral("--atom"),
+                           QLatin1String(property) + u'=' + QLatin1String(value)};
+    };
+    const TestClient splash =
+        odd("Splash", atom("_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_SPLASH"));
+    const TestClient tool = odd("Tool", atom("_NET_WM_STATE", skipped));
+    const TestClient added = odd("New");
+    QTRY_COMPARE(launched, QStringList{QStringLiteral("New")});
 
     // What another call takes in on the way is announced all the same, but not from within it.
-    desk.probe.setState(tool.id(), false, skipped);
-    while (desk.probe.hasState(tool.id(), skipped))
+    desk.probe.setState(tool.window(), false, skipped);
+    while (desk.probe.hasState(tool.window(), skipped))
         continue;
     QVERIFY(desk.platform->accessibility().isTrusted());
-    QCOMPARE(desk.launched.size(), 1);
-    QTRY_COMPARE(desk.launched.mid(1), QStringList{QStringLiteral("Tool")});
+    QCOMPARE(launched.size(), 1);
+    QTRY_COMPARE(launched.mid(1), QStringList{QStringLiteral("Tool")});
 
     // A window manager that starts finds every window anew.
     desk.manager.reset();
-    OddWindow between("Between");
-    between.show();
-    desk.manager = std::make_unique<TestWindowManager>(manager);
+    const TestClient between = odd("Between");
+    desk.manager = std::make_unique<TestWindowManager>(managerOfThisRun());
     QTRY_COMPARE(desk.probe.stacking().size(), 5U);
     // Its arrival has been sent to everybody; in the second round the timer is over.
     QCoreApplication::processEvents();
     QCoreApplication::processEvents();
-    OddWindow last("Last");
-    last.show();
-    QTRY_COMPARE(desk.launched.mid(2), QStringList{QStringLiteral("Last")});
+    const TestClient last = odd("Last");
+    QTRY_COMPARE(launched.mid(2), QStringList{QStringLiteral("Last")});
 }
 
 QTEST_GUILESS_MAIN(HidingTest)

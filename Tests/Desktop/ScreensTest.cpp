@@ -1,7 +1,4 @@
-#include "Desktop/Support/DesktopProbe.h"
-#include "Desktop/Support/TestServer.h"
-#include "PanorelPorts/Platform.h"
-#include "Support/TestDataDir.h"
+#include "Desktop/Support/DesktopSession.h"
 
 #include <QTest>
 
@@ -10,10 +7,8 @@ using namespace Panorel::Desktop;
 
 namespace {
 
-struct Desk {
-    TestServer server;
-    TestDataDir data;
-    std::unique_ptr<Platform> platform = makePlatform(data.log, data.clock);
+struct Desk : EngineSession {
+    Desk() : EngineSession(QString(), {Plugged{}}) {}
 
     ScreensPort &screens() const { return platform->screens(); }
 
@@ -69,7 +64,7 @@ void ScreensTest::aPropertyChangeIsNoDisplayChange()
     int announced = 0;
     desk.screens().setChangeCallback([&] { ++announced; });
     desk.server.setEdid(0, QStringLiteral("Other"), 1);
-    DesktopProbe().sync(); // by now the server has sent the event to everybody
+    desk.probe.sync(); // by now the server has sent the event to everybody
     QCoreApplication::processEvents();
     QCOMPARE(announced, 0);
     desk.server.plug(sideBySide());

@@ -1,10 +1,7 @@
-#include "Desktop/Support/DesktopProbe.h"
-#include "Desktop/Support/TestClient.h"
+#include "Desktop/Support/DesktopSession.h"
 #include "Desktop/Support/TestKeyboard.h"
-#include "Desktop/Support/TestServer.h"
-#include "Desktop/Support/TestWindowManager.h"
 
-#include <QDir>
+#include <QFile>
 #include <QTest>
 
 using namespace Panorel;
@@ -38,25 +35,17 @@ const char xfcePanel[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 )";
 
 /// A desktop with one window that the program has learned.
-struct Desk {
-    TestServer server;
-    TestWindowManager manager{QStringLiteral("openbox")};
-    DesktopProbe probe;
-    TestClient client{ClientKind::Plain, QStringLiteral("notes")};
+struct Desk : DesktopSession {
+    Desk() : DesktopSession(QStringLiteral("openbox"), {Plugged{}}) {}
+
+    TestClient &client = open(ClientKind::Plain, "notes", learnedPlace);
     ChildProcess program{QStringLiteral(PANOREL_PROGRAM)};
     std::unique_ptr<ChildProcess> tray;
 
-    Desk() { moveClient(learnedPlace); }
-
-    void moveClient(const Rect &frame)
-    {
-        probe.move(client.window(), frame);
-        require([&] { return probe.frame(client.window()) == frame; }, "a moved window");
-    }
     void startTray(const QString &name, const QStringList &arguments)
     {
         tray = std::make_unique<ChildProcess>(name, arguments);
-        manager.giveBus(*tray);
+        manager->giveBus(*tray);
         tray->silence();
         tray->start();
     }
@@ -72,7 +61,7 @@ struct Desk {
     void startProgram()
     {
         program.start();
-        const QString layouts = server.home() + QStringLiteral("/data/Panorel/layouts.json");
+        const QString layouts = server.home.path(QStringLiteral("data/Panorel/layouts.json"));
         require([&] { return QFile::exists(layouts); }, "a learned desk");
     }
     bool panelShows() const { return probe.find(QStringLiteral("Panorel")).has_value(); }
@@ -121,14 +110,11 @@ void TrayTest::anEmbeddedIconOpensAndClosesThePanel()
 void TrayTest::anAnnouncedIconOpensThePanelThoughTheTrayCameLater()
 {
     Desk desk;
-    desk.manager.giveBus(desk.program);
+    desk.manager->giveBus(desk.program);
     desk.startProgram();
-    const QString folder =
-        desk.server.home() + QStringLiteral("/config/xfce4/xfconf/xfce-perchannel-xml");
-    QVERIFY(QDir().mkpath(folder));
-    QFile settings(folder + QStringLiteral("/xfce4-panel.xml"));
-    QVERIFY(settings.open(QIODevice::WriteOnly) && settings.write(xfcePanel) > 0);
-    settings.close();
+    writeFile(desk.server.home.path(
+                  QStringLiteral("config/xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml")),
+              xfcePanel);
     desk.startTray(QStringLiteral("xfce4-panel"),
                    {QStringLiteral("--disable-wm-check"), QStringLiteral("--sm-client-disable")});
 
@@ -149,7 +135,7 @@ void TrayTest::withoutATrayASecondStartOpensThePanel()
     Desk desk;
     TestKeyboard keyboard;
     desk.startProgram();
-    desk.moveClient({700, 500, 600, 300});
+    desk.moveAndWait(desk.client, {700, 500, 600, 300});
     ChildProcess second(QStringLiteral(PANOREL_PROGRAM));
     second.start();
     QTRY_VERIFY(!second.running());
@@ -160,7 +146,7 @@ void TrayTest::withoutATrayASecondStartOpensThePanel()
     QCOMPARE(desk.panelFrame().minY(), 8.0);
 
     keyboard.press(returnKey); // "Restore Now"
-    QTRY_VERIFY(desk.probe.frame(desk.client.window()) == learnedPlace);
+    QTRY_VERIFY(desk.isAt(desk.client, learnedPlace));
     keyboard.press(escapeKey);
     QTRY_VERIFY(!desk.panelShows());
     QTRY_VERIFY(desk.clientHasFocus());

@@ -1,5 +1,5 @@
 // A window with whatever properties the desktop tests need. Prints the window's id when it is
-// mapped; ends on SIGTERM, or as told on standard input.
+// mapped; ends on SIGTERM, and after SIGUSR1 without a word as soon as it is moved.
 
 #include <QByteArray>
 #include <QCommandLineParser>
@@ -9,9 +9,9 @@
 #include <xcb/xcb_icccm.h>
 
 #include <array>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <poll.h>
 #include <unistd.h>
 
 namespace {
@@ -39,16 +39,6 @@ void set(const Window &window, const char *property, const char *type, const Val
                         static_cast<std::uint32_t>(values.size()), values.data());
 }
 
-void becomePanel(const Window &window, const QString &strut)
-{
-    std::vector<std::uint32_t> sides;
-    for (const QString &number : strut.split(u','))
-        sides.push_back(number.toUInt());
-    set(window, "_NET_WM_STRUT_PARTIAL", "CARDINAL", sides);
-    set(window, "_NET_WM_WINDOW_TYPE", "ATOM",
-        std::array{atom(window, "_NET_WM_WINDOW_TYPE_DOCK")});
-}
-
 void describe(const Window &window, const QCommandLineParser &options)
 {
     // Encoded, for it need not be text at all.
@@ -65,8 +55,22 @@ void describe(const Window &window, const QCommandLineParser &options)
     const QStringList place = options.value(QStringLiteral("geometry")).split(u',');
     xcb_icccm_size_hints_set_position(&hints, 1, place.value(0).toInt(), place.value(1).toInt());
     xcb_icccm_set_wm_normal_hints(window.connection, window.id, &hints);
-    if (options.isSet(QStringLiteral("strut")))
-        becomePanel(window, options.value(QStringLiteral("strut")));
+    for (const QString &pair : options.values(QStringLiteral("atom"))) {
+        const QByteArray value = pair.section(u'=', 1).toLatin1();
+        set(window, pair.section(u'=', 0, 0).toLatin1(), "ATOM", std::array{atom(window, value)});
+    }
+    if (options.isSet(QStringLiteral("takes-focus"))) {
+        xcb_icccm_wm_hints_t wmHints{};
+        xcb_icccm_wm_hints_set_input(&wmHints, 0);
+        xcb_icccm_set_wm_hints(window.connection, window.id, &wmHints);
+        set(window, "WM_PROTOCOLS", "ATOM", std::array{atom(window, "WM_TAKE_FOCUS")});
+    }
+    if (options.isSet(QStringLiteral("strut"))) {
+        std::vector<std::uint32_t> sides;
+        for (const QString &number : options.value(QStringLiteral("strut")).split(u','))
+            sides.push_back(number.toUInt());
+        set(window, "_NET_WM_STRUT_PARTIAL", "CARDINAL", sides);
+    }
 }
 
 Window create(const QCommandLineParser &options)
@@ -85,40 +89,24 @@ Window create(const QCommandLineParser &options)
     return window;
 }
 
-/// True once the window should die because it was moved.
-bool readEvents(const Window &window, bool dieWhenMoved)
+volatile std::sig_atomic_t diesWhenMoved = 0;
+
+void serve(const Window &window)
 {
-    bool moved = false;
-    while (xcb_generic_event_t *event = xcb_poll_for_event(window.connection)) {
+    while (xcb_generic_event_t *event = xcb_wait_for_event(window.connection)) {
         const int kind = event->response_type & 0x7F;
         if (kind == XCB_MAP_NOTIFY) {
             std::printf("%u\n", window.id);
             std::fflush(stdout);
-        }
-        moved = moved || kind == XCB_CONFIGURE_NOTIFY;
-        std::free(event);
-    }
-    return moved && dieWhenMoved;
-}
-
-void serve(const Window &window)
-{
-    bool dieWhenMoved = false;
-    std::array<pollfd, 2> sources{
-        pollfd{.fd = xcb_get_file_descriptor(window.connection), .events = POLLIN, .revents = 0},
-        pollfd{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0}};
-    while (!xcb_connection_has_error(window.connection)) {
-        if (readEvents(window, dieWhenMoved))
+        } else if (kind == XCB_CLIENT_MESSAGE) { // the focus is offered; no time is refused
+            const auto *offer = reinterpret_cast<xcb_client_message_event_t *>(event);
+            xcb_set_input_focus(window.connection, XCB_INPUT_FOCUS_PARENT, window.id,
+                                offer->data.data32[1]);
+            xcb_flush(window.connection);
+        } else if (kind == XCB_CONFIGURE_NOTIFY && diesWhenMoved) {
             _exit(0);
-        poll(sources.data(), sources.size(), -1);
-        if (sources[1].revents == 0)
-            continue;
-        std::array<char, 64> line{};
-        if (read(STDIN_FILENO, line.data(), line.size() - 1) <= 0)
-            return;
-        dieWhenMoved = true;
-        std::puts("ready");
-        std::fflush(stdout);
+        }
+        std::free(event);
     }
 }
 
@@ -136,9 +124,12 @@ int main(int argc, char **argv)
          QStringLiteral("x,y,width,height"),
          QStringLiteral("40,60,400,300")},
         {QStringLiteral("gravity"), {}, QStringLiteral("number"), QStringLiteral("1")},
+        {QStringLiteral("atom"), {}, QStringLiteral("property=value")},
+        {QStringLiteral("takes-focus"), {}},
         {QStringLiteral("strut"), {}, QStringLiteral("twelve numbers")},
     });
     options.process(application);
+    std::signal(SIGUSR1, [](int) { diesWhenMoved = 1; });
     const Window window = create(options);
     describe(window, options);
     xcb_map_window(window.connection, window.id);

@@ -37,12 +37,6 @@ QString ChildProcess::readLine()
     return QString::fromUtf8(m_process.readLine()).trimmed();
 }
 
-void ChildProcess::write(const QByteArray &line)
-{
-    m_process.write(line + '\n');
-    m_process.waitForBytesWritten();
-}
-
 void ChildProcess::silence()
 {
     m_process.setProcessChannelMode(QProcess::SeparateChannels);
@@ -62,6 +56,15 @@ void ChildProcess::killNow()
 {
     m_process.kill();
     m_process.waitForFinished(5'000);
+}
+
+SessionBus::SessionBus()
+    : m_daemon(QStringLiteral("dbus-daemon"),
+               QStringLiteral("--session --nofork --nopidfile --print-address=1").split(u' '))
+{
+    m_daemon.silence();
+    m_daemon.start();
+    m_address = m_daemon.readLine();
 }
 
 bool waitUntil(const std::function<bool()> &condition, int milliseconds)

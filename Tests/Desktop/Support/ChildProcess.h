@@ -26,8 +26,6 @@ public:
     /// What it has printed so far, read to the first line feed; fatal when none comes.
     QString readLine();
 
-    void write(const QByteArray &line);
-
     /// Ends it and waits: first as asked, after some seconds without mercy.
     void end();
     void killNow();
@@ -37,6 +35,19 @@ public:
 
 private:
     QProcess m_process;
+};
+
+/// A session bus of the test's own, ready when the constructor returns.
+class SessionBus {
+public:
+    /// The daemon itself and not dbus-run-session: a wrapper that is ended leaves its children.
+    SessionBus();
+
+    const QString &address() const { return m_address; }
+
+private:
+    ChildProcess m_daemon;
+    QString m_address;
 };
 
 /// Runs a program to its end; fatal where it fails.

@@ -3,9 +3,12 @@
 namespace Panorel::Desktop {
 namespace {
 
-std::unique_ptr<TestWindowManager> startManager(TestServer &server, const QString &name)
+constexpr auto hidden = "_NET_WM_STATE_HIDDEN";
+
+std::unique_ptr<TestWindowManager> startManager(TestServer &server, const QString &name,
+                                                const std::vector<Plugged> &outputs)
 {
-    server.plug(sideBySide());
+    server.plug(outputs);
     return name.isEmpty() ? nullptr : std::make_unique<TestWindowManager>(name);
 }
 
@@ -18,23 +21,29 @@ QString described(const QString &title, const Rect &frame)
         .arg(title, number(frame.x), number(frame.y), number(frame.width), number(frame.height));
 }
 
-DesktopSession::DesktopSession(const QString &windowManager)
-    : manager(startManager(server, windowManager)), platform(makePlatform(data.log, data.clock)),
-      m_rules(data.log, data.clock),
-      m_snapshotter(platform->accessibility(), platform->windowList(), platform->workspace()),
-      m_engine(m_rules, m_snapshotter, platform->accessibility(), data.log, data.clock),
-      m_watcher(platform->screens(), scheduler, data.log)
+DesktopSession::DesktopSession(const QString &windowManager, const std::vector<Plugged> &outputs)
+    : manager(startManager(server, windowManager, outputs))
 {}
 
-TestClient &DesktopSession::open(ClientKind kind, const QString &title, const Rect &frame,
-                                 const QStringList &options)
+TestClient &DesktopSession::open(ClientKind kind, const QByteArray &title, const Rect &frame,
+                                 const QString &application)
 {
-    TestClient &client = clients.emplace_back(kind, title, options);
+    TestClient &client = application.isEmpty()
+                             ? clients.emplace_back(kind, title)
+                             : clients.emplace_back(
+                                 kind, title, QStringList{QStringLiteral("--class"), application});
     moveAndWait(client, frame);
     return client;
 }
 
-Layout DesktopSession::capture()
+void DesktopSession::close(const QString &title)
+{
+    const auto window = probe.find(title);
+    clients.remove_if([&](const TestClient &client) { return client.window() == window; });
+    require([&] { return !probe.find(title); }, "a closed window");
+}
+
+Layout EngineSession::capture()
 {
     Layout layout;
     layout.configID = QStringLiteral("test");
@@ -43,9 +52,26 @@ Layout DesktopSession::capture()
     return layout;
 }
 
-RestoreReport DesktopSession::restore(const Layout &layout)
+bool DesktopSession::isAt(const TestClient &client, const Rect &frame) const
 {
-    return m_engine.apply(layout, true);
+    return probe.frame(client.window()) == frame;
+}
+
+bool DesktopSession::isMinimised(const TestClient &client) const
+{
+    return probe.hasState(client.window(), hidden);
+}
+
+void DesktopSession::minimiseAndWait(const TestClient &client)
+{
+    probe.minimise(client.window());
+    require([&] { return isMinimised(client); }, "a minimised window");
+}
+
+void DesktopSession::sendToDesktopAndWait(const TestClient &client, std::uint32_t desktop)
+{
+    probe.sendToDesktop(client.window(), desktop);
+    require([&] { return probe.desktopOf(client.window()) == desktop; }, "the other desktop");
 }
 
 QStringList DesktopSession::frames() const

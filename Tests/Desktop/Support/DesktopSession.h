@@ -17,42 +17,56 @@ namespace Panorel::Desktop {
 /// "title at x,y widthxheight", exact.
 QString described(const QString &title, const Rect &frame);
 
-/// A whole X session, two displays side by side, with the engines on the real platform: what the
-/// program would do on it, step by step.
+/// A whole X session with its windows, as their user sees it.
 class DesktopSession {
 public:
     /// "openbox", "xfwm4", or empty for none.
-    explicit DesktopSession(const QString &windowManager);
+    explicit DesktopSession(const QString &windowManager = QStringLiteral("openbox"),
+                            const std::vector<Plugged> &outputs = sideBySide());
 
-    /// Opens a window and puts its frame there, as far as the window allows.
-    TestClient &open(ClientKind kind, const QString &title, const Rect &frame,
-                     const QStringList &options = {});
-
-    /// The desk as the program would learn it.
-    Layout capture();
-    RestoreReport restore(const Layout &layout);
+    /// Opens a window and puts its frame there, as far as the window allows. A plain one may be of
+    /// a named application.
+    TestClient &open(ClientKind kind, const QByteArray &title, const Rect &frame,
+                     const QString &application = {});
+    void close(const QString &title);
 
     /// Every window with its frame as seen from outside the program, ordered by title.
     QStringList frames() const;
+    bool isAt(const TestClient &client, const Rect &frame) const;
+    bool isMinimised(const TestClient &client) const;
 
     void moveAndWait(const TestClient &client, const Rect &frame);
     void setStateAndWait(const TestClient &client, bool on, const char *first,
                          const char *second = nullptr);
+    void minimiseAndWait(const TestClient &client);
     void activateAndWait(const TestClient &client);
+    void sendToDesktopAndWait(const TestClient &client, std::uint32_t desktop);
 
     TestServer server;
     DesktopProbe probe;
     std::unique_ptr<TestWindowManager> manager;
-    TestDataDir data;
-    std::unique_ptr<Platform> platform;
-    FakeScheduler scheduler{data.clock};
     std::list<TestClient> clients;
+};
+
+/// The same with the engines on the real platform: what the program would do on it, step by step.
+class EngineSession : public DesktopSession {
+public:
+    using DesktopSession::DesktopSession;
+
+    /// The desk as the program would learn it.
+    Layout capture();
+    RestoreReport restore(const Layout &layout) { return m_engine.apply(layout, true); }
+
+    TestDataDir data;
+    std::unique_ptr<Platform> platform = makePlatform(data.log, data.clock);
 
 private:
-    AppRuleStore m_rules;
-    WindowSnapshotter m_snapshotter;
-    RestoreEngine m_engine;
-    DisplayWatcher m_watcher;
+    FakeScheduler m_scheduler{data.clock};
+    AppRuleStore m_rules{data.log, data.clock};
+    WindowSnapshotter m_snapshotter{platform->accessibility(), platform->windowList(),
+                                    platform->workspace()};
+    RestoreEngine m_engine{m_rules, m_snapshotter, platform->accessibility(), data.log, data.clock};
+    DisplayWatcher m_watcher{platform->screens(), m_scheduler, data.log};
 };
 
 } // namespace Panorel::Desktop

@@ -1,9 +1,9 @@
 #include "Desktop/Support/TestClient.h"
 
 #include "Desktop/Support/DesktopProbe.h"
+#include "Support/TestHome.h"
 
-#include <QDir>
-#include <QFile>
+#include <csignal>
 
 namespace Panorel::Desktop {
 namespace {
@@ -17,15 +17,14 @@ QString ownClient(const char *name)
 QString emptyArchiveNamed(const QString &name)
 {
     const QString path = QDir::home().filePath(name);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(QByteArray(1024, '\0')) < 0)
-        qFatal("cannot write %s", qPrintable(path));
+    writeFile(path, QByteArray(1024, '\0'));
     return path;
 }
 
 /// The program and its arguments.
-QStringList commandFor(ClientKind kind, const QString &title)
+QStringList commandFor(ClientKind kind, const QByteArray &bytes)
 {
+    const QString title = QString::fromUtf8(bytes);
     switch (kind) {
     case ClientKind::Increments:
         return QStringLiteral("xterm,-fa,DejaVu Sans Mono,-xrm,*allowTitleOps: false,-T,%1,-e,"
@@ -41,14 +40,14 @@ QStringList commandFor(ClientKind kind, const QString &title)
                             : kind == ClientKind::SouthEast   ? 9
                                                               : 1;
         return {ownClient("xcb-client"), QStringLiteral("--title"),
-                QString::fromLatin1(title.toUtf8().toPercentEncoding()),
-                QStringLiteral("--gravity"), QString::number(gravity)};
+                QString::fromLatin1(bytes.toPercentEncoding()), QStringLiteral("--gravity"),
+                QString::number(gravity)};
     }
 }
 
 } // namespace
 
-TestClient::TestClient(ClientKind kind, const QString &title, const QStringList &options)
+TestClient::TestClient(ClientKind kind, const QByteArray &title, const QStringList &options)
     : TestClient(commandFor(kind, title) + options)
 {
     DesktopProbe probe;
@@ -56,8 +55,9 @@ TestClient::TestClient(ClientKind kind, const QString &title, const QStringList 
         // The client prints its window: a hostile title can't be searched for.
         m_window = m_process.readLine().toUInt();
     } else {
-        require([&] { return probe.find(title).has_value(); }, qPrintable(title));
-        m_window = *probe.find(title);
+        const QString text = QString::fromUtf8(title);
+        require([&] { return probe.find(text).has_value(); }, title.constData());
+        m_window = *probe.find(text);
     }
     probe.restingFrame(m_window);
 }
@@ -75,8 +75,7 @@ TestClient::TestClient(const QStringList &command) : m_process(command.first(), 
 
 void TestClient::dieWhenMoved()
 {
-    m_process.write("die when moved");
-    m_process.readLine(); // it has heard
+    kill(static_cast<pid_t>(m_process.processID()), SIGUSR1);
 }
 
 } // namespace Panorel::Desktop

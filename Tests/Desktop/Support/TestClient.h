@@ -21,9 +21,10 @@ enum class ClientKind {
 /// the constructor returns.
 class TestClient {
 public:
-    /// The title of a GtkDecorated window ends in ".tar". Options are for a plain window, "--class
+    /// The title of a GtkDecorated window ends in ".tar", only a plain one's need not be text.
+    /// Options are for a plain window, "--class
     /// name" and the like.
-    TestClient(ClientKind kind, const QString &title, const QStringList &options = {});
+    TestClient(ClientKind kind, const QByteArray &title, const QStringList &options = {});
 
     /// The path of the program that shows such a window.
     static QString program(ClientKind kind);

@@ -1,6 +1,7 @@
 #include "Desktop/Support/TestProgram.h"
 
-#include <QFile>
+#include "Support/TestHome.h"
+
 #include <QJsonDocument>
 #include <QTest>
 
@@ -11,11 +12,8 @@ namespace Panorel::Desktop {
 TestProgram::TestProgram(const std::map<QString, QByteArray> &files)
     : m_child(QStringLiteral(PANOREL_PROGRAM))
 {
-    for (const auto &[name, bytes] : files) {
-        QFile file(m_data.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("cannot write %s", qPrintable(file.fileName()));
-    }
+    for (const auto &[name, bytes] : files)
+        writeFile(m_data.filePath(name), bytes);
     qputenv("PANOREL_DATA_DIR", QFile::encodeName(m_data.path()));
     m_child.process().setProcessChannelMode(QProcess::SeparateChannels);
     m_child.start();
@@ -31,6 +29,17 @@ qsizetype TestProgram::logged(const char *text) const
     return read(QStringLiteral("app.log")).count(text);
 }
 
+void TestProgram::pressUntilLogged(TestKeyboard &keyboard, const HotKeyCombo &combo,
+                                   const char *text) const
+{
+    require(
+        [&] {
+            keyboard.press(combo);
+            return waitUntil([&] { return logged(text) > 0; }, 3'000);
+        },
+        text);
+}
+
 void TestProgram::awaitLogged(qsizetype count, const char *text) const
 {
     require([&] { return logged(text) >= count; }, text);
@@ -38,8 +47,7 @@ void TestProgram::awaitLogged(qsizetype count, const char *text) const
 
 QByteArray TestProgram::read(const QString &name) const
 {
-    QFile file(m_data.filePath(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return readFile(m_data.filePath(name));
 }
 
 QJsonObject TestProgram::layouts() const

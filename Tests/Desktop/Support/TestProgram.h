@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Desktop/Support/ChildProcess.h"
+#include "Desktop/Support/TestKeyboard.h"
 
 #include <QDir>
 #include <QJsonObject>
@@ -17,6 +18,9 @@ public:
 
     qsizetype logged(const char *text) const;
     void awaitLogged(qsizetype count, const char *text) const;
+
+    /// Until it was heard: before the program has the key it goes to a window.
+    void pressUntilLogged(TestKeyboard &keyboard, const HotKeyCombo &combo, const char *text) const;
 
     QByteArray read(const QString &file) const;
     QJsonObject layouts() const;

@@ -2,9 +2,6 @@
 
 #include "Desktop/Support/DesktopProbe.h"
 
-#include <QDir>
-#include <QFile>
-#include <QSettings>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -26,23 +23,8 @@ std::vector<Plugged> sideBySide()
 
 TestServer::TestServer()
 {
-    const QDir home(m_home.path());
-    const std::pair<const char *, QString> folders[] = {
-        {"HOME", home.path()},
-        {"XDG_RUNTIME_DIR", home.filePath(QStringLiteral("run"))},
-        {"XDG_CONFIG_HOME", home.filePath(QStringLiteral("config"))},
-        {"XDG_DATA_HOME", home.filePath(QStringLiteral("data"))},
-        {"XDG_CACHE_HOME", home.filePath(QStringLiteral("cache"))},
-    };
-    for (const auto &[variable, folder] : folders) {
-        home.mkpath(folder);
-        qputenv(variable, QFile::encodeName(folder));
-    }
-    QFile::setPermissions(home.filePath(QStringLiteral("run")),
-                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     // Of a user who has been welcomed.
-    QSettings(home.filePath(QStringLiteral("config/Panorel/Panorel.ini")), QSettings::IniFormat)
-        .setValue(QStringLiteral("hasOnboarded"), true);
+    writeFile(settings(), "[General]\nhasOnboarded=true\n");
     qputenv("XDG_SESSION_TYPE", "x11");
     qputenv("GSETTINGS_BACKEND", "memory");
     qputenv("NO_AT_BRIDGE", "1");
@@ -62,6 +44,11 @@ TestServer::~TestServer()
     qunsetenv("DISPLAY");
 }
 
+QString TestServer::settings()
+{
+    return qEnvironmentVariable("XDG_CONFIG_HOME") + QStringLiteral("/Panorel/Panorel.ini");
+}
+
 void TestServer::startServer()
 {
     // The server itself picks a free number and says so once it can be connected to.
@@ -72,8 +59,8 @@ void TestServer::startServer()
                     QStringLiteral(PANOREL_TEST_SERVER), QStringLiteral("-noreset"),
                     QStringLiteral("-novtswitch"), QStringLiteral("-sharevts"),
                     QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-logfile"),
-                    m_home.filePath(QStringLiteral("xorg.log"))});
-    m_process->process().setStandardErrorFile(m_home.filePath(QStringLiteral("xorg.err")));
+                    home.path(QStringLiteral("xorg.log"))});
+    m_process->process().setStandardErrorFile(home.path(QStringLiteral("xorg.err")));
     m_process->process().setProcessChannelMode(QProcess::SeparateChannels);
     m_process->start();
     qputenv("DISPLAY", ':' + m_process->readLine().toLatin1());

@@ -2,8 +2,7 @@
 
 #include "Desktop/Support/ChildProcess.h"
 #include "PanorelCore/Geometry.h"
-
-#include <QTemporaryDir>
+#include "Support/TestHome.h"
 
 #include <memory>
 #include <optional>
@@ -28,7 +27,8 @@ public:
     TestServer();
     ~TestServer();
 
-    QString home() const { return m_home.path(); }
+    const TestHome home;
+    static QString settings(); ///< where the program keeps them
 
     /// Exactly these outputs, in one change; the first is RandR's primary. All others are
     /// unplugged.
@@ -43,7 +43,6 @@ public:
 private:
     void startServer();
 
-    QTemporaryDir m_home;
     std::unique_ptr<ChildProcess> m_process;
     std::vector<int> m_plugged;
     std::vector<QString> m_known; ///< outputs with a mode that they have been given

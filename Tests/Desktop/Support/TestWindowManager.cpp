@@ -6,17 +6,10 @@
 
 namespace Panorel::Desktop {
 TestWindowManager::TestWindowManager(const QString &name)
-    : m_bus(QStringLiteral("dbus-daemon"),
-            {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--nopidfile"),
-             QStringLiteral("--print-address=1")}),
-      // With its compositor xfwm4 lets GTK draw shadows, the harder case.
-      m_manager(name,
+    // With its compositor xfwm4 lets GTK draw shadows, the harder case.
+    : m_manager(name,
                 name == u"xfwm4" ? QStringList{QStringLiteral("--compositor=on")} : QStringList())
 {
-    // The daemon itself and not dbus-run-session: a wrapper that is ended leaves its children.
-    m_bus.silence();
-    m_bus.start();
-    m_busAddress = m_bus.readLine();
     giveBus(m_manager);
     m_manager.silence();
     m_manager.start();
@@ -30,14 +23,8 @@ TestWindowManager::TestWindowManager(const QString &name)
 void TestWindowManager::giveBus(ChildProcess &child) const
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_busAddress);
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus.address());
     child.process().setProcessEnvironment(environment);
-}
-
-TestWindowManager::~TestWindowManager()
-{
-    m_manager.end();
-    m_bus.end();
 }
 
 void forEachManager()
@@ -45,6 +32,12 @@ void forEachManager()
     QTest::addColumn<QString>("manager");
     for (const char *name : {"openbox", "xfwm4"})
         QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+QString managerOfThisRun()
+{
+    QFETCH_GLOBAL(QString, manager);
+    return manager;
 }
 
 } // namespace Panorel::Desktop

@@ -10,18 +10,17 @@ class TestWindowManager {
 public:
     /// "openbox" or "xfwm4".
     explicit TestWindowManager(const QString &name);
-    ~TestWindowManager();
 
     /// Lets the program, before it is started, use the session bus.
     void giveBus(ChildProcess &child) const;
 
 private:
-    ChildProcess m_bus;
-    QString m_busAddress;
+    SessionBus m_bus;
     ChildProcess m_manager;
 };
 
-/// Rows for a test's data function: its column "manager" names each of them.
+/// For initTestCase_data: every test runs once under each of them.
 void forEachManager();
+QString managerOfThisRun();
 
 } // namespace Panorel::Desktop
