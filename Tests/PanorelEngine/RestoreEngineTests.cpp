@@ -1,9 +1,4 @@
-#include "PanorelEngine/Windows/RestoreEngine.h"
-
-#include "PanorelCore/Stores/AppRuleStore.h"
-#include "PanorelEngine/Windows/WindowSnapshotter.h"
-#include "Support/InMemoryDesktop.h"
-#include "Support/TestDataDir.h"
+#include "EngineDesk.h"
 
 #include <QTest>
 
@@ -15,12 +10,7 @@ const QString editorID = QStringLiteral("org.example.editor");
 const QString mailID = QStringLiteral("org.example.mail");
 
 /// A desk of three windows that was learned and then scattered.
-struct Desk {
-    TestDataDir dir;
-    InMemoryDesktop desktop;
-    AppRuleStore rules{dir.log, dir.clock};
-    WindowSnapshotter snapshotter{desktop, desktop, desktop};
-    RestoreEngine engine{rules, snapshotter, desktop, dir.log, dir.clock};
+struct Desk : EngineDesk {
     ProcessIdentifier editor = desktop.launch(editorID, QStringLiteral("Editor"));
     ProcessIdentifier mail = desktop.launch(mailID, QStringLiteral("Mail"));
     int notes = desktop.open(editor, QStringLiteral("Notes"), {100, 100, 400, 300});
@@ -32,7 +22,7 @@ struct Desk {
     {
         layout.configID = QStringLiteral("desk");
         layout.name = QStringLiteral("Home");
-        layout.windows = snapshotter.snapshot({});
+        layout.windows = onScreen();
         scatter();
     }
 
@@ -47,8 +37,6 @@ struct Desk {
         desktop.journal.clear();
         dir.logged();
     }
-
-    std::vector<WindowRecord> capture() { return snapshotter.snapshot({}); }
 };
 
 } // namespace
@@ -68,7 +56,7 @@ private Q_SLOTS:
         QCOMPARE(desk.desktop.journal.join(QStringLiteral(", ")),
                  QStringLiteral("position 3, size 3, position 1, size 1, position 2, size 2, "
                                 "raise 1, raise 2, raise 3"));
-        QVERIFY(desk.capture() == desk.layout.windows);
+        QVERIFY(desk.onScreen() == desk.layout.windows);
         QCOMPARE(report.summary(), QStringLiteral("3/3 restored, 0 failed, 0 skipped, 0.00s"));
         QVERIFY(report.notes.isEmpty());
         QCOMPARE(desk.dir.logged(),
@@ -145,14 +133,14 @@ private Q_SLOTS:
         QVERIFY(!desk.engine.undoLast(true));
         QVERIFY(desk.dir.logged().isEmpty());
 
-        const auto scattered = desk.capture();
+        const auto scattered = desk.onScreen();
         desk.engine.apply(desk.layout, true);
         QCOMPARE(desk.engine.lastUndo()->layoutName, QStringLiteral("Undo"));
         QCOMPARE(desk.engine.lastUndo()->name, QStringLiteral("Home"));
         QCOMPARE(desk.engine.undoLast(true)->restored, 3);
-        QVERIFY(desk.capture() == scattered);
+        QVERIFY(desk.onScreen() == scattered);
         QCOMPARE(desk.engine.undoLast(true)->restored, 3);
-        QVERIFY(desk.capture() == desk.layout.windows);
+        QVERIFY(desk.onScreen() == desk.layout.windows);
     }
 };
 

@@ -1,11 +1,6 @@
-#include "PanorelCore/Stores/AppRuleStore.h"
+#include "EngineDesk.h"
 #include "PanorelCore/Stores/SceneStore.h"
-#include "PanorelCore/Stores/UsageStore.h"
 #include "PanorelEngine/Scenes/SceneApplier.h"
-#include "PanorelEngine/Windows/RestoreEngine.h"
-#include "PanorelEngine/Windows/WindowSnapshotter.h"
-#include "Support/InMemoryPlatform.h"
-#include "Support/TestDataDir.h"
 
 #include <QTest>
 
@@ -18,15 +13,8 @@ const QString mailID = QStringLiteral("mail");
 const QString musicID = QStringLiteral("music");
 
 /// An editor and a mail program run, the mail in front; a scene shows the editor alone.
-struct Desk {
-    TestDataDir dir;
-    InMemoryPlatform platform;
-    InMemoryDesktop &desktop = platform.desktop;
-    AppRuleStore rules{dir.log, dir.clock};
+struct Desk : EngineDesk {
     SceneStore scenes{dir.log, dir.clock};
-    UsageStore usage{dir.log, dir.clock};
-    WindowSnapshotter snapshotter{desktop, desktop, desktop};
-    RestoreEngine engine{rules, snapshotter, desktop, dir.log, dir.clock};
     SceneApplier applier{
         engine, scenes, usage, desktop, platform.launcher(), platform.desktopPicture(), dir.log};
     ProcessIdentifier editor = desktop.add(editorID, QStringLiteral("Editor"));
@@ -44,7 +32,6 @@ struct Desk {
         scene.layout.windows = {{bundleID, bundleID, title, {}, frame, 0}};
         return scene;
     }
-    std::vector<WindowRecord> onScreen() { return snapshotter.snapshot({}); }
 };
 
 } // namespace

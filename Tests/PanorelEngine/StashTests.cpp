@@ -1,10 +1,6 @@
-#include "PanorelCore/Stores/AppRuleStore.h"
-#include "PanorelCore/Stores/UsageStore.h"
+#include "EngineDesk.h"
 #include "PanorelEngine/Stash/StashController.h"
-#include "PanorelEngine/Windows/RestoreEngine.h"
-#include "PanorelEngine/Windows/WindowSnapshotter.h"
 #include "Support/FakeScheduler.h"
-#include "Support/InMemoryDesktop.h"
 
 #include <QTest>
 
@@ -17,14 +13,8 @@ const QString home = QStringLiteral("home");
 const QString office = QStringLiteral("office");
 
 /// Two terminals of one title and a mail program, the mail in front and with the focus.
-struct Desk {
-    TestDataDir dir;
+struct Desk : EngineDesk {
     FakeScheduler scheduler{dir.clock};
-    InMemoryDesktop desktop;
-    AppRuleStore rules{dir.log, dir.clock};
-    UsageStore usage{dir.log, dir.clock};
-    WindowSnapshotter snapshotter{desktop, desktop, desktop};
-    RestoreEngine engine{rules, snapshotter, desktop, dir.log, dir.clock};
     std::map<QString, Layout> learned;
     std::unique_ptr<StashController> stash = std::make_unique<StashController>(
         engine, usage, snapshotter, desktop, desktop, scheduler, dir.log, dir.clock,
@@ -39,9 +29,8 @@ struct Desk {
     int inbox = desktop.open(mail, QStringLiteral("Inbox"), {900, 0, 500, 400});
     int shell2 = desktop.open(terminal, QStringLiteral("sh"), {0, 500, 400, 300});
     int draft = desktop.open(mail, QStringLiteral("Draft"), {900, 500, 500, 400});
-    std::vector<WindowRecord> before = records();
+    std::vector<WindowRecord> before = onScreen();
 
-    std::vector<WindowRecord> records() { return snapshotter.snapshot({}); }
     void toggle(const QString &configID = home) { stash->toggle({}, configID, true); }
     bool isHidden(ProcessIdentifier pid)
     {
@@ -68,14 +57,14 @@ private Q_SLOTS:
         Desk desk;
         desk.toggle();
         QVERIFY(desk.stash->isStashed() && desk.stash->isDeskAway());
-        QVERIFY(desk.records().empty());
+        QVERIFY(desk.onScreen().empty());
         desk.scatter();
         desk.toggle();
         QVERIFY(!desk.stash->isStashed() && desk.stash->isDeskAway());
         desk.scheduler.advance(399ms);
         QCOMPARE(desk.frame(desk.inbox).width, 333);
         desk.scheduler.advance(1ms);
-        QVERIFY(desk.records() == desk.before);
+        QVERIFY(desk.onScreen() == desk.before);
         QCOMPARE(desk.desktop.focused, desk.draft);
         QVERIFY(!desk.stash->isDeskAway());
         QCOMPARE(desk.engine.lastUndo()->name, QStringLiteral("Stash"));
@@ -119,7 +108,7 @@ private Q_SLOTS:
             desk.toggle();
             desk.scheduler.advance(400ms);
             std::vector<double> tops;
-            for (const WindowRecord &record : desk.records())
+            for (const WindowRecord &record : desk.onScreen())
                 tops.push_back(record.frame.y);
             const double landed = isIgnored ? 500 : 509;
             QVERIFY(tops == (std::vector<double>{500, landed, 0, 0})); // draft, sh, inbox, sh
@@ -182,7 +171,7 @@ private Q_SLOTS:
         QCOMPARE(desk.frame(desk.inbox).width, 333);
         desk.toggle();
         desk.scheduler.advance(400ms);
-        QVERIFY(desk.records() == desk.before);
+        QVERIFY(desk.onScreen() == desk.before);
         QCOMPARE(desk.desktop.focused, desk.draft);
 
         desk.toggle();
