@@ -1,81 +1,51 @@
 #include <QDir>
+#include <QDomDocument>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QVariant>
-#include <QXmlStreamReader>
 
 using Dictionary = QVariantMap;
 
 namespace {
 
+QVariant valueOf(const QDomElement &element)
+{
+    const QString kind = element.tagName();
+    if (kind == u"string")
+        return element.text();
+    if (kind == u"true" || kind == u"false")
+        return kind == u"true";
+    if (kind != u"array")
+        qFatal("line %d: %s is no value", element.lineNumber(), qPrintable(kind));
+    QStringList texts;
+    for (auto text = element.firstChildElement(); !text.isNull(); text = text.nextSiblingElement())
+        texts << valueOf(text).toString();
+    return texts;
+}
+
 /// A property list's values: text, truth, a list of texts. What else there is, or is malformed,
 /// ends the test program.
-class PropertyList {
-public:
-    explicit PropertyList(const QString &path) : m_file(path)
-    {
-        if (!m_file.open(QIODevice::ReadOnly))
-            qFatal("cannot read %s", qPrintable(path));
-        m_xml.setDevice(&m_file);
+Dictionary propertyList(const QString &path)
+{
+    QFile file(path);
+    QDomDocument document;
+    if (!file.open(QIODevice::ReadOnly) || !document.setContent(&file))
+        qFatal("%s is not to be read", qPrintable(path));
+    Dictionary values;
+    const auto root = document.firstChildElement(QStringLiteral("plist"));
+    auto key = root.firstChildElement(QStringLiteral("dict")).firstChildElement();
+    for (; !key.isNull(); key = key.nextSiblingElement()) {
+        if (key.tagName() != u"key" || values.contains(key.text()))
+            qFatal("%s:%d: a new key expected", qPrintable(path), key.lineNumber());
+        const QString name = key.text();
+        key = key.nextSiblingElement();
+        values[name] = valueOf(key);
     }
-
-    Dictionary read()
-    {
-        open("plist");
-        open("dict");
-        Dictionary values;
-        while (m_xml.readNextStartElement()) {
-            expect("key");
-            const QString key = m_xml.readElementText();
-            if (values.contains(key))
-                qFatal("%s is there twice", qPrintable(key));
-            if (!m_xml.readNextStartElement())
-                qFatal("%s has no value", qPrintable(key));
-            values[key] = value();
-        }
-        while (!m_xml.atEnd()) // also what follows has to be XML
-            m_xml.readNext();
-        if (m_xml.hasError())
-            qFatal("%s: %s", qPrintable(m_file.fileName()), qPrintable(m_xml.errorString()));
-        return values;
-    }
-
-private:
-    QVariant value()
-    {
-        if (m_xml.name() == u"array") {
-            QStringList texts;
-            while (m_xml.readNextStartElement()) {
-                expect("string");
-                texts << m_xml.readElementText();
-            }
-            return texts;
-        }
-        if (m_xml.name() == u"true" || m_xml.name() == u"false") {
-            const bool truth = m_xml.name() == u"true";
-            m_xml.skipCurrentElement();
-            return truth;
-        }
-        expect("string");
-        return m_xml.readElementText();
-    }
-    void open(const char *name)
-    {
-        if (m_xml.readNextStartElement())
-            expect(name);
-    }
-    void expect(const char *name)
-    {
-        if (m_xml.name() != QLatin1String(name))
-            qFatal("%s:%lld: %s expected", qPrintable(m_file.fileName()), m_xml.lineNumber(), name);
-    }
-
-    QFile m_file;
-    QXmlStreamReader m_xml;
-};
+    return values;
+}
 
 QString plistPath(const char *name)
 {
@@ -84,7 +54,7 @@ QString plistPath(const char *name)
 
 Dictionary infoPlist(const char *name)
 {
-    return PropertyList(plistPath(name)).read();
+    return propertyList(plistPath(name));
 }
 
 QString source(const char *path)
@@ -170,7 +140,7 @@ private Q_SLOTS:
     void calendarsAreTheOnlyEntitlement()
     {
         const Dictionary entitlements =
-            PropertyList(source("Packaging/macos/Panorel.entitlements")).read();
+            propertyList(source("Packaging/macos/Panorel.entitlements"));
         QCOMPARE(entitlements,
                  (Dictionary{
                      {QStringLiteral("com.apple.security.personal-information.calendars"), true}}));
