@@ -5,6 +5,7 @@
 #include "MacDoubles/CTests/MacServiceTests.h"
 #include "MacDoubles/CTests/MacWindowTests.h"
 #include "MacDoubles/CTests/SownFaultTests.h"
+#include "MacDoubles/RunContract.h"
 
 using namespace Panorel;
 using namespace Panorel::MacDoubles;
@@ -36,23 +37,6 @@ public:
 private:
     Mac::MacHotKeys m_hotKeys;
 };
-
-/// Runs a contract suite on a fresh desktop; what it leaves behind fails it as well.
-template <typename Contract, typename Rig> int runOnTheMac()
-{
-    resetDesktop();
-    int failures = 0;
-    {
-        Rig rig;
-        Contract contract(rig);
-        failures = QTest::qExec(&contract);
-    }
-    for (const QString &left : takeRemains()) {
-        qCritical("left behind: %s", qPrintable(left));
-        ++failures;
-    }
-    return failures;
-}
 
 } // namespace
 

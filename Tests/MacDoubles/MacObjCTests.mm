@@ -1,9 +1,9 @@
 #include "Contracts/InMemoryRig.h"
 #include "Contracts/ScreensContract.h"
 #include "Contracts/WorkspaceContract.h"
-#include "MacDoubles/Desktop/MacDesktop.h"
-#include "MacDoubles/ObjC/ObjectLedger.h"
+#include "MacDoubles/LedgerTests.h"
 #include "MacDoubles/ObjC/StatusBar.h"
+#include "MacDoubles/RunContract.h"
 #include "PanorelMac/Applications/MacLauncher.h"
 #include "PanorelMac/Applications/MacWorkspace.h"
 #include "PanorelMac/Calendar/MacCalendar.h"
@@ -76,30 +76,10 @@ private:
 
 @end
 
-class MacObjCTests : public QObject {
+class MacObjCTests : public LedgerTests {
     Q_OBJECT
 
-public:
-    /// What grows in the first pass may be what the libraries keep.
-    explicit MacObjCTests(bool isSecondPass) : m_isSecondPass(isSecondPass) {}
-
 private Q_SLOTS:
-    void init()
-    {
-        resetDesktop();
-        m_ledger.emplace();
-    }
-
-    void cleanup()
-    {
-        QCoreApplication::processEvents();
-        const QStringList grown = m_ledger->finish();
-        QCOMPARE(takeFaults(), QStringList());
-        if (m_isSecondPass)
-            QCOMPARE(grown, QStringList());
-        m_ledger.reset();
-    }
-
     void textIsValidWhateverTheSystemGives()
     {
         const QString text = QStringLiteral("Bürö „A“ 🖥 \n");
@@ -419,7 +399,7 @@ private Q_SLOTS:
     void callsOffTheMainThreadAndWrongQueuesAreFound()
     {
         std::thread([] { MacScreens().screens(); }).join();
-        QVERIFY(takeFaults().join(u' ').contains(u"screens called off the main thread"));
+        QVERIFY(takeFaults().join(u' ').contains(u"[NSScreen screens] called off the main thread"));
         bool ranOnMain = true;
         bool *told = &ranOnMain;
         NSNotificationCenter *center = NSWorkspace.sharedWorkspace.notificationCenter;
@@ -442,10 +422,6 @@ private Q_SLOTS:
         QVERIFY(child.exitCode() != 0);
         QVERIFY(child.readAllStandardError().contains("ERROR: AddressSanitizer"));
     }
-
-private:
-    const bool m_isSecondPass;
-    std::optional<ObjectLedger> m_ledger;
 };
 
 namespace {
@@ -459,31 +435,6 @@ int releaseTwice()
     return 0;
 }
 
-/// The contracts, as one test each for the ledger: their suites know nothing of it.
-int runContracts(bool isSecondPass)
-{
-    int failures = 0;
-    const auto run = [&](auto makeSuite) {
-        resetDesktop();
-        ObjectLedger ledger;
-        {
-            MacRig rig;
-            auto suite = makeSuite(rig);
-            failures += QTest::qExec(&suite);
-        }
-        QCoreApplication::processEvents();
-        QStringList wrong = takeFaults();
-        if (const QStringList grown = ledger.finish(); isSecondPass)
-            wrong << grown;
-        for (const QString &fault : wrong)
-            qWarning("%s", qPrintable(fault));
-        failures += int(wrong.size());
-    };
-    run([](DesktopRig &rig) { return WorkspaceContract(rig); });
-    run([](DesktopRig &rig) { return ScreensContract(rig); });
-    return failures;
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -493,8 +444,13 @@ int main(int argc, char **argv)
     const QCoreApplication application(argc, argv);
     int failures = 0;
     for (const bool isSecondPass : {false, true}) {
-        failures += runContracts(isSecondPass);
-        MacObjCTests tests(isSecondPass);
+        LedgerTests::isSecondPass = isSecondPass;
+        MacObjCTests tests;
+        const auto remains = [&] { return tests.remains(); };
+        tests.init();
+        failures += runOnTheMac<WorkspaceContract, MacRig>(remains);
+        tests.init();
+        failures += runOnTheMac<ScreensContract, MacRig>(remains);
         failures += QTest::qExec(&tests, argc, argv);
     }
     return failures;

@@ -1,8 +1,4 @@
-#include "MacDoubles/C/CfObjects.h"
-#include "MacDoubles/C/Dispatch.h"
-#include "MacDoubles/C/HotKeys.h"
-#include "MacDoubles/Desktop/MacDesktop.h"
-#include "MacDoubles/ObjC/ObjectLedger.h"
+#include "MacDoubles/LedgerTests.h"
 #include "Panorel/AppController.h"
 #include "Panorel/PanelModel.h"
 #include "Panorel/Prefs.h"
@@ -81,28 +77,10 @@ struct Program : Desk {
 } // namespace
 
 /// The whole program on the macOS port.
-class MacProgramTests : public QObject {
+class MacProgramTests : public LedgerTests {
     Q_OBJECT
 
-public:
-    /// What the first pass leaves behind, the libraries may have built once to keep.
-    explicit MacProgramTests(bool isFirstPass) : m_isFirstPass(isFirstPass) {}
-
 private Q_SLOTS:
-    void init()
-    {
-        resetDesktop();
-        m_ledger = std::make_unique<ObjectLedger>();
-    }
-
-    void cleanup()
-    {
-        const QStringList grown = std::exchange(m_ledger, nullptr)->finish();
-        QCOMPARE(takeFaults() + takeLeaks() + takeHeldHotKeys() + takeSources(), QStringList());
-        if (!m_isFirstPass)
-            QCOMPARE(grown, QStringList());
-    }
-
     void theDeskComesBackAfterUndockingAndDocking()
     {
         Program program;
@@ -200,18 +178,15 @@ private Q_SLOTS:
             return program.mac.desktop.window(window).frame == rightPlace;
         }));
     }
-
-private:
-    const bool m_isFirstPass;
-    std::unique_ptr<ObjectLedger> m_ledger;
 };
 
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     int failures = 0;
-    for (const bool isFirstPass : {true, false}) {
-        MacProgramTests tests(isFirstPass);
+    for (const bool isSecondPass : {false, true}) {
+        LedgerTests::isSecondPass = isSecondPass;
+        MacProgramTests tests;
         failures += QTest::qExec(&tests, argc, argv);
     }
     return failures;

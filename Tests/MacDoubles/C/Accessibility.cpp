@@ -1,5 +1,4 @@
 #include "MacDoubles/C/CfObjects.h"
-#include "MacDoubles/Desktop/MacDesktop.h"
 
 #include <QRectF>
 
@@ -11,40 +10,22 @@ using namespace Panorel::MacDoubles;
 
 namespace {
 
-/// A window; its application, number 0; or the whole system, process 0.
-struct AxElement final : CfObject {
-    AxElement(ProcessIdentifier process, int window)
-        : CfObject(CfType::Element), pid(process), number(window)
-    {}
-    QString description() const override
-    {
-        return QStringLiteral("AXUIElement of process %1, window %2").arg(pid).arg(number);
-    }
-    bool equals(const CfObject &other) const override
-    {
-        if (other.type != CfType::Element)
-            return false;
-        const auto &element = static_cast<const AxElement &>(other);
-        return element.pid == pid && element.number == number;
-    }
-
-    const ProcessIdentifier pid;
-    const int number;
-};
+/// A process and a window; its application, window 0; or the whole system, process 0.
+using Element = std::pair<ProcessIdentifier, int>;
 
 InMemoryDesktop &windows()
 {
     return desktop().platform.desktop;
 }
 
-const AxElement &elementOf(AXUIElementRef element)
+Element elementOf(AXUIElementRef element)
 {
-    return objectOf<AxElement>(element, CfType::Element);
+    return objectOf(element, CfType::Element).value.value<Element>();
 }
 
 AXUIElementRef makeElement(ProcessIdentifier pid, int number)
 {
-    return make<AXUIElementRef, AxElement>(pid, number);
+    return make<AXUIElementRef>(CfType::Element, QVariant::fromValue(Element(pid, number)));
 }
 
 const InMemoryWindow *find(int number)
@@ -61,27 +42,26 @@ bool isRunning(ProcessIdentifier pid)
 }
 
 /// Whether what is asked of the element reaches anyone.
-AXError reach(const AxElement &element, const QString &question)
+AXError reach(AXUIElementRef element, const QString &question)
 {
+    const auto [pid, number] = elementOf(element);
     AccessibilityManners &manners = desktop().manners;
-    if (!isMainThread())
-        addFault(QStringLiteral("accessibility was used off the main thread: ") + question);
-    if (element.pid == InMemoryDesktop::ownPID)
+    expectMainThread("accessibility");
+    if (pid == InMemoryDesktop::ownPID)
         addFault(QStringLiteral("accessibility was asked of this program itself: ") + question);
     if (manners.onQuestion)
-        manners.onQuestion(question);
+        manners.onQuestion();
     if (!windows().trusted)
         return kAXErrorAPIDisabled;
-    if (manners.hung.contains(element.pid)) {
+    if (manners.hung.contains(pid)) {
         ++manners.waits;
         if (manners.timeOut <= 0)
             addFault(QStringLiteral("an application that hangs was asked without a time-out: ")
                      + question);
         return kAXErrorCannotComplete;
     }
-    const bool isGone = element.number != 0 && !find(element.number);
-    return isGone || (element.pid != 0 && !isRunning(element.pid)) ? kAXErrorInvalidUIElement
-                                                                   : kAXErrorSuccess;
+    const bool isGone = number != 0 && !find(number);
+    return isGone || (pid != 0 && !isRunning(pid)) ? kAXErrorInvalidUIElement : kAXErrorSuccess;
 }
 
 CFTypeRef windowList(ProcessIdentifier pid)
@@ -91,7 +71,7 @@ CFTypeRef windowList(ProcessIdentifier pid)
         if (window.pid == pid && !desktop().manners.isBlank)
             elements.push_back(makeElement(pid, window.number));
     }
-    return make<CFTypeRef, CfArray>(std::move(elements));
+    return makeObject(CfType::Array, {}, std::move(elements));
 }
 
 CFTypeRef ofApplication(ProcessIdentifier pid, const QString &attribute)
@@ -146,23 +126,34 @@ AXError setOfApplication(ProcessIdentifier pid, const QString &attribute, CFType
     return kAXErrorSuccess;
 }
 
-AXError setOfWindow(const AxElement &element, const QString &attribute, CFTypeRef value)
+/// The type of variant that holds such a value: of the same layout.
+QMetaType metaTypeOf(AXValueType type)
 {
-    const auto window = InMemoryDesktop::element(element.number);
+    if (type == kAXValueTypeCGPoint)
+        return QMetaType(QMetaType::QPointF);
+    return QMetaType(type == kAXValueTypeCGSize ? QMetaType::QSizeF : QMetaType::QRectF);
+}
+
+AXError setOfWindow(AXUIElementRef element, const QString &attribute, CFTypeRef value)
+{
+    const auto [pid, number] = elementOf(element);
+    const auto window = InMemoryDesktop::element(number);
     if (attribute == u"AXMain" && value == kCFBooleanTrue) {
-        desktop().manners.mainWindows[element.pid] = element.number;
+        desktop().manners.mainWindows[pid] = number;
         return kAXErrorSuccess;
     }
     if (attribute != u"AXPosition" && attribute != u"AXSize")
         return kAXErrorAttributeUnsupported;
     const bool isPosition = attribute == u"AXPosition";
-    const auto &packed = objectOf<AxValue>(value, CfType::Value);
-    if (packed.kind != (isPosition ? kAXValueTypeCGPoint : kAXValueTypeCGSize))
+    const QVariant &packed = objectOf(value, CfType::Value).value;
+    if (packed.typeId() != (isPosition ? QMetaType::QPointF : QMetaType::QSizeF))
         return kAXErrorIllegalArgument;
+    const QPointF point = packed.toPointF();
+    const QSizeF size = packed.toSizeF();
     if (isPosition)
-        windows().apply(window, Point{packed.rect.origin.x, packed.rect.origin.y}, {});
+        windows().apply(window, Point{point.x(), point.y()}, {});
     else
-        windows().apply(window, {}, Size{packed.rect.size.width, packed.rect.size.height});
+        windows().apply(window, {}, Size{size.width(), size.height()});
     return kAXErrorSuccess;
 }
 
@@ -178,8 +169,7 @@ Boolean AXIsProcessTrusted()
 }
 Boolean AXIsProcessTrustedWithOptions(CFDictionaryRef options)
 {
-    const auto &given = objectOf<CfDictionary>(options, CfType::Dictionary);
-    if (given.find(kAXTrustedCheckOptionPrompt) == kCFBooleanTrue)
+    if (CFDictionaryGetValue(options, kAXTrustedCheckOptionPrompt) == kCFBooleanTrue)
         windows().promptForTrust();
     return windows().trusted;
 }
@@ -200,33 +190,33 @@ AXUIElementRef AXUIElementCreateSystemWide()
 AXError AXUIElementSetMessagingTimeout(AXUIElementRef element, float timeoutInSeconds)
 {
     // Of one element alone it would not hold for those that this one lists.
-    if (elementOf(element).pid == 0)
+    if (elementOf(element).first == 0)
         desktop().manners.timeOut = timeoutInSeconds;
     return kAXErrorSuccess;
 }
 
 AXError AXUIElementGetPid(AXUIElementRef element, pid_t *pid)
 {
-    *pid = elementOf(element).pid;
+    *pid = elementOf(element).first;
     return kAXErrorSuccess;
 }
 
 AXError AXUIElementCopyAttributeValue(AXUIElementRef element, CFStringRef attribute,
                                       CFTypeRef *value)
 {
-    const AxElement &asked = elementOf(element);
+    const auto [pid, number] = elementOf(element);
     const QString name = textOf(attribute);
-    if (const AXError error = reach(asked, name))
+    if (const AXError error = reach(element, name))
         return error;
     const auto &answers = desktop().manners.answers;
-    if (const auto sown = answers.find({asked.number, name}); sown != answers.end()) {
+    if (const auto sown = answers.find({number, name}); sown != answers.end()) {
         if (sown->second.error == kAXErrorSuccess)
             *value = toCf(sown->second.value);
         return AXError(sown->second.error);
     }
-    const CFTypeRef answer = asked.number ? ofWindow(*find(asked.number), name)
-                             : asked.pid  ? ofApplication(asked.pid, name)
-                                          : ofSystem(name);
+    const CFTypeRef answer = number ? ofWindow(*find(number), name)
+                             : pid  ? ofApplication(pid, name)
+                                    : ofSystem(name);
     if (!answer)
         return kAXErrorNoValue;
     *value = answer;
@@ -235,22 +225,21 @@ AXError AXUIElementCopyAttributeValue(AXUIElementRef element, CFStringRef attrib
 
 AXError AXUIElementSetAttributeValue(AXUIElementRef element, CFStringRef attribute, CFTypeRef value)
 {
-    const AxElement &asked = elementOf(element);
+    const auto [pid, number] = elementOf(element);
     const QString name = textOf(attribute);
-    if (const AXError error = reach(asked, name))
+    if (const AXError error = reach(element, name))
         return error;
-    return asked.number ? setOfWindow(asked, name, value)
-                        : setOfApplication(asked.pid, name, value);
+    return number ? setOfWindow(element, name, value) : setOfApplication(pid, name, value);
 }
 
 AXError AXUIElementPerformAction(AXUIElementRef element, CFStringRef action)
 {
-    const AxElement &asked = elementOf(element);
-    if (const AXError error = reach(asked, textOf(action)))
+    const auto [pid, number] = elementOf(element);
+    if (const AXError error = reach(element, textOf(action)))
         return error;
-    if (asked.number == 0 || textOf(action) != u"AXRaise")
+    if (number == 0 || textOf(action) != u"AXRaise")
         return kAXErrorActionUnsupported;
-    windows().raise({InMemoryDesktop::element(asked.number)});
+    windows().raise({InMemoryDesktop::element(number)});
     return kAXErrorSuccess;
 }
 
@@ -261,27 +250,15 @@ CFTypeID AXValueGetTypeID()
 
 AXValueRef AXValueCreate(AXValueType type, const void *valuePtr)
 {
-    CGRect rect{};
-    if (type == kAXValueTypeCGPoint)
-        std::memcpy(&rect.origin, valuePtr, sizeof rect.origin);
-    else if (type == kAXValueTypeCGSize)
-        std::memcpy(&rect.size, valuePtr, sizeof rect.size);
-    else
-        stopTest(QStringLiteral("the double packs no value of type %1").arg(int(type)));
-    return make<AXValueRef, AxValue>(type, rect);
+    return make<AXValueRef>(CfType::Value, QVariant(metaTypeOf(type), valuePtr));
 }
 
 Boolean AXValueGetValue(AXValueRef value, AXValueType type, void *valuePtr)
 {
-    const auto &packed = objectOf<AxValue>(value, CfType::Value);
-    if (packed.kind != type)
+    const QVariant &packed = objectOf(value, CfType::Value).value;
+    if (packed.metaType() != metaTypeOf(type))
         return false;
-    if (type == kAXValueTypeCGPoint)
-        std::memcpy(valuePtr, &packed.rect.origin, sizeof packed.rect.origin);
-    else if (type == kAXValueTypeCGSize)
-        std::memcpy(valuePtr, &packed.rect.size, sizeof packed.rect.size);
-    else
-        std::memcpy(valuePtr, &packed.rect, sizeof packed.rect);
+    std::memcpy(valuePtr, packed.constData(), std::size_t(packed.metaType().sizeOf()));
     return true;
 }
 

@@ -1,14 +1,13 @@
 #include "MacDoubles/C/CfObjects.h"
 
-#include <QByteArray>
-#include <QPointF>
-#include <QRectF>
+#include <QDebug>
 #include <QTest>
 
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
+#include <memory>
 #include <mutex>
 
 namespace Panorel::MacDoubles {
@@ -38,9 +37,10 @@ void stopTest(const QString &reason)
     std::abort();
 }
 
-CFTypeRef adopted(std::unique_ptr<CfObject> object)
+CFTypeRef makeObject(CfType type, const QVariant &value, std::vector<CFTypeRef> members)
 {
     const std::lock_guard lock(ledger().lock);
+    std::unique_ptr<CfObject> object(new CfObject{type, value, std::move(members)});
     const CFTypeRef reference = object.get();
     ledger().objects[reference] = std::move(object);
     return reference;
@@ -59,6 +59,14 @@ CfObject &objectOf(CFTypeRef reference)
     return *found->second;
 }
 
+const CfObject &objectOf(CFTypeRef reference, CfType type)
+{
+    const CfObject &object = objectOf(reference);
+    if (object.type != type)
+        stopTest(QStringLiteral("wrong type: ") + object.description());
+    return object;
+}
+
 QStringList takeLeaks()
 {
     const std::lock_guard lock(ledger().lock);
@@ -73,108 +81,68 @@ QStringList takeLeaks()
 
 QString textOf(CFStringRef string)
 {
-    return objectOf<CfString>(string, CfType::String).text;
+    return objectOf(string, CfType::String).value.toString();
 }
 
-bool CfString::equals(const CfObject &other) const
+QString CfObject::description() const
 {
-    return other.type == CfType::String && static_cast<const CfString &>(other).text == text;
+    QString text;
+    QDebug(&text).nospace() << "CF type " << int(type) << ' ' << value << ", " << members.size()
+                            << " members";
+    return text;
 }
 
-QString CfPlain::description() const
+bool CfObject::equals(const CfObject &other) const
 {
-    return QStringLiteral("CF type %1 %2").arg(int(type)).arg(value.toString());
+    return this == &other || (type == other.type && value.isValid() && value == other.value);
 }
 
-void CfArray::releaseMembers() const
+CFTypeRef CfObject::find(CFTypeRef key) const
 {
-    for (const CFTypeRef member : members)
-        CFRelease(member);
-}
-
-QString CfArray::description() const
-{
-    return QStringLiteral("CFArray of %1").arg(members.size());
-}
-
-void CfDictionary::releaseMembers() const
-{
-    for (const auto &[name, value] : members) {
-        CFRelease(name);
-        CFRelease(value);
-    }
-}
-
-QString CfDictionary::description() const
-{
-    return QStringLiteral("CFDictionary of %1").arg(members.size());
-}
-
-CFTypeRef CfDictionary::find(CFTypeRef key) const
-{
-    for (const auto &[name, value] : members) {
-        if (objectOf(name).equals(objectOf(key)))
-            return value;
+    for (std::size_t i = 0; i < members.size(); i += 2) {
+        if (objectOf(members[i]).equals(objectOf(key)))
+            return members[i + 1];
     }
     return nullptr;
 }
 
-QString AxValue::description() const
-{
-    return QStringLiteral("AXValue of type %1").arg(int(kind));
-}
-
 CFTypeRef toCf(const QVariant &value)
 {
-    const auto geometry = [](AXValueType type, const QRectF &rect) {
-        return make<CFTypeRef, AxValue>(
-            type, CGRect{{rect.x(), rect.y()}, {rect.width(), rect.height()}});
-    };
+    std::vector<CFTypeRef> members;
     switch (value.typeId()) {
     case QMetaType::UnknownType:
         return nullptr;
     case QMetaType::Bool:
         return value.toBool() ? kCFBooleanTrue : kCFBooleanFalse;
     case QMetaType::QString:
-        return make<CFTypeRef, CfString>(value.toString());
+        return makeObject(CfType::String, value);
     case QMetaType::QPointF:
-        return geometry(kAXValueTypeCGPoint, {value.toPointF(), QSizeF()});
     case QMetaType::QSizeF:
-        return geometry(kAXValueTypeCGSize, {QPointF(), value.toSizeF()});
     case QMetaType::QRectF:
-        return geometry(kAXValueTypeCGRect, value.toRectF());
+        return makeObject(CfType::Value, value);
     case QMetaType::QByteArray:
-        return make<CFTypeRef, CfPlain>(CfType::Data, value);
+        return makeObject(CfType::Data, value);
     case QMetaType::Nullptr:
-        return make<CFTypeRef, CfPlain>(CfType::Null, value);
-    case QMetaType::QVariantList: {
-        std::vector<CFTypeRef> members;
+        return makeObject(CfType::Null, value);
+    case QMetaType::QVariantList:
         for (const QVariant &member : value.toList())
             members.push_back(toCf(member));
-        return make<CFTypeRef, CfArray>(std::move(members));
-    }
-    case QMetaType::QVariantMap: {
-        CfDictionary::Members members;
-        const QVariantMap map = value.toMap();
-        for (auto entry = map.begin(); entry != map.end(); ++entry)
-            members.emplace_back(toCf(entry.key()), toCf(entry.value()));
-        return make<CFTypeRef, CfDictionary>(std::move(members));
-    }
+        return makeObject(CfType::Array, {}, std::move(members));
+    case QMetaType::QVariantMap:
+        for (const auto &[key, member] : value.toMap().asKeyValueRange())
+            members.insert(members.end(), {toCf(key), toCf(member)});
+        return makeObject(CfType::Dictionary, {}, std::move(members));
     default: // a number, an integer or not
-        return make<CFTypeRef, CfPlain>(CfType::Number, value);
+        return makeObject(CfType::Number, value);
     }
 }
 
 QVariant fromCf(CFTypeRef object)
 {
-    if (!object)
-        return {};
-    if (objectOf(object).type == CfType::String)
-        return textOf(static_cast<CFStringRef>(object));
-    const auto *plain = dynamic_cast<const CfPlain *>(&objectOf(object));
-    if (!plain)
-        stopTest(QStringLiteral("the double can't store this: ") + objectOf(object).description());
-    return plain->value;
+    const CfObject &held = objectOf(object);
+    if (!held.value.isValid())
+        stopTest(QStringLiteral("the double can't store this: ") + held.description());
+    return held.value;
 }
 
 } // namespace Panorel::MacDoubles

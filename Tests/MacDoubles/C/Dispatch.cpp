@@ -1,7 +1,4 @@
-#include "MacDoubles/C/Dispatch.h"
-
 #include "MacDoubles/C/CfObjects.h"
-#include "MacDoubles/Desktop/MacDesktop.h"
 
 #include <dispatch/dispatch.h>
 
@@ -32,8 +29,7 @@ std::vector<std::unique_ptr<Source>> sources;
 
 Source &sourceOf(dispatch_object_t object, const char *call)
 {
-    if (!isMainThread())
-        addFault(QLatin1String(call) + QStringLiteral(" off the main thread"));
+    expectMainThread(call);
     const auto found =
         std::ranges::find_if(sources, [=](const auto &source) { return source.get() == object; });
     if (found == sources.end() || (*found)->isReleased)
@@ -106,34 +102,34 @@ dispatch_source_t dispatch_source_create(dispatch_source_type_t type, uintptr_t,
 
 void dispatch_set_context(dispatch_object_t object, void *context)
 {
-    sourceOf(object, "dispatch_set_context").context = context;
+    sourceOf(object, __func__).context = context;
 }
 void dispatch_source_set_event_handler_f(dispatch_source_t source, dispatch_function_t handler)
 {
-    sourceOf(source, "dispatch_source_set_event_handler_f").event = handler;
+    sourceOf(source, __func__).event = handler;
 }
 void dispatch_source_set_cancel_handler_f(dispatch_source_t source, dispatch_function_t handler)
 {
-    sourceOf(source, "dispatch_source_set_cancel_handler_f").cancelled = handler;
+    sourceOf(source, __func__).cancelled = handler;
 }
 void dispatch_source_set_timer(dispatch_source_t source, dispatch_time_t start, uint64_t interval,
                                uint64_t)
 {
     if (interval != DISPATCH_TIME_FOREVER)
         addFault(QStringLiteral("an alarm would repeat"));
-    sourceOf(source, "dispatch_source_set_timer").start = start;
+    sourceOf(source, __func__).start = start;
 }
 void dispatch_resume(dispatch_object_t object)
 {
-    sourceOf(object, "dispatch_resume").isResumed = true;
+    sourceOf(object, __func__).isResumed = true;
 }
 void dispatch_source_cancel(dispatch_source_t source)
 {
-    sourceOf(source, "dispatch_source_cancel").isCancelled = true;
+    sourceOf(source, __func__).isCancelled = true;
 }
 void dispatch_release(dispatch_object_t object)
 {
-    Source &source = sourceOf(object, "dispatch_release");
+    Source &source = sourceOf(object, __func__);
     if (!source.isResumed)
         addFault(QStringLiteral("a source was released before it ran"));
     source.isReleased = true;

@@ -1,4 +1,3 @@
-#include "MacDoubles/C/HotKeys.h"
 #include "MacDoubles/Desktop/MacDesktop.h"
 
 #include <Carbon/Carbon.h>
@@ -28,12 +27,6 @@ namespace {
 OpaqueEventTargetRef dispatcher;
 std::vector<std::unique_ptr<OpaqueEventHandlerRef>> handlers;
 std::vector<std::unique_ptr<OpaqueEventHotKeyRef>> hotKeys;
-
-void checkThread(const char *call)
-{
-    if (!isMainThread())
-        addFault(QLatin1String(call) + QStringLiteral(" off the main thread"));
-}
 
 /// The newest handler comes first; one that takes the event ends its way.
 void deliver(HotKeyNumber number)
@@ -75,7 +68,7 @@ EventTargetRef GetEventDispatcherTarget()
 OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, ItemCount typeCount,
                              const EventTypeSpec *types, void *userData, EventHandlerRef *installed)
 {
-    checkThread("InstallEventHandler");
+    expectMainThread(__func__);
     if (target != &dispatcher || typeCount != 1 || types->eventClass != kEventClassKeyboard
         || types->eventKind != kEventHotKeyPressed)
         return paramErr;
@@ -95,7 +88,7 @@ OSStatus RemoveEventHandler(EventHandlerRef handler)
 OSStatus RegisterEventHotKey(UInt32 keyCode, UInt32 modifiers, EventHotKeyID id,
                              EventTargetRef target, OptionBits options, EventHotKeyRef *registered)
 {
-    checkThread("RegisterEventHotKey");
+    expectMainThread(__func__);
     if (target != &dispatcher || options != 0 || id.signature != 0x504E524C)
         return paramErr;
     const HotKeyCombo combo{keyCode, modifiers};
@@ -114,7 +107,7 @@ OSStatus RegisterEventHotKey(UInt32 keyCode, UInt32 modifiers, EventHotKeyID id,
 
 OSStatus UnregisterEventHotKey(EventHotKeyRef hotKey)
 {
-    checkThread("UnregisterEventHotKey");
+    expectMainThread(__func__);
     if (removeFrom(hotKeys, hotKey))
         return noErr;
     addFault(QStringLiteral("a hot key was given back that was not held"));

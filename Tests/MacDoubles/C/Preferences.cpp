@@ -1,6 +1,4 @@
-#include "MacDoubles/C/Preferences.h"
 #include "MacDoubles/C/CfObjects.h"
-#include "MacDoubles/Desktop/MacDesktop.h"
 
 #include <set>
 

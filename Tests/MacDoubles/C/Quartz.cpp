@@ -1,5 +1,4 @@
 #include "MacDoubles/C/CfObjects.h"
-#include "MacDoubles/Desktop/MacDesktop.h"
 
 #include <ColorSync/ColorSync.h>
 
@@ -89,7 +88,7 @@ CFArrayRef CGWindowListCopyWindowInfo(CGWindowListOption option, CGWindowID rela
 
 bool CGRectMakeWithDictionaryRepresentation(CFDictionaryRef dictionary, CGRect *rect)
 {
-    const auto &members = objectOf<CfDictionary>(dictionary, CfType::Dictionary);
+    const auto &members = objectOf(dictionary, CfType::Dictionary);
     double values[4];
     std::size_t next = 0;
     for (const char *key : {"X", "Y", "Width", "Height"}) {
@@ -128,7 +127,7 @@ CFUUIDRef CGDisplayCreateUUIDFromDisplayID(std::uint32_t display)
     const DisplayIdentity *identity = find(display);
     if (!identity || !identity->uuid)
         return nullptr;
-    return make<CFUUIDRef, CfPlain>(CfType::Uuid, *identity->uuid);
+    return make<CFUUIDRef>(CfType::Uuid, *identity->uuid);
 }
 
 CGError CGDisplayRegisterReconfigurationCallback(CGDisplayReconfigurationCallBack callback,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MacDoubles/CTests/Remains.h"
+#include "MacDoubles/Desktop/MacDesktop.h"
 #include "PanorelMac/Displays/DisplayIdentities.h"
 #include "PanorelMac/Displays/ReconfigurationCallback.h"
 #include "PanorelMac/HotKeys/MacHotKeys.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MacDoubles/CTests/Remains.h"
+#include "MacDoubles/C/CfObjects.h"
 #include "PanorelMac/Support/CfText.h"
 #include "PanorelMac/Windows/MacAccessibility.h"
 #include "PanorelMac/Windows/MacWindowList.h"
@@ -137,7 +137,7 @@ private Q_SLOTS:
                 init();
                 const auto first = attributes(m_first).element;
                 int left = answered;
-                manners().onQuestion = [&](const QString &) {
+                manners().onQuestion = [&] {
                     if (left-- > 0)
                         return;
                     quits ? windows().quit(m_editor) : void(manners().hung = {m_editor});

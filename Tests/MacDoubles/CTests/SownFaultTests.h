@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MacDoubles/CTests/Remains.h"
+#include "MacDoubles/C/CfObjects.h"
 #include "PanorelMac/HotKeys/MacHotKeys.h"
 #include "PanorelMac/Windows/MacAccessibility.h"
 
@@ -29,7 +29,7 @@ inline const std::map<QString, std::function<void()>> &deadlyFaults()
              const int none = 0;
              CFRetain(&none);
          }},
-        {QStringLiteral("dead object was given: CFString"),
+        {QStringLiteral("dead object was given: CF type 7"),
          [] {
              const CFStringRef string = newString();
              CFRelease(string);
@@ -75,7 +75,7 @@ private Q_SLOTS:
                                  kCFPreferencesCurrentApplication);
         QCOMPARE(takeRemains(),
                  (QStringList{QStringLiteral("hot key ⌘S"), QStringLiteral("enabled"),
-                              QStringLiteral("CFString \"x\"")}));
+                              QStringLiteral("CF type 7 QVariant(QString, \"x\"), 0 members")}));
         QCOMPARE(takeRemains(), QStringList());
     }
 

@@ -43,4 +43,10 @@ bool isMainThread()
     return std::this_thread::get_id() == mainThread;
 }
 
+void expectMainThread(const char *call)
+{
+    if (!isMainThread())
+        addFault(QLatin1String(call) + QStringLiteral(" called off the main thread"));
+}
+
 } // namespace Panorel::MacDoubles

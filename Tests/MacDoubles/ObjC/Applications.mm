@@ -1,4 +1,4 @@
-#include "MacDoubles/ObjC/MainThreadOnly.h"
+#include "MacDoubles/Desktop/MacDesktop.h"
 #include "MacDoubles/ObjC/WorkspaceNotifications.h"
 #include "PanorelMac/Support/NsText.h"
 
@@ -25,10 +25,8 @@ NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
 
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy
 {
-    expectMainThread(_cmd);
-    const ActivationPolicy policies[] = {ActivationPolicy::Regular, ActivationPolicy::Accessory,
-                                         ActivationPolicy::Prohibited};
-    desktop().platform.activationPolicy().setActivationPolicy(policies[activationPolicy]);
+    expectMainThread(__func__);
+    desktop().platform.activationPolicy().setActivationPolicy(ActivationPolicy(activationPolicy));
     return YES;
 }
 
@@ -37,22 +35,9 @@ NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
 /// What it was when it was asked for; only whether it is hidden follows.
 @implementation NSRunningApplication
 
-- (instancetype)initWith:(const RunningApplication &)application
-{
-    self = [super init];
-    _state = new RunningApplication(application);
-    return self;
-}
-
-- (void)dealloc
-{
-    delete static_cast<RunningApplication *>(_state);
-    [super dealloc];
-}
-
 - (const RunningApplication &)state
 {
-    return *static_cast<RunningApplication *>(_state);
+    return *static_cast<const RunningApplication *>(_state->get());
 }
 
 + (NSRunningApplication *)currentApplication
@@ -64,7 +49,7 @@ NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
 {
     for (const RunningApplication &running : desktop().platform.desktop.runningApplications()) {
         if (running.pid == pid)
-            return [[[self alloc] initWith:running] autorelease];
+            return [self of:std::make_shared<RunningApplication>(running)];
     }
     return nil;
 }
@@ -161,7 +146,7 @@ NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
 {
     NSMutableArray *all = [NSMutableArray array];
     for (const RunningApplication &running : desktop().platform.desktop.runningApplications())
-        [all addObject:[[[NSRunningApplication alloc] initWith:running] autorelease]];
+        [all addObject:[NSRunningApplication of:std::make_shared<RunningApplication>(running)]];
     return all;
 }
 
@@ -192,7 +177,7 @@ NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
                    options:(NSDictionary<NSWorkspaceDesktopImageOptionKey, id> *)options
                      error:(NSError **)error
 {
-    expectMainThread(_cmd);
+    expectMainThread(__func__);
     if (!options)
         addFault(QStringLiteral("a desktop picture without options"));
     MacServices &services = desktop().services;

@@ -1,6 +1,5 @@
-#include "MacDoubles/ObjC/Blocks.h"
-
 #include "MacDoubles/Desktop/MacDesktop.h"
+#include "MacDoubles/ObjC/ObjectLedger.h"
 
 #import <Foundation/Foundation.h>
 

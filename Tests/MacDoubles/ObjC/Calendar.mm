@@ -37,22 +37,9 @@ Instant instantOf(NSDate *date)
 /// The in-memory event's identifier stands for that of the whole series.
 @implementation EKEvent
 
-- (instancetype)initWith:(const CalendarEvent &)event
-{
-    self = [super init];
-    _state = new CalendarEvent(event);
-    return self;
-}
-
-- (void)dealloc
-{
-    delete static_cast<CalendarEvent *>(_state);
-    [super dealloc];
-}
-
 - (const CalendarEvent &)state
 {
-    return *static_cast<CalendarEvent *>(_state);
+    return *static_cast<const CalendarEvent *>(_state->get());
 }
 
 - (NSString *)eventIdentifier
@@ -84,8 +71,8 @@ Instant instantOf(NSDate *date)
 - (NSDate *)startDate
 {
     const auto &start = [self state].start;
-    const double milliseconds = start ? double(start->time_since_epoch().count()) : 0;
-    return start ? [NSDate dateWithTimeIntervalSince1970:milliseconds / 1000] : nil;
+    return start ? [NSDate dateWithTimeIntervalSince1970:start->time_since_epoch().count() / 1e3]
+                 : nil;
 }
 
 - (EKEventStatus)status
@@ -119,7 +106,6 @@ Instant instantOf(NSDate *date)
 {
     CalendarAuthorization &status = desktop().platform.events.status;
     MacServices &services = desktop().services;
-    ++services.calendarRequests;
     if (status == CalendarAuthorization::NotDetermined)
         status = services.grantsCalendarAccess ? CalendarAuthorization::FullAccess
                                                : CalendarAuthorization::Denied;
@@ -163,7 +149,7 @@ Instant instantOf(NSDate *date)
     EventsBetween *between = (EventsBetween *)predicate;
     calendar.events(between->_from, between->_to, [&](const CalendarPort::Events &events) {
         for (const CalendarEvent &event : events)
-            [found addObject:[[[EKEvent alloc] initWith:event] autorelease]];
+            [found addObject:[EKEvent of:std::make_shared<CalendarEvent>(event)]];
     });
     return found;
 }

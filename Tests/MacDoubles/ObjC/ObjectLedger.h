@@ -6,6 +6,9 @@
 
 namespace Panorel::MacDoubles {
 
+/// Copies of blocks that are not yet released.
+int livingBlocks();
+
 /// Counts what is alive of each Objective-C class, and of blocks, from its making to finish().
 /// What the libraries build once and keep grows once; what still grows when the same is done a
 /// second time is a leak.

@@ -1,7 +1,5 @@
 #include "MacDoubles/ObjC/ObjectLedger.h"
 
-#include "MacDoubles/ObjC/Blocks.h"
-
 #import <Foundation/Foundation.h>
 #import <Foundation/NSDebug.h>
 

@@ -1,4 +1,4 @@
-#include "MacDoubles/ObjC/MainThreadOnly.h"
+#include "MacDoubles/Desktop/MacDesktop.h"
 #include "PanorelMac/Support/NsText.h"
 
 #import <AppKit/AppKit.h>
@@ -19,31 +19,18 @@ NSRect nsRect(const Rect &rect)
 /// As it was when it was asked for.
 @implementation NSScreen
 
-- (instancetype)initWith:(const Screen &)screen
-{
-    self = [super init];
-    _state = new Screen(screen);
-    return self;
-}
-
-- (void)dealloc
-{
-    delete static_cast<Screen *>(_state);
-    [super dealloc];
-}
-
 + (NSArray<NSScreen *> *)screens
 {
-    expectMainThread(_cmd);
+    expectMainThread(__func__);
     NSMutableArray *all = [NSMutableArray array];
     for (const Screen &screen : desktop().platform.screens().screens())
-        [all addObject:[[[NSScreen alloc] initWith:screen] autorelease]];
+        [all addObject:[NSScreen of:std::make_shared<Screen>(screen)]];
     return all;
 }
 
 - (const Screen &)state
 {
-    return *static_cast<Screen *>(_state);
+    return *static_cast<const Screen *>(_state->get());
 }
 
 - (NSRect)frame

@@ -1,4 +1,4 @@
-#include "MacDoubles/ObjC/MainThreadOnly.h"
+#include "MacDoubles/Desktop/MacDesktop.h"
 
 #import <ServiceManagement/ServiceManagement.h>
 #import <Sparkle/Sparkle.h>
@@ -39,13 +39,13 @@ using namespace Panorel::MacDoubles;
 
 - (BOOL)automaticallyChecksForUpdates
 {
-    expectMainThread(_cmd);
+    expectMainThread(__func__);
     return desktop().platform.updater()->automaticallyChecksForUpdates();
 }
 
 - (void)setAutomaticallyChecksForUpdates:(BOOL)checks
 {
-    expectMainThread(_cmd);
+    expectMainThread(__func__);
     desktop().platform.updater()->setAutomaticallyChecksForUpdates(checks);
 }
 
@@ -57,7 +57,7 @@ using namespace Panorel::MacDoubles;
                         updaterDelegate:(id<SPUUpdaterDelegate>)updaterDelegate
                      userDriverDelegate:(id<SPUStandardUserDriverDelegate>)userDriverDelegate
 {
-    expectMainThread(_cmd);
+    expectMainThread(__func__);
     if (updaterDelegate || userDriverDelegate)
         addFault(QStringLiteral("an updater with delegates"));
     self = [super init];
@@ -79,7 +79,7 @@ using namespace Panorel::MacDoubles;
 
 - (void)checkForUpdates:(id)sender
 {
-    expectMainThread(_cmd);
+    expectMainThread(__func__);
     if (desktop().services.updaterRuns)
         desktop().platform.updater()->checkForUpdates();
 }

@@ -1,7 +1,6 @@
 #include "MacDoubles/ObjC/StatusBar.h"
 
-#include "MacDoubles/ObjC/MainThreadOnly.h"
-#include "MacDoubles/ObjC/Windows.h"
+#include "MacDoubles/Desktop/MacDesktop.h"
 
 #include <vector>
 
@@ -15,6 +14,20 @@ std::vector<NSStatusItem *> shown; ///< the bar does not keep them
 } // namespace
 
 @implementation NSStatusBarButton
+
+@synthesize target = _target, action = _action, image = _image;
+
+- (void)dealloc
+{
+    [_image release];
+    [super dealloc];
+}
+
+- (void)performClick:(id)sender
+{
+    [_target performSelector:_action withObject:self];
+}
+
 @end
 
 @implementation NSStatusItem
@@ -45,7 +58,7 @@ std::vector<NSStatusItem *> shown; ///< the bar does not keep them
 
 - (NSStatusBarButton *)button
 {
-    expectMainThread(_cmd);
+    expectMainThread(__func__);
     return _button;
 }
 
@@ -61,7 +74,7 @@ std::vector<NSStatusItem *> shown; ///< the bar does not keep them
 
 - (NSStatusItem *)statusItemWithLength:(CGFloat)length
 {
-    expectMainThread(_cmd);
+    expectMainThread(__func__);
     NSStatusItem *item = [[[NSStatusItem alloc] initWithLength:length] autorelease];
     shown.push_back(item);
     return item;
@@ -69,7 +82,7 @@ std::vector<NSStatusItem *> shown; ///< the bar does not keep them
 
 - (void)removeStatusItem:(NSStatusItem *)item
 {
-    expectMainThread(_cmd);
+    expectMainThread(__func__);
     if (std::erase(shown, item) == 0)
         addFault(QStringLiteral("a status item removed that does not show"));
 }

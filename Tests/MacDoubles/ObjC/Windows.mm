@@ -1,10 +1,14 @@
-#include "MacDoubles/ObjC/Windows.h"
-
-#include "MacDoubles/ObjC/MainThreadOnly.h"
+#include "MacDoubles/Desktop/MacDesktop.h"
 #include "PanorelMac/Support/NsGeometry.h"
+
+#import <AppKit/AppKit.h>
 
 using namespace Panorel;
 using namespace Panorel::MacDoubles;
+
+@interface NSView (MovesToWindow)
+- (void)moveToWindow:(NSWindow *)window;
+@end
 
 @implementation NSWindow
 
@@ -47,7 +51,7 @@ using namespace Panorel::MacDoubles;
 
 - (void)setStyleMask:(NSWindowStyleMask)style
 {
-    expectMainThread(_cmd);
+    expectMainThread(__func__);
     if (style & NSWindowStyleMaskNonactivatingPanel && ![self isKindOfClass:NSPanel.class])
         addFault(QStringLiteral("a window that is no panel made non-activating"));
     _styleMask = style;
@@ -93,29 +97,6 @@ using namespace Panorel::MacDoubles;
 - (void)moveToWindow:(NSWindow *)window
 {
     _window = window;
-}
-
-@end
-
-@implementation NSControl
-
-@synthesize target = _target, action = _action;
-
-- (void)performClick:(id)sender
-{
-    [_target performSelector:_action withObject:self];
-}
-
-@end
-
-@implementation NSButton
-
-@synthesize image = _image;
-
-- (void)dealloc
-{
-    [_image release];
-    [super dealloc];
 }
 
 @end

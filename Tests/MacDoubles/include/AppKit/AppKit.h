@@ -1,10 +1,9 @@
 // The part of AppKit that the port uses, over another Foundation.
 #pragma once
 
-#import <Foundation/Foundation.h>
+#import "MacDoubles/ObjC/Snapshot.h"
 
 typedef NSString *NSNotificationName;
-typedef NSString *NSDeviceDescriptionKey;
 typedef NSString *NSWorkspaceDesktopImageOptionKey;
 
 typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
@@ -18,9 +17,7 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy;
 @end
 
-@interface NSRunningApplication : NSObject {
-    void *_state;
-}
+@interface NSRunningApplication : Snapshot
 @property(readonly) pid_t processIdentifier;
 @property(readonly, copy) NSString *bundleIdentifier;
 @property(readonly, copy) NSString *localizedName;
@@ -32,9 +29,7 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
 - (BOOL)unhide;
 @end
 
-@interface NSScreen : NSObject {
-    void *_state;
-}
+@interface NSScreen : Snapshot
 @property(class, readonly, copy) NSArray<NSScreen *> *screens;
 @property(readonly) NSRect frame;
 @property(readonly) NSRect visibleFrame;
@@ -67,7 +62,6 @@ extern NSString *const NSWorkspaceApplicationKey;
 @end
 
 typedef NSInteger NSWindowLevel;
-static const NSWindowLevel NSNormalWindowLevel = 0;
 static const NSWindowLevel NSStatusWindowLevel = 25;
 
 typedef NS_OPTIONS(NSUInteger, NSWindowStyleMask) {
@@ -77,7 +71,6 @@ typedef NS_OPTIONS(NSUInteger, NSWindowStyleMask) {
 };
 
 typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior) {
-    NSWindowCollectionBehaviorDefault = 0,
     NSWindowCollectionBehaviorCanJoinAllSpaces = 1 << 0,
     NSWindowCollectionBehaviorFullScreenAuxiliary = 1 << 8
 };
@@ -125,22 +118,16 @@ typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior) {
 - (void)setTemplate:(BOOL)isTemplate;
 @end
 
-@interface NSControl : NSView {
+// With what it has of NSControl and NSButton.
+@interface NSStatusBarButton : NSView {
     id _target;
     SEL _action;
+    NSImage *_image;
 }
 @property(assign) id target;
 @property SEL action;
-- (void)performClick:(id)sender;
-@end
-
-@interface NSButton : NSControl {
-    NSImage *_image;
-}
 @property(strong) NSImage *image;
-@end
-
-@interface NSStatusBarButton : NSButton
+- (void)performClick:(id)sender;
 @end
 
 static const CGFloat NSSquareStatusItemLength = -2;

@@ -21,7 +21,6 @@ enum AXError : SInt32 {
 };
 
 enum AXValueType : UInt32 {
-    kAXValueTypeIllegal = 0,
     kAXValueTypeCGPoint = 1,
     kAXValueTypeCGSize = 2,
     kAXValueTypeCGRect = 3,

@@ -29,7 +29,6 @@ typedef EventHandlerProcPtr EventHandlerUPP;
 enum {
     noErr = 0,
     paramErr = -50,
-    eventNotHandledErr = -9874,
     eventParameterNotFoundErr = -9870,
     eventHotKeyExistsErr = -9878,
     eventHotKeyInvalidErr = -9879,

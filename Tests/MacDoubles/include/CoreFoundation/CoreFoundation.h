@@ -1,7 +1,6 @@
 // The part of CoreFoundation that the port calls, by its documented names.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 
 typedef unsigned char Boolean;
@@ -15,7 +14,6 @@ typedef UInt32 FourCharCode;
 typedef FourCharCode OSType;
 typedef long CFIndex;
 typedef unsigned long CFTypeID;
-typedef unsigned long CFHashCode;
 
 typedef const void *CFTypeRef;
 typedef CFTypeRef CFPropertyListRef;
@@ -38,7 +36,6 @@ static inline CFRange CFRangeMake(CFIndex location, CFIndex length)
 }
 
 enum CFNumberType : CFIndex {
-    kCFNumberSInt32Type = 3,
     kCFNumberSInt64Type = 4,
     kCFNumberDoubleType = 13,
 };

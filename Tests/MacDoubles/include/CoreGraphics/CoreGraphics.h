@@ -21,7 +21,7 @@ typedef unsigned int boolean_t;
 typedef uint32_t CGDirectDisplayID;
 typedef uint32_t CGWindowID;
 
-enum CGError : int32_t { kCGErrorSuccess = 0, kCGErrorIllegalArgument = 1001 };
+enum CGError : int32_t { kCGErrorSuccess = 0 };
 
 typedef uint32_t CGDisplayChangeSummaryFlags;
 enum : CGDisplayChangeSummaryFlags {

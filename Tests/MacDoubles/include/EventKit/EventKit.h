@@ -1,7 +1,7 @@
 // The part of EventKit that the port uses, over another Foundation.
 #pragma once
 
-#import <Foundation/Foundation.h>
+#import "MacDoubles/ObjC/Snapshot.h"
 
 typedef NS_ENUM(NSInteger, EKAuthorizationStatus) {
     EKAuthorizationStatusNotDetermined = 0,
@@ -14,17 +14,13 @@ typedef NS_ENUM(NSInteger, EKAuthorizationStatus) {
 typedef NS_ENUM(NSUInteger, EKEntityType) { EKEntityTypeEvent, EKEntityTypeReminder };
 
 typedef NS_ENUM(NSInteger, EKEventStatus) {
-    EKEventStatusNone = 0,
-    EKEventStatusConfirmed,
-    EKEventStatusTentative,
-    EKEventStatusCanceled
+    EKEventStatusConfirmed = 1,
+    EKEventStatusCanceled = 3
 };
 
 @class EKCalendar;
 
-@interface EKEvent : NSObject {
-    void *_state;
-}
+@interface EKEvent : Snapshot
 @property(nonatomic, readonly) NSString *eventIdentifier;
 @property(nonatomic, readonly, copy) NSString *title;
 @property(nonatomic, readonly, copy) NSString *location;

@@ -1,7 +1,0 @@
-#pragma once
-
-#import <AppKit/AppKit.h>
-
-@interface NSView (MovesToWindow)
-- (void)moveToWindow:(NSWindow *)window;
-@end
