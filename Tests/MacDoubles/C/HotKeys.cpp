@@ -25,25 +25,16 @@ struct OpaqueEventTargetRef {};
 namespace {
 
 OpaqueEventTargetRef dispatcher;
-std::vector<std::unique_ptr<OpaqueEventHandlerRef>> handlers;
+std::unique_ptr<OpaqueEventHandlerRef> handler;
 std::vector<std::unique_ptr<OpaqueEventHotKeyRef>> hotKeys;
 
-/// The newest handler comes first; one that takes the event ends its way.
 void deliver(HotKeyNumber number)
 {
     const auto pressed =
         std::ranges::find_if(hotKeys, [=](const auto &key) { return key->id.id == number; });
     OpaqueEventRef event{pressed == hotKeys.end() ? EventHotKeyID{} : (*pressed)->id};
-    bool isTaken = false;
-    for (auto handler = handlers.rbegin(); handler != handlers.rend() && !isTaken; ++handler)
-        isTaken = (*handler)->handler(nullptr, &event, (*handler)->userData) == noErr;
-    if (!isTaken)
+    if (!handler || handler->handler(nullptr, &event, handler->userData) != noErr)
         addFault(QStringLiteral("the press of a hot key went on to other programs"));
-}
-
-template <typename Owned> bool removeFrom(std::vector<std::unique_ptr<Owned>> &all, Owned *one)
-{
-    return std::erase_if(all, [=](const auto &owned) { return owned.get() == one; }) == 1;
 }
 
 } // namespace
@@ -53,7 +44,7 @@ QStringList Panorel::MacDoubles::takeHeldHotKeys()
     QStringList left;
     for (const auto &key : std::exchange(hotKeys, {}))
         left << QStringLiteral("hot key ") + key->combo.displayString();
-    for (std::size_t i = std::exchange(handlers, {}).size(); i > 0; --i)
+    if (std::exchange(handler, nullptr))
         left << QStringLiteral("event handler");
     return left;
 }
@@ -65,24 +56,27 @@ EventTargetRef GetEventDispatcherTarget()
     return &dispatcher;
 }
 
-OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, ItemCount typeCount,
+OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP function, ItemCount typeCount,
                              const EventTypeSpec *types, void *userData, EventHandlerRef *installed)
 {
     expectMainThread(__func__);
     if (target != &dispatcher || typeCount != 1 || types->eventClass != kEventClassKeyboard
         || types->eventKind != kEventHotKeyPressed)
         return paramErr;
-    handlers.push_back(std::make_unique<OpaqueEventHandlerRef>(handler, userData));
-    *installed = handlers.back().get();
-    if (handlers.size() > 1)
+    if (handler)
         addFault(QStringLiteral("a second event handler was installed"));
+    handler = std::make_unique<OpaqueEventHandlerRef>(function, userData);
+    *installed = handler.get();
     desktop().platform.keys.setPressedCallback(deliver);
     return noErr;
 }
 
-OSStatus RemoveEventHandler(EventHandlerRef handler)
+OSStatus RemoveEventHandler(EventHandlerRef installed)
 {
-    return removeFrom(handlers, handler) ? OSStatus(noErr) : OSStatus(paramErr);
+    if (handler.get() != installed)
+        return paramErr;
+    handler.reset();
+    return noErr;
 }
 
 OSStatus RegisterEventHotKey(UInt32 keyCode, UInt32 modifiers, EventHotKeyID id,
@@ -108,7 +102,7 @@ OSStatus RegisterEventHotKey(UInt32 keyCode, UInt32 modifiers, EventHotKeyID id,
 OSStatus UnregisterEventHotKey(EventHotKeyRef hotKey)
 {
     expectMainThread(__func__);
-    if (removeFrom(hotKeys, hotKey))
+    if (std::erase_if(hotKeys, [=](const auto &key) { return key.get() == hotKey; }) == 1)
         return noErr;
     addFault(QStringLiteral("a hot key was given back that was not held"));
     return eventHotKeyInvalidErr;
