@@ -30,12 +30,18 @@
 using namespace Panorel;
 using namespace Panorel::Mac;
 using namespace Panorel::MacDoubles;
+using namespace std::chrono_literals;
 
 namespace {
 
-Instant at(std::int64_t milliseconds)
+/// On whatever thread they are announced.
+id observeLaunches(void (^handler)(NSNotification *))
 {
-    return Instant(std::chrono::milliseconds(milliseconds));
+    return [NSWorkspace.sharedWorkspace.notificationCenter
+        addObserverForName:NSWorkspaceDidLaunchApplicationNotification
+                    object:nil
+                     queue:nil
+                usingBlock:handler];
 }
 
 /// The in-memory desktop, with the applications and screens as the port tells of them.
@@ -234,32 +240,27 @@ private Q_SLOTS:
                            QStringLiteral("Room 1"),
                            QStringLiteral("notes"),
                            QStringLiteral("https://meet.example.org/a?b=1"),
-                           at(90'001)};
-        CalendarEvent later{series, title, {}, {}, {}, at(150'007)};
+                           Instant(90'001ms)};
+        CalendarEvent later{series, title, {}, {}, {}, Instant(150'007ms)};
         CalendarEvent bare;
-        const CalendarEvent cancelled{series, QStringLiteral("Off"), {}, {}, {}, at(60'000)};
-        const CalendarEvent outside{series, title, {}, {}, {}, at(1'000'000)};
+        const CalendarEvent cancelled{series, QStringLiteral("Off"), {}, {}, {}, Instant(60'000ms)};
+        const CalendarEvent outside{series, title, {}, {}, {}, Instant(1'000'000ms)};
         calendar.all = {full, later, bare, cancelled, outside};
         desktop().services.cancelledEvents = {QStringLiteral("Off")};
         MacCalendar port;
-        CalendarPort::Events answered;
+        using Answers = std::vector<CalendarPort::Events>;
         const auto ask = [&] {
-            answered.clear();
-            int answers = 0;
-            port.events(at(30'000), at(600'000), [&](const CalendarPort::Events &events) {
-                ++answers;
-                answered = events;
-            });
+            Answers answers;
+            port.events(Instant(30s), Instant(600s),
+                        [&](const CalendarPort::Events &events) { answers.push_back(events); });
             return answers;
         };
-        QCOMPARE(ask(), 1);
         full.identifier = QStringLiteral("series/90001");
         later.identifier = QStringLiteral("series/150007");
-        QVERIFY(answered == (CalendarPort::Events{full, later, bare}));
+        QVERIFY(ask() == (Answers{{full, later, bare}}));
 
         calendar.status = CalendarAuthorization::Denied; // taken back while running
-        QCOMPARE(ask(), 1);
-        QVERIFY(answered.empty());
+        QVERIFY(ask() == Answers(1));
     }
 
     void settingsReachTheirServices()
@@ -380,12 +381,8 @@ private Q_SLOTS:
             });
             [store release];
             NSString *text = [[NSString alloc] initWithFormat:@"%d times and a long tail", pass];
-            id token = [NSWorkspace.sharedWorkspace.notificationCenter
-                addObserverForName:NSWorkspaceDidLaunchApplicationNotification
-                            object:nil
-                             queue:nil
-                        usingBlock:^(NSNotification *){
-                        }];
+            id token = observeLaunches(^(NSNotification *){
+            });
             const QString grown = ledger.finish().join(u'|');
             QVERIFY2(grown.contains(u"1 EKEventStore") && grown.contains(u"1 BlockObserver")
                          && grown.contains(u"1 block") && grown.contains(u"String"),
@@ -402,15 +399,11 @@ private Q_SLOTS:
         QVERIFY(takeFaults().join(u' ').contains(u"[NSScreen screens] called off the main thread"));
         bool ranOnMain = true;
         bool *told = &ranOnMain;
-        NSNotificationCenter *center = NSWorkspace.sharedWorkspace.notificationCenter;
-        id token = [center addObserverForName:NSWorkspaceDidLaunchApplicationNotification
-                                       object:nil
-                                        queue:nil
-                                   usingBlock:^(NSNotification *) {
-                                     *told = isMainThread();
-                                   }];
+        id token = observeLaunches(^(NSNotification *) {
+          *told = isMainThread();
+        });
         desktop().platform.desktop.launch(QStringLiteral("a"), {});
-        [center removeObserver:token];
+        [NSWorkspace.sharedWorkspace.notificationCenter removeObserver:token];
         QVERIFY(!ranOnMain);
     }
 

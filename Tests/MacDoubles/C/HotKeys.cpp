@@ -105,7 +105,7 @@ OSStatus UnregisterEventHotKey(EventHotKeyRef hotKey)
     if (std::erase_if(hotKeys, [=](const auto &key) { return key.get() == hotKey; }) == 1)
         return noErr;
     addFault(QStringLiteral("a hot key was given back that was not held"));
-    return eventHotKeyInvalidErr;
+    return paramErr;
 }
 
 OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType type,
@@ -113,7 +113,7 @@ OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType t
 {
     if (name != kEventParamDirectObject || type != typeEventHotKeyID || size != sizeof event->id
         || event->id.signature == 0)
-        return eventParameterNotFoundErr;
+        return paramErr;
     std::memcpy(data, &event->id, sizeof event->id);
     return noErr;
 }

@@ -50,18 +50,12 @@ QVariantMap boundsOf(const Rect &bounds)
             {QStringLiteral("Height"), bounds.height}};
 }
 
+/// Nothing in the in-memory desktop is translucent, so nothing says how much.
 QVariantMap described(const WindowListEntry &entry)
 {
-    QVariantMap values;
-    if (entry.layer)
-        values[textOf(kCGWindowLayer)] = qlonglong(*entry.layer);
-    if (entry.ownerPID)
-        values[textOf(kCGWindowOwnerPID)] = *entry.ownerPID;
-    if (entry.bounds)
-        values[textOf(kCGWindowBounds)] = boundsOf(*entry.bounds);
-    if (entry.alpha)
-        values[textOf(kCGWindowAlpha)] = *entry.alpha;
-    return values;
+    return {{textOf(kCGWindowLayer), qlonglong(entry.layer.value())},
+            {textOf(kCGWindowOwnerPID), entry.ownerPID.value()},
+            {textOf(kCGWindowBounds), boundsOf(entry.bounds.value())}};
 }
 
 } // namespace

@@ -29,9 +29,7 @@ typedef EventHandlerProcPtr EventHandlerUPP;
 enum {
     noErr = 0,
     paramErr = -50,
-    eventParameterNotFoundErr = -9870,
     eventHotKeyExistsErr = -9878,
-    eventHotKeyInvalidErr = -9879,
 };
 enum { kEventClassKeyboard = 'keyb' };
 enum { kEventHotKeyPressed = 5 };

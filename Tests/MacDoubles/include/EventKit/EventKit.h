@@ -11,7 +11,7 @@ typedef NS_ENUM(NSInteger, EKAuthorizationStatus) {
     EKAuthorizationStatusWriteOnly
 };
 
-typedef NS_ENUM(NSUInteger, EKEntityType) { EKEntityTypeEvent, EKEntityTypeReminder };
+typedef NS_ENUM(NSUInteger, EKEntityType) { EKEntityTypeEvent };
 
 typedef NS_ENUM(NSInteger, EKEventStatus) {
     EKEventStatusConfirmed = 1,
