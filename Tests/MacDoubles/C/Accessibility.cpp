@@ -46,7 +46,7 @@ AXError reach(AXUIElementRef element, const QString &question)
 {
     const auto [pid, number] = elementOf(element);
     AccessibilityManners &manners = desktop().manners;
-    expectMainThread("accessibility");
+    expectMainThread(qPrintable(question));
     if (pid == InMemoryDesktop::ownPID)
         addFault(QStringLiteral("accessibility was asked of this program itself: ") + question);
     if (manners.onQuestion)

@@ -13,10 +13,7 @@ typedef NS_ENUM(NSInteger, EKAuthorizationStatus) {
 
 typedef NS_ENUM(NSUInteger, EKEntityType) { EKEntityTypeEvent };
 
-typedef NS_ENUM(NSInteger, EKEventStatus) {
-    EKEventStatusConfirmed = 1,
-    EKEventStatusCanceled = 3
-};
+typedef NS_ENUM(NSInteger, EKEventStatus) { EKEventStatusConfirmed = 1, EKEventStatusCanceled = 3 };
 
 @class EKCalendar;
 
