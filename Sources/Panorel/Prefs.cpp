@@ -28,28 +28,26 @@ constexpr HotKeyCombo defaultStash{1, HotKeyCombo::option | HotKeyCombo::shift};
 constexpr HotKeyCombo defaultRestore{15, HotKeyCombo::command | HotKeyCombo::shift};
 constexpr HotKeyCombo defaultSaveLayout{1, HotKeyCombo::command | HotKeyCombo::shift};
 
-bool readBoolean(const UserDefaultsPort &defaults, const char *key, bool otherwise)
-{
-    return defaults.boolean(QLatin1String(key)).value_or(otherwise);
-}
-
 } // namespace
 
 Prefs::Prefs(UserDefaultsPort &defaults, ActivationPolicyPort &activationPolicy,
              LoginItemPort &loginItem)
-    : m_defaults(defaults), m_activationPolicy(activationPolicy), m_loginItem(loginItem),
-      m_enabled(readBoolean(defaults, Key::enabled, true)),
-      m_restoreAutomatically(readBoolean(defaults, Key::restoreAutomatically, true)),
-      m_alsoRestoreSizes(readBoolean(defaults, Key::alsoRestoreSizes, true)),
-      m_hasOnboarded(readBoolean(defaults, Key::hasOnboarded, false)),
-      m_showDockIcon(readBoolean(defaults, Key::showDockIcon, false)),
-      m_launchAtLogin(readBoolean(defaults, Key::launchAtLogin, false)),
-      m_placeNewApps(readBoolean(defaults, Key::placeNewApps, true)),
-      m_hideOthersOnSwitch(readBoolean(defaults, Key::hideOthersOnSwitch, false)),
-      m_displaySettleSeconds(
-          defaults.number(QLatin1String(Key::displaySettleSeconds)).value_or(usualSettleSeconds)),
-      m_tipDismissed(readBoolean(defaults, Key::tipDismissed, false))
+    : m_defaults(defaults), m_activationPolicy(activationPolicy), m_loginItem(loginItem)
 {
+    const auto read = [&defaults](bool &member, const char *key) {
+        member = defaults.boolean(QLatin1String(key)).value_or(member);
+    };
+    read(m_values.enabled, Key::enabled);
+    read(m_values.restoreAutomatically, Key::restoreAutomatically);
+    read(m_values.alsoRestoreSizes, Key::alsoRestoreSizes);
+    read(m_values.hasOnboarded, Key::hasOnboarded);
+    read(m_values.showDockIcon, Key::showDockIcon);
+    read(m_values.launchAtLogin, Key::launchAtLogin);
+    read(m_values.placeNewApps, Key::placeNewApps);
+    read(m_values.hideOthersOnSwitch, Key::hideOthersOnSwitch);
+    m_values.displaySettleSeconds =
+        defaults.number(QLatin1String(Key::displaySettleSeconds)).value_or(usualSettleSeconds);
+    read(m_values.tipDismissed, Key::tipDismissed);
     readHotKeys();
 }
 
@@ -57,15 +55,15 @@ void Prefs::readHotKeys()
 {
     // A stash key that can't be read gets its default, the other two then have none.
     const auto stash = load(Key::stashHotKey);
-    m_stashHotKey = stash ? *stash : defaultStash;
-    m_restoreHotKey = loadOrDefault(Key::restoreHotKey, defaultRestore);
-    m_saveLayoutHotKey = loadOrDefault(Key::saveLayoutHotKey, defaultSaveLayout);
-    m_undoHotKey = load(Key::undoHotKey);
+    m_values.stashHotKey = stash ? *stash : defaultStash;
+    m_values.restoreHotKey = loadOrDefault(Key::restoreHotKey, defaultRestore);
+    m_values.saveLayoutHotKey = loadOrDefault(Key::saveLayoutHotKey, defaultSaveLayout);
+    m_values.undoHotKey = load(Key::undoHotKey);
 
-    save(m_stashHotKey, Key::stashHotKey);
-    save(m_restoreHotKey, Key::restoreHotKey);
-    save(m_saveLayoutHotKey, Key::saveLayoutHotKey);
-    save(m_undoHotKey, Key::undoHotKey);
+    save(m_values.stashHotKey, Key::stashHotKey);
+    save(m_values.restoreHotKey, Key::restoreHotKey);
+    save(m_values.saveLayoutHotKey, Key::saveLayoutHotKey);
+    save(m_values.undoHotKey, Key::undoHotKey);
 }
 
 std::optional<HotKeyCombo> Prefs::load(const char *key) const
@@ -109,31 +107,31 @@ void Prefs::assign(bool &member, const char *key, bool value)
 
 void Prefs::setEnabled(bool value)
 {
-    assign(m_enabled, Key::enabled, value);
+    assign(m_values.enabled, Key::enabled, value);
     Q_EMIT changed();
 }
 
 void Prefs::setRestoreAutomatically(bool value)
 {
-    assign(m_restoreAutomatically, Key::restoreAutomatically, value);
+    assign(m_values.restoreAutomatically, Key::restoreAutomatically, value);
     Q_EMIT changed();
 }
 
 void Prefs::setAlsoRestoreSizes(bool value)
 {
-    assign(m_alsoRestoreSizes, Key::alsoRestoreSizes, value);
+    assign(m_values.alsoRestoreSizes, Key::alsoRestoreSizes, value);
     Q_EMIT changed();
 }
 
 void Prefs::setHasOnboarded(bool value)
 {
-    assign(m_hasOnboarded, Key::hasOnboarded, value);
+    assign(m_values.hasOnboarded, Key::hasOnboarded, value);
     Q_EMIT changed();
 }
 
 void Prefs::setShowDockIcon(bool value)
 {
-    assign(m_showDockIcon, Key::showDockIcon, value);
+    assign(m_values.showDockIcon, Key::showDockIcon, value);
     m_activationPolicy.setActivationPolicy(value ? ActivationPolicy::Regular
                                                  : ActivationPolicy::Accessory);
     Q_EMIT changed();
@@ -141,60 +139,85 @@ void Prefs::setShowDockIcon(bool value)
 
 void Prefs::setLaunchAtLogin(bool value)
 {
-    assign(m_launchAtLogin, Key::launchAtLogin, value);
+    assign(m_values.launchAtLogin, Key::launchAtLogin, value);
     m_loginItem.setRegistered(value);
     Q_EMIT changed();
 }
 
 void Prefs::setPlaceNewApps(bool value)
 {
-    assign(m_placeNewApps, Key::placeNewApps, value);
+    assign(m_values.placeNewApps, Key::placeNewApps, value);
     Q_EMIT changed();
 }
 
 void Prefs::setHideOthersOnSwitch(bool value)
 {
-    assign(m_hideOthersOnSwitch, Key::hideOthersOnSwitch, value);
+    assign(m_values.hideOthersOnSwitch, Key::hideOthersOnSwitch, value);
     Q_EMIT changed();
 }
 
 double Prefs::usableSettleSeconds() const
 {
-    const double stored = m_displaySettleSeconds;
+    const double stored = m_values.displaySettleSeconds;
     return stored >= 0 && stored <= longestSettleSeconds ? stored : usualSettleSeconds;
 }
 
 void Prefs::setDisplaySettleSeconds(double value)
 {
-    m_displaySettleSeconds = value;
+    m_values.displaySettleSeconds = value;
     m_defaults.setNumber(QLatin1String(Key::displaySettleSeconds), value);
     Q_EMIT changed();
 }
 
 void Prefs::setTipDismissed(bool value)
 {
-    assign(m_tipDismissed, Key::tipDismissed, value);
+    assign(m_values.tipDismissed, Key::tipDismissed, value);
     Q_EMIT changed();
 }
 
 void Prefs::setStashHotKey(const std::optional<HotKeyCombo> &combo)
 {
-    assign(m_stashHotKey, Key::stashHotKey, combo);
+    assign(m_values.stashHotKey, Key::stashHotKey, combo);
 }
 
 void Prefs::setRestoreHotKey(const std::optional<HotKeyCombo> &combo)
 {
-    assign(m_restoreHotKey, Key::restoreHotKey, combo);
+    assign(m_values.restoreHotKey, Key::restoreHotKey, combo);
 }
 
 void Prefs::setSaveLayoutHotKey(const std::optional<HotKeyCombo> &combo)
 {
-    assign(m_saveLayoutHotKey, Key::saveLayoutHotKey, combo);
+    assign(m_values.saveLayoutHotKey, Key::saveLayoutHotKey, combo);
 }
 
 void Prefs::setUndoHotKey(const std::optional<HotKeyCombo> &combo)
 {
-    assign(m_undoHotKey, Key::undoHotKey, combo);
+    assign(m_values.undoHotKey, Key::undoHotKey, combo);
+}
+
+PreferenceValues Prefs::values() const
+{
+    PreferenceValues values = m_values;
+    values.displaySettleSeconds = usableSettleSeconds();
+    return values;
+}
+
+void Prefs::assignAll(const PreferenceValues &values)
+{
+    setEnabled(values.enabled);
+    setRestoreAutomatically(values.restoreAutomatically);
+    setAlsoRestoreSizes(values.alsoRestoreSizes);
+    setHasOnboarded(values.hasOnboarded);
+    setShowDockIcon(values.showDockIcon);
+    setLaunchAtLogin(values.launchAtLogin);
+    setPlaceNewApps(values.placeNewApps);
+    setHideOthersOnSwitch(values.hideOthersOnSwitch);
+    setDisplaySettleSeconds(values.displaySettleSeconds);
+    setTipDismissed(values.tipDismissed);
+    setStashHotKey(values.stashHotKey);
+    setRestoreHotKey(values.restoreHotKey);
+    setSaveLayoutHotKey(values.saveLayoutHotKey);
+    setUndoHotKey(values.undoHotKey);
 }
 
 } // namespace Panorel

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PanorelCore/Records/Models.h"
+#include "PanorelCore/Records/PreferenceValues.h"
 #include "PanorelPorts/ApplicationPorts.h"
 #include "PanorelPorts/UserDefaultsPort.h"
 
@@ -26,36 +26,36 @@ public:
           LoginItemPort &loginItem);
 
     /// Learning and automatic restoring as a whole. Default: on.
-    bool enabled() const { return m_enabled; }
+    bool enabled() const { return m_values.enabled; }
     /// Restore when the displays have changed. Default: on.
-    bool restoreAutomatically() const { return m_restoreAutomatically; }
+    bool restoreAutomatically() const { return m_values.restoreAutomatically; }
     /// Restores, scenes and stash set sizes too. Default: on.
-    bool alsoRestoreSizes() const { return m_alsoRestoreSizes; }
+    bool alsoRestoreSizes() const { return m_values.alsoRestoreSizes; }
     /// The welcome window was finished. Default: off.
-    bool hasOnboarded() const { return m_hasOnboarded; }
+    bool hasOnboarded() const { return m_values.hasOnboarded; }
     /// Show the application in the Dock, where there is one. Default: off.
-    bool showDockIcon() const { return m_showDockIcon; }
+    bool showDockIcon() const { return m_values.showDockIcon; }
     /// Start at login. Default: off.
-    bool launchAtLogin() const { return m_launchAtLogin; }
+    bool launchAtLogin() const { return m_values.launchAtLogin; }
     /// Place the windows of newly launched applications. Default: on.
-    bool placeNewApps() const { return m_placeNewApps; }
+    bool placeNewApps() const { return m_values.placeNewApps; }
     /// Hide other applications when a scene is applied. Default: off.
-    bool hideOthersOnSwitch() const { return m_hideOthersOnSwitch; }
+    bool hideOthersOnSwitch() const { return m_values.hideOthersOnSwitch; }
     /// How long the displays must be quiet before a window moves, as stored, which may be anything.
     /// Default: 1.5.
-    double displaySettleSeconds() const { return m_displaySettleSeconds; }
+    double displaySettleSeconds() const { return m_values.displaySettleSeconds; }
     /// The same as it is to be used: what is no number from 0 to 60 counts as the default.
     double usableSettleSeconds() const;
     /// The panel's hot-key tip was closed. Default: off.
-    bool tipDismissed() const { return m_tipDismissed; }
+    bool tipDismissed() const { return m_values.tipDismissed; }
 
     // The global keys of the fixed actions; absent: none. A key that is cleared comes back with
     // its default at the next launch, but for undo, which has none. Assigning registers nothing:
     // AppController::reloadHotKeys() does.
-    const std::optional<HotKeyCombo> &stashHotKey() const { return m_stashHotKey; }
-    const std::optional<HotKeyCombo> &restoreHotKey() const { return m_restoreHotKey; }
-    const std::optional<HotKeyCombo> &saveLayoutHotKey() const { return m_saveLayoutHotKey; }
-    const std::optional<HotKeyCombo> &undoHotKey() const { return m_undoHotKey; }
+    const std::optional<HotKeyCombo> &stashHotKey() const { return m_values.stashHotKey; }
+    const std::optional<HotKeyCombo> &restoreHotKey() const { return m_values.restoreHotKey; }
+    const std::optional<HotKeyCombo> &saveLayoutHotKey() const { return m_values.saveLayoutHotKey; }
+    const std::optional<HotKeyCombo> &undoHotKey() const { return m_values.undoHotKey; }
 
     void setEnabled(bool value);
     void setRestoreAutomatically(bool value);
@@ -72,6 +72,11 @@ public:
     void setSaveLayoutHotKey(const std::optional<HotKeyCombo> &combo);
     void setUndoHotKey(const std::optional<HotKeyCombo> &combo);
 
+    /// All of them, as they are used.
+    PreferenceValues values() const;
+    /// One after the other, each with its side effect.
+    void assignAll(const PreferenceValues &values);
+
 Q_SIGNALS:
     void changed();
 
@@ -87,20 +92,7 @@ private:
     UserDefaultsPort &m_defaults;
     ActivationPolicyPort &m_activationPolicy;
     LoginItemPort &m_loginItem;
-    bool m_enabled;
-    bool m_restoreAutomatically;
-    bool m_alsoRestoreSizes;
-    bool m_hasOnboarded;
-    bool m_showDockIcon;
-    bool m_launchAtLogin;
-    bool m_placeNewApps;
-    bool m_hideOthersOnSwitch;
-    double m_displaySettleSeconds;
-    bool m_tipDismissed;
-    std::optional<HotKeyCombo> m_stashHotKey;
-    std::optional<HotKeyCombo> m_restoreHotKey;
-    std::optional<HotKeyCombo> m_saveLayoutHotKey;
-    std::optional<HotKeyCombo> m_undoHotKey;
+    PreferenceValues m_values;
 };
 
 } // namespace Panorel

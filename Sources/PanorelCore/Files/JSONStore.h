@@ -31,13 +31,15 @@ public:
         }
     }
 
-    /// A failure is logged; the caller's value stays as it is and is not tried again.
-    void save(const Value &value)
+    /// False where it failed, which is logged; the caller's value stays as it is and is not tried
+    /// again.
+    bool save(const Value &value)
     {
         try {
-            m_file.write(PanorelJSON::encoder().encode(value));
+            return m_file.write(PanorelJSON::encoder().encode(value));
         } catch (const EncodingError &error) {
             m_file.logSaveFailure(error.description());
+            return false;
         }
     }
 

@@ -1,29 +1,12 @@
 #include "PanorelCore/Files/StoreFile.h"
 
 #include "PanorelCore/Files/AppLog.h"
+#include "PanorelCore/Files/PrivateFile.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace Panorel {
-
-namespace {
-
-/// A disk that fills up takes a part first, which QSaveFile does not hold against it and would
-/// commit; only what comes after the part fails.
-bool writeAll(QSaveFile &file, QByteArray bytes)
-{
-    while (!bytes.isEmpty()) {
-        const qint64 written = file.write(bytes);
-        if (written <= 0)
-            return false;
-        bytes.remove(0, written);
-    }
-    return true;
-}
-
-} // namespace
 
 StoreFile::StoreFile(const QString &path, AppLog &log, const Clock &clock)
     : m_path(path), m_log(log), m_clock(clock)
@@ -58,24 +41,21 @@ void StoreFile::setCorruptAside(const QString &reason)
     m_log.log(QStringLiteral("store: %1 was corrupt, moved aside (%2)").arg(name(), reason));
 }
 
-void StoreFile::write(const QByteArray &bytes)
+bool StoreFile::write(const QByteArray &bytes)
 {
     if (m_unreadable && QFileInfo::exists(m_path)) {
         if (!moveAside()) {
             logSaveFailure(QStringLiteral("the file there can't be read or moved aside"));
-            return;
+            return false;
         }
         m_log.log(QStringLiteral("store: %1 could not be read, moved aside").arg(name()));
     }
     m_unreadable = false;
 
-    QSaveFile file(m_path);
-    if (file.open(QIODevice::WriteOnly)) {
-        file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-        if (writeAll(file, bytes) && file.commit())
-            return;
-    }
-    logSaveFailure(file.errorString());
+    const auto failure = PrivateFile::write(m_path, bytes);
+    if (failure)
+        logSaveFailure(*failure);
+    return !failure;
 }
 
 void StoreFile::logSaveFailure(const QString &reason) const

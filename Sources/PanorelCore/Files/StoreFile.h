@@ -28,9 +28,9 @@ public:
     void setCorruptAside(const QString &reason);
 
     /// Replaces the file whole; after a crash the old bytes or the new ones are there. A failure
-    /// is logged. A file that was there but could not be read is moved aside first, and nothing
-    /// is written while it stands in the way.
-    void write(const QByteArray &bytes);
+    /// is logged, and then it returns false. A file that was there but could not be read is moved
+    /// aside first, and nothing is written while it stands in the way.
+    bool write(const QByteArray &bytes);
 
     void logSaveFailure(const QString &reason) const;
 

@@ -27,4 +27,10 @@ void AppRuleStore::set(const AppRule &rule)
     m_store.save(m_rules);
 }
 
+bool AppRuleStore::replaceAll(std::vector<AppRule> contents)
+{
+    m_rules = std::move(contents);
+    return m_store.save(m_rules);
+}
+
 } // namespace Panorel

@@ -19,6 +19,10 @@ public:
     /// flags off stays.
     void set(const AppRule &rule);
 
+    /// Takes all of it in place of what is there, and saves. False where the file can't be
+    /// written; then it holds only as long as the program runs.
+    bool replaceAll(std::vector<AppRule> contents);
+
 private:
     JSONStore<std::vector<AppRule>> m_store;
     std::vector<AppRule> m_rules;

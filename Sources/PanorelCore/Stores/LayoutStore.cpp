@@ -61,4 +61,10 @@ void LayoutStore::forgetDesk(const QString &configID)
     m_store.save(m_file);
 }
 
+bool LayoutStore::replaceAll(LayoutFile contents)
+{
+    m_file = std::move(contents);
+    return m_store.save(m_file);
+}
+
 } // namespace Panorel

@@ -28,6 +28,13 @@ public:
 
     void forgetDesk(const QString &configID);
 
+    /// The whole file.
+    const LayoutFile &contents() const { return m_file; }
+
+    /// Takes all of it in place of what is there, and saves. False where the file can't be
+    /// written; then it holds only as long as the program runs.
+    bool replaceAll(LayoutFile contents);
+
 private:
     Layout *find(const QString &configID);
 

@@ -65,4 +65,10 @@ void PlacementMemory::forgetDesk(const QString &configID)
         m_store.save(m_placements);
 }
 
+bool PlacementMemory::replaceAll(std::vector<AppPlacement> contents)
+{
+    m_placements = std::move(contents);
+    return m_store.save(m_placements);
+}
+
 } // namespace Panorel

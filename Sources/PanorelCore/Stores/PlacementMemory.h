@@ -22,6 +22,12 @@ public:
 
     void forgetDesk(const QString &configID);
 
+    const std::vector<AppPlacement> &all() const { return m_placements; }
+
+    /// Takes all of it in place of what is there, and saves. False where the file can't be
+    /// written; then it holds only as long as the program runs.
+    bool replaceAll(std::vector<AppPlacement> contents);
+
 private:
     /// True where this is news.
     bool replace(const AppPlacement &placement);

@@ -77,4 +77,10 @@ std::optional<QUuid> SceneStore::lastApplied(const QString &configID) const
     }
 }
 
+bool SceneStore::replaceAll(SceneFile contents)
+{
+    m_file = std::move(contents);
+    return m_store.save(m_file);
+}
+
 } // namespace Panorel

@@ -32,6 +32,13 @@ public:
     /// Absent where none was applied. The scene itself may be gone.
     std::optional<QUuid> lastApplied(const QString &configID) const;
 
+    /// The whole file.
+    const SceneFile &contents() const { return m_file; }
+
+    /// Takes all of it in place of what is there, and saves. False where the file can't be
+    /// written; then it holds only as long as the program runs.
+    bool replaceAll(SceneFile contents);
+
 private:
     JSONStore<SceneFile> m_store;
     SceneFile m_file;

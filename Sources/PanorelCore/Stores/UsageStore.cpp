@@ -69,4 +69,10 @@ bool UsageStore::count(const UsageEvents::Undo &)
     return true;
 }
 
+bool UsageStore::replaceAll(UsageData contents)
+{
+    m_data = std::move(contents);
+    return m_store.save(m_data);
+}
+
 } // namespace Panorel

@@ -35,6 +35,10 @@ public:
     /// overflow ends the process: a total that lies is worse.
     void record(const UsageEvent &event);
 
+    /// Takes all of it in place of what is there, and saves. False where the file can't be
+    /// written; then it holds only as long as the program runs.
+    bool replaceAll(UsageData contents);
+
 private:
     bool count(const UsageEvents::Restore &restore);
     bool count(const UsageEvents::Desk &desk);

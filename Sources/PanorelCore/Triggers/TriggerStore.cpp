@@ -33,4 +33,10 @@ void TriggerStore::remove(const QUuid &id)
     m_store.save(m_triggers);
 }
 
+bool TriggerStore::replaceAll(std::vector<TriggerRecord> contents)
+{
+    m_triggers = std::move(contents);
+    return m_store.save(m_triggers);
+}
+
 } // namespace Panorel

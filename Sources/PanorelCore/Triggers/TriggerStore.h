@@ -22,6 +22,10 @@ public:
     /// Removes every trigger of that id.
     void remove(const QUuid &id);
 
+    /// Takes all of it in place of what is there, and saves. False where the file can't be
+    /// written; then it holds only as long as the program runs.
+    bool replaceAll(std::vector<TriggerRecord> contents);
+
 private:
     JSONStore<std::vector<TriggerRecord>> m_store;
     std::vector<TriggerRecord> m_triggers;

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+namespace Panorel::PrivateFile {
+
+/// Replaces the file whole, readable by its user only; after a crash the old bytes or the new
+/// ones are there. Absent: done; otherwise why not, and the old file stands.
+std::optional<QString> write(const QString &path, const QByteArray &bytes);
+
+} // namespace Panorel::PrivateFile
