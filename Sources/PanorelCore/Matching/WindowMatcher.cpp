@@ -76,4 +76,30 @@ std::vector<MatchResult> match(const std::vector<WindowRecord> &records,
     return results;
 }
 
+MatchReason reason(const WindowRecord &record, const LiveWindow &chosen,
+                   const std::vector<LiveWindow> &live)
+{
+    const auto isOnly = [&](auto isAsGood) {
+        return std::ranges::count_if(live,
+                                     [&](const LiveWindow &window) {
+                                         return window.bundleID == chosen.bundleID
+                                                && isAsGood(window);
+                                     })
+               == 1;
+    };
+    if (record.title == chosen.title) {
+        return isOnly([&](const LiveWindow &window) { return window.title == chosen.title; })
+                   ? MatchReason::Title
+                   : MatchReason::Order;
+    }
+    if (titleScore(record.title, chosen.title) > 0)
+        return MatchReason::Prefix;
+    const double score = sizeScore(record.frame, chosen.frame);
+    return isOnly([&](const LiveWindow &window) {
+        return sizeScore(record.frame, window.frame) >= score;
+    })
+               ? MatchReason::Size
+               : MatchReason::Order;
+}
+
 } // namespace Panorel::WindowMatcher

@@ -24,6 +24,15 @@ struct MatchResult {
     bool operator==(const MatchResult &) const = default;
 };
 
+/// Why a live window was taken for a saved one.
+enum class MatchReason {
+    None,   ///< it was not
+    Title,  ///< no other has that title
+    Prefix, ///< one title begins with the other
+    Size,   ///< the titles have nothing in common, but its size is nearest
+    Order,  ///< several would do as well; the first that was left
+};
+
 /// Decides which saved window is which live one: first by equal title, then by the best score of
 /// title prefix and size. Positions play no part, since restoring is about to change them.
 namespace WindowMatcher {
@@ -33,6 +42,10 @@ namespace WindowMatcher {
 /// however poor its score.
 std::vector<MatchResult> match(const std::vector<WindowRecord> &records,
                                const std::vector<LiveWindow> &live);
+
+/// Why match() took `chosen`, one of `live`, for the record.
+MatchReason reason(const WindowRecord &record, const LiveWindow &chosen,
+                   const std::vector<LiveWindow> &live);
 
 } // namespace WindowMatcher
 

@@ -11,6 +11,14 @@ namespace Panorel {
 
 namespace {
 
+std::set<QString> applicationsOf(const SceneRecord &scene)
+{
+    std::set<QString> applications;
+    for (const WindowRecord &window : scene.layout.windows)
+        applications.insert(window.bundleID);
+    return applications;
+}
+
 bool belongsTo(const std::set<QString> &sceneApps, const RunningApplication &application)
 {
     return application.bundleID && sceneApps.contains(*application.bundleID);
@@ -27,18 +35,14 @@ SceneApplier::SceneApplier(RestoreEngine &engine, SceneStore &scenes, UsageStore
 
 RestoreReport SceneApplier::apply(const SceneRecord &scene, bool alsoRestoreSize)
 {
-    std::set<QString> sceneApps;
-    for (const WindowRecord &window : scene.layout.windows)
-        sceneApps.insert(window.bundleID);
     const Running running = m_workspace.runningApplications();
-
-    if (scene.opensMissingApps)
-        openMissing(sceneApps, running);
-    if (scene.hidesOtherApps)
-        hideOthers(sceneApps, running);
+    for (const Missing &application : missing(scene, running))
+        m_launcher.open(application.location);
+    for (const RunningApplication &application : others(scene, running))
+        m_workspace.hide(application.pid);
     if (scene.wallpaperPath)
         m_picture.setDesktopPicture(*scene.wallpaperPath);
-    bringBackOwn(sceneApps, running);
+    bringBackOwn(applicationsOf(scene), running);
 
     const RestoreReport report = m_engine.apply(scene.layout, alsoRestoreSize);
     m_scenes.markApplied(scene.id, scene.configID);
@@ -48,27 +52,52 @@ RestoreReport SceneApplier::apply(const SceneRecord &scene, bool alsoRestoreSize
     return report;
 }
 
-void SceneApplier::openMissing(const std::set<QString> &sceneApps, const Running &running)
+ScenePlan SceneApplier::plan(const SceneRecord &scene, bool alsoRestoreSize)
 {
-    std::set<QString> missing = sceneApps;
-    for (const RunningApplication &application : running) {
-        if (application.bundleID)
-            missing.erase(*application.bundleID);
-    }
-    for (const QString &bundleID : missing) {
-        if (const auto location = m_launcher.locate(bundleID))
-            m_launcher.open(*location);
-    }
+    const Running running = m_workspace.runningApplications();
+    ScenePlan plan;
+    for (const Missing &application : missing(scene, running))
+        plan.opened.append(application.bundleID);
+    for (const RunningApplication &application : others(scene, running))
+        plan.hidden.append(
+            application.localizedName.value_or(application.bundleID.value_or(QString())));
+    plan.windows = m_engine.plan(scene.layout, alsoRestoreSize);
+    return plan;
 }
 
-void SceneApplier::hideOthers(const std::set<QString> &sceneApps, const Running &running)
+/// Those the scene opens; running means any that does.
+std::vector<SceneApplier::Missing> SceneApplier::missing(const SceneRecord &scene,
+                                                         const Running &running)
 {
+    if (!scene.opensMissingApps)
+        return {};
+    std::set<QString> absent = applicationsOf(scene);
+    for (const RunningApplication &application : running) {
+        if (application.bundleID)
+            absent.erase(*application.bundleID);
+    }
+    std::vector<Missing> missing;
+    for (const QString &bundleID : absent) {
+        if (const auto location = m_launcher.locate(bundleID))
+            missing.push_back({bundleID, *location});
+    }
+    return missing;
+}
+
+/// Those the scene hides.
+SceneApplier::Running SceneApplier::others(const SceneRecord &scene, const Running &running)
+{
+    if (!scene.hidesOtherApps)
+        return {};
+    const std::set<QString> own = applicationsOf(scene);
+    Running others;
     for (const RunningApplication &application : running) {
         const bool isOrdinary = application.policy == ActivationPolicy::Regular
                                 && application.pid != m_workspace.ownProcessIdentifier();
-        if (isOrdinary && !belongsTo(sceneApps, application))
-            m_workspace.hide(application.pid);
+        if (isOrdinary && !belongsTo(own, application))
+            others.push_back(application);
     }
+    return others;
 }
 
 /// Otherwise two scenes that hide each other's applications could never be switched. Asked of

@@ -3,7 +3,6 @@
 #include "PanorelCore/Files/AppLog.h"
 #include "PanorelCore/Matching/WindowMatcher.h"
 #include "PanorelCore/Stores/AppRuleStore.h"
-#include "PanorelEngine/Windows/WindowSnapshotter.h"
 
 #include <QScopedValueRollback>
 
@@ -16,6 +15,8 @@ namespace {
 
 /// How far from its target a window may come to rest and still count as restored.
 constexpr double positionTolerance = 5.0;
+
+const QString windowGone = QStringLiteral("window no longer exists");
 
 using Groups = std::vector<std::vector<WindowRecord>>;
 
@@ -31,6 +32,15 @@ Groups groupedByApplication(const std::vector<WindowRecord> &windows)
         groups[entry->second].push_back(record);
     }
     return groups;
+}
+
+std::vector<LiveWindow> liveOf(const std::vector<WindowSnapshotter::Live> &found)
+{
+    std::vector<LiveWindow> live;
+    live.reserve(found.size());
+    for (const auto &pair : found)
+        live.push_back(pair.live);
+    return live;
 }
 
 bool inPlace(const std::optional<Rect> &frame, const WindowRecord &record)
@@ -105,42 +115,72 @@ void RestoreEngine::captureUndoPoint(const Layout &layout)
     m_lastUndo = std::move(undo);
 }
 
+RestoreEngine::GroupMatch RestoreEngine::matchGroup(const Group &group, bool alsoRestoreSize)
+{
+    GroupMatch result;
+    const QString &bundleID = group.front().bundleID;
+    const AppRule rule = m_rules.rule(bundleID);
+    if (rule.ignored) {
+        result.skipped = QStringLiteral("ignored by rule");
+        return result;
+    }
+    result.found = m_snapshotter.liveWindows(std::set<QString>{bundleID});
+    if (result.found.empty()) {
+        result.skipped = QStringLiteral("app not running");
+        return result;
+    }
+    result.setsSize = alsoRestoreSize || rule.restoreSize;
+    result.matches = WindowMatcher::match(group, liveOf(result.found));
+    return result;
+}
+
 void RestoreEngine::sendGroup(const Group &group, bool alsoRestoreSize,
                               std::vector<Outcome> &outcomes)
 {
-    const QString &bundleID = group.front().bundleID;
-    const QString &label = group.front().appName;
-    const auto skipGroup = [&](const QString &why) {
-        outcomes.push_back({nullptr, {}, qint64(group.size()), label + why});
-    };
-
-    const AppRule rule = m_rules.rule(bundleID);
-    if (rule.ignored)
-        return skipGroup(QStringLiteral(", ignored by rule"));
-    const auto found = m_snapshotter.liveWindows(std::set<QString>{bundleID});
-    if (found.empty())
-        return skipGroup(QStringLiteral(", app not running"));
-
-    std::vector<LiveWindow> live;
-    for (const auto &pair : found)
-        live.push_back(pair.live);
-    const bool setSize = alsoRestoreSize || rule.restoreSize;
-    const auto matches = WindowMatcher::match(group, live);
-    for (std::size_t i = 0; i < matches.size(); ++i) {
+    const GroupMatch match = matchGroup(group, alsoRestoreSize);
+    if (!match.skipped.isEmpty()) {
+        outcomes.push_back({nullptr,
+                            {},
+                            qint64(group.size()),
+                            group.front().appName + QStringLiteral(", ") + match.skipped});
+        return;
+    }
+    for (std::size_t i = 0; i < match.matches.size(); ++i) {
         const WindowRecord &record = group[i];
-        if (const auto liveID = matches[i].liveID) {
-            const AXWindow &window = found[std::size_t(*liveID)].window;
+        if (const auto liveID = match.matches[i].liveID) {
+            const AXWindow &window = match.found[std::size_t(*liveID)].window;
             window.apply(record.frame.origin(),
-                         setSize ? std::optional(record.frame.size()) : std::nullopt);
+                         match.setsSize ? std::optional(record.frame.size()) : std::nullopt);
             outcomes.push_back({&record, window, 0, {}});
         } else {
             outcomes.push_back(
-                {&record,
-                 {},
-                 1,
-                 quotedWindow(record) + QStringLiteral(", window no longer exists")});
+                {&record, {}, 1, quotedWindow(record) + QStringLiteral(", ") + windowGone});
         }
     }
+}
+
+RestorePlan RestoreEngine::plan(const Layout &layout, bool alsoRestoreSize)
+{
+    RestorePlan plan;
+    for (const Group &group : groupedByApplication(layout.windows)) {
+        const GroupMatch match = matchGroup(group, alsoRestoreSize);
+        const std::vector<LiveWindow> live = liveOf(match.found);
+        for (std::size_t i = 0; i < group.size(); ++i) {
+            PlannedWindow &planned = plan.emplace_back();
+            planned.record = group[i];
+            planned.setsSize = match.setsSize;
+            planned.note = match.skipped;
+            if (!match.skipped.isEmpty())
+                continue;
+            if (const auto liveID = match.matches[i].liveID) {
+                planned.live = live[std::size_t(*liveID)];
+                planned.reason = WindowMatcher::reason(planned.record, *planned.live, live);
+            } else {
+                planned.note = windowGone;
+            }
+        }
+    }
+    return plan;
 }
 
 void RestoreEngine::raiseInOrder(std::vector<std::pair<qint64, WindowElementRef>> raiseList)

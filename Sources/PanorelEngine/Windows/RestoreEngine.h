@@ -3,6 +3,8 @@
 #include "PanorelCore/Matching/RestoreReport.h"
 #include "PanorelCore/Records/Models.h"
 #include "PanorelEngine/Windows/AXWindow.h"
+#include "PanorelEngine/Windows/RestorePlan.h"
+#include "PanorelEngine/Windows/WindowSnapshotter.h"
 
 #include <optional>
 #include <vector>
@@ -11,7 +13,6 @@ namespace Panorel {
 
 class AppLog;
 class AppRuleStore;
-class WindowSnapshotter;
 
 /// Puts windows back where a layout says, frontmost last, and remembers the arrangement it found
 /// so that the restore can be undone. Problems become counts and notes of the report.
@@ -27,6 +28,10 @@ public:
 
     /// Restores the positions, and the sizes where asked for here or by an application's rule.
     RestoreReport apply(const Layout &layout, bool alsoRestoreSize);
+
+    /// What apply() would do with the windows there are now. Changes nothing, the undo point
+    /// included, and logs nothing.
+    RestorePlan plan(const Layout &layout, bool alsoRestoreSize);
 
     /// Absent, and nothing done, where there is nothing to undo. Undoing twice redoes.
     std::optional<RestoreReport> undoLast(bool alsoRestoreSize);
@@ -46,6 +51,15 @@ private:
         QString skippedNote;
     };
     using Group = std::vector<WindowRecord>;
+    /// Which live windows the saved ones of an application are.
+    struct GroupMatch {
+        QString skipped; ///< why the whole group is left alone; empty: it is not
+        std::vector<WindowSnapshotter::Live> found;
+        std::vector<MatchResult> matches; ///< one for each saved window
+        bool setsSize = false;
+    };
+
+    GroupMatch matchGroup(const Group &group, bool alsoRestoreSize);
 
     void captureUndoPoint(const Layout &layout);
     void sendGroup(const Group &group, bool alsoRestoreSize, std::vector<Outcome> &outcomes);
