@@ -32,14 +32,19 @@ void RequestServer::acceptAll()
             drop(m_clients.front());
         m_clients.push_back(client);
         client->setReadBufferSize(maximumRequest);
-        connect(client, &QLocalSocket::readyRead, this, [this, client] { read(client); });
+        auto *patience = new QTimer(client);
+        patience->setSingleShot(true);
+        connect(patience, &QTimer::timeout, this,
+                [this, client, patience] { expire(client, patience); });
+        patience->start(patienceMilliseconds);
+        connect(client, &QLocalSocket::readyRead, this,
+                [this, client, patience] { read(client, patience); });
         connect(client, &QLocalSocket::disconnected, this, [this, client] { drop(client); });
-        QTimer::singleShot(patienceMilliseconds, client, [this, client] { drop(client); });
-        read(client);
+        read(client, patience);
     }
 }
 
-void RequestServer::read(QLocalSocket *client)
+void RequestServer::read(QLocalSocket *client, QTimer *patience)
 {
     if (!client->canReadLine()) {
         if (client->bytesAvailable() >= maximumRequest)
@@ -48,8 +53,19 @@ void RequestServer::read(QLocalSocket *client)
     }
     disconnect(client, &QLocalSocket::readyRead, this, nullptr); // one request each
     const QString request = QString::fromUtf8(client->readLine(maximumRequest + 1)).trimmed();
+    patience->stop(); // what the handler takes is not the client's doing
     client->write(m_handler(request).toUtf8() + '\n');
+    patience->start();
     client->disconnectFromServer(); // once the reply has left
+}
+
+/// While somebody else's request was carried out, this one may have come without being seen.
+void RequestServer::expire(QLocalSocket *client, QTimer *patience)
+{
+    client->waitForReadyRead(0);
+    const bool hasJustAsked = patience->isActive();
+    if (!hasJustAsked)
+        drop(client);
 }
 
 void RequestServer::drop(QLocalSocket *client)
@@ -61,22 +77,24 @@ void RequestServer::drop(QLocalSocket *client)
     client->deleteLater();
 }
 
-std::optional<QString> askServer(const QString &path, const QString &request, int milliseconds)
+ServerAnswer askServer(const QString &path, const QString &request, int milliseconds)
 {
     const QDeadlineTimer deadline(milliseconds);
     const auto left = [&] { return int(deadline.remainingTime()); };
     QLocalSocket socket;
-    socket.setReadBufferSize(RequestServer::maximumRequest);
+    socket.setReadBufferSize(RequestServer::maximumReply);
     socket.connectToServer(path);
     if (!socket.waitForConnected(left()))
         return {};
+    ServerAnswer answer{true, {}};
     socket.write(request.toUtf8() + '\n');
     while (!socket.canReadLine()) {
-        if (socket.bytesAvailable() >= RequestServer::maximumRequest
+        if (socket.bytesAvailable() >= RequestServer::maximumReply
             || !socket.waitForReadyRead(left()))
-            return {};
+            return answer;
     }
-    return QString::fromUtf8(socket.readLine()).trimmed();
+    answer.reply = QString::fromUtf8(socket.readLine()).trimmed();
+    return answer;
 }
 
 } // namespace Panorel

@@ -9,6 +9,7 @@
 #include <optional>
 
 class QLocalSocket;
+class QTimer;
 
 namespace Panorel {
 
@@ -20,11 +21,14 @@ class RequestServer : public QObject {
 
 public:
     /// In bytes, line feed included.
-    static constexpr qint64 maximumRequest = 4096;
+    static constexpr qint64 maximumRequest = 64 * 1024;
+    static constexpr qint64 maximumReply = 64 * 1024 * 1024;
     static constexpr std::size_t maximumClients = 16;
-    static constexpr int patienceMilliseconds = 2000; ///< with one client
+    /// With one client, until it has asked and again until it has taken the reply.
+    static constexpr int patienceMilliseconds = 2000;
 
-    /// The reply to a request, both without line feeds. Must not run the event loop.
+    /// The reply to a request, both without line feeds. May take its time, but must not run the
+    /// event loop.
     using Handler = std::function<QString(const QString &request)>;
 
     explicit RequestServer(Handler handler);
@@ -36,7 +40,8 @@ public:
 
 private:
     void acceptAll();
-    void read(QLocalSocket *client);
+    void read(QLocalSocket *client, QTimer *patience);
+    void expire(QLocalSocket *client, QTimer *patience);
     void drop(QLocalSocket *client);
 
     Handler m_handler;
@@ -44,7 +49,12 @@ private:
     std::list<QLocalSocket *> m_clients; ///< the oldest first; the server is their parent
 };
 
-/// What the server at the path replies; absent: none is there, or the time is over.
-std::optional<QString> askServer(const QString &path, const QString &request, int milliseconds);
+struct ServerAnswer {
+    bool wasAsked = false;        ///< a server was there and may have acted on the request
+    std::optional<QString> reply; ///< absent: none came in time
+};
+
+/// Sends a request to the server at the path and waits for the reply. Runs no event loop.
+ServerAnswer askServer(const QString &path, const QString &request, int milliseconds);
 
 } // namespace Panorel

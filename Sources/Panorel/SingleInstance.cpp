@@ -53,11 +53,28 @@ std::unique_ptr<SingleInstance> SingleInstance::acquire(std::chrono::millisecond
     do {
         if (auto lock = FileLock::tryLock(place + QStringLiteral(".lock")))
             return std::unique_ptr<SingleInstance>(new SingleInstance(std::move(lock), socket));
-        if (askServer(socket, openPanel, int(deadline.remainingTime())) == done)
+        if (askServer(socket, openPanel, int(deadline.remainingTime())).reply == done)
             return nullptr;
         QThread::msleep(10);
     } while (!deadline.hasExpired());
     throw std::runtime_error("Panorel is running already, but does not answer");
+}
+
+SingleInstance::Answer SingleInstance::ask(const QString &request, std::chrono::milliseconds within)
+{
+    const QString place = meetingPoint();
+    const QDeadlineTimer deadline(within);
+    do {
+        const ServerAnswer answer =
+            askServer(place + QStringLiteral(".socket"), request, int(deadline.remainingTime()));
+        if (answer.wasAsked)
+            return {true, answer.reply}; // never twice: it may have acted on it
+        const QString lock = place + QStringLiteral(".lock");
+        if (!QFile::exists(lock) || FileLock::tryLock(lock))
+            return {};
+        QThread::msleep(10); // it is just starting
+    } while (!deadline.hasExpired());
+    return {true, {}};
 }
 
 SingleInstance::SingleInstance(std::unique_ptr<FileLock> lock, const QString &socket)
@@ -78,10 +95,17 @@ void SingleInstance::setActivatedCallback(std::function<void()> activated)
 
 QString SingleInstance::answer(const QString &request)
 {
-    if (request != openPanel)
-        return QStringLiteral("error: unknown request");
-    activateLater();
-    return done;
+    if (request == openPanel) {
+        activateLater();
+        return done;
+    }
+    const auto handler = m_handler;
+    return handler ? handler(request) : QStringLiteral("error: unknown request");
+}
+
+void SingleInstance::setRequestHandler(std::function<QString(const QString &)> handler)
+{
+    m_handler = std::move(handler);
 }
 
 void SingleInstance::activateLater()

@@ -60,6 +60,7 @@ int runStart()
         std::fflush(stdout);
         if (!instance)
             return 0;
+        instance->setRequestHandler([](const QString &request) { return request + request; });
         QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
         QObject::connect(&input, &QSocketNotifier::activated, QCoreApplication::instance(),
                          &QCoreApplication::quit);
@@ -147,6 +148,29 @@ private Q_SLOTS:
         const Session session;
         const auto hanging = SingleInstance::acquire(); // no event loop runs here
         QVERIFY_THROWS_EXCEPTION(std::runtime_error, (void)SingleInstance::acquire(100ms));
+        const auto answer = SingleInstance::ask(QStringLiteral("status"), 100ms);
+        QVERIFY(answer.isRunning && !answer.reply);
+    }
+
+    void whatIsAskedIsAnsweredByTheOneThatRuns()
+    {
+        const Session session;
+        QVERIFY(!SingleInstance::ask(QStringLiteral("status"), 5s).isRunning);
+        {
+            Start killed;
+            QCOMPARE(killed.outcome(), runs);
+            killed.killNow();
+        }
+        QVERIFY(!SingleInstance::ask(QStringLiteral("status"), 5s).isRunning);
+
+        Start running;
+        QCOMPARE(running.outcome(), runs);
+        const QString longer(20'000, u'\u00fc');
+        for (const QString &request : {QStringLiteral("status"), longer}) {
+            const auto answer = SingleInstance::ask(request, 5s);
+            QVERIFY(answer.isRunning);
+            QCOMPARE(answer.reply, request + request);
+        }
     }
 
     void aDirectoryIsTheSameHoweverItIsSpelled()
@@ -186,10 +210,12 @@ private Q_SLOTS:
         const QByteArray unknown = "error: unknown request\n";
         QTest::newRow("no line feed") << QByteArray("open-panel") << QByteArray();
         QTest::newRow("endless") << QByteArray(1'000'000, 'x') << QByteArray();
-        QTest::newRow("just too long") << QByteArray(4096, 'x') + '\n' << QByteArray();
+        QTest::newRow("just too long") << QByteArray(RequestServer::maximumRequest, 'x') + '\n'
+                                       << QByteArray();
         QTest::newRow("unknown") << QByteArray("format-disk now\n") << unknown;
         QTest::newRow("not text") << QByteArray("\xff\xfe\0\x01\n", 5) << unknown;
-        QTest::newRow("the longest") << QByteArray(4095, 'x') + '\n' << unknown;
+        QTest::newRow("the longest") << QByteArray(RequestServer::maximumRequest - 1, 'x') + '\n'
+                                     << unknown;
         QTest::newRow("several at once") << QByteArray("a\nopen-panel\nopen-panel\n") << unknown;
     }
 
