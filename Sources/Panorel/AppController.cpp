@@ -17,37 +17,35 @@ constexpr std::chrono::minutes longestEnd(10);
 } // namespace
 
 AppController::AppController(PanelModel &panelModel, const AppServices &services)
-    : m_panelModel(panelModel), m_services(services), m_layouts(services.log, services.clock),
-      m_scenes(services.log, services.clock), m_usage(services.log, services.clock),
-      m_rules(services.log, services.clock), m_triggers(services.log, services.clock),
-      m_placements(services.log, services.clock), m_permission(services.platform.accessibility()),
+    : m_panelModel(panelModel), m_services(services), m_stores(services.log, services.clock),
+      m_permission(services.platform.accessibility()),
       m_snapshotter(services.platform.accessibility(), services.platform.windowList(),
                     services.platform.workspace()),
-      m_engine(m_rules, m_snapshotter, services.platform.accessibility(), services.log,
+      m_engine(m_stores.rules, m_snapshotter, services.platform.accessibility(), services.log,
                services.clock),
-      m_learner(m_snapshotter, services.displayWatcher, m_layouts, m_placements, m_usage,
-                services.clock),
-      m_sceneApplier(m_engine, m_scenes, m_usage, services.platform.workspace(),
+      m_learner(m_snapshotter, services.displayWatcher, m_stores.layouts, m_stores.placements,
+                m_stores.usage, services.clock),
+      m_sceneApplier(m_engine, m_stores.scenes, m_stores.usage, services.platform.workspace(),
                      services.platform.launcher(), services.platform.desktopPicture(),
                      services.log),
-      m_stash(m_engine, m_usage, m_snapshotter, services.platform.accessibility(),
+      m_stash(m_engine, m_stores.usage, m_snapshotter, services.platform.accessibility(),
               services.platform.workspace(), services.scheduler, services.log, services.clock,
-              [this](const QString &configID) { return m_layouts.layoutFor(configID); }),
+              [this](const QString &configID) { return m_stores.layouts.layoutFor(configID); }),
       m_launchPlacement(
-          m_layouts, m_rules, m_placements, services.platform.accessibility(),
+          m_stores.layouts, m_stores.rules, m_stores.placements, services.platform.accessibility(),
           services.platform.workspace(), services.scheduler, services.log,
           [this] {
               refreshWhileSettling();
               return m_services.displayWatcher.configID();
           },
           [this] { return m_services.prefs.enabled() && m_services.prefs.placeNewApps(); }),
-      m_timeTriggers(m_triggers, services.platform.alarm(), services.log, services.clock,
+      m_timeTriggers(m_stores.triggers, services.platform.alarm(), services.log, services.clock,
                      [this](const TriggerRecord &trigger) { applyScene(trigger.sceneID); }),
       m_calendarMonitor(
-          m_triggers, services.platform.calendar(), services.scheduler, services.log,
+          m_stores.triggers, services.platform.calendar(), services.scheduler, services.log,
           services.clock,
           [this](const TriggerRecord &trigger, const QString &) { applyScene(trigger.sceneID); }),
-      m_keys(services, m_scenes,
+      m_keys(services, m_stores.scenes,
              {.fixed = [this](FixedAction action) { perform(action); },
               .applyScene = [this](const QUuid &id) { applyScene(id); }})
 {
@@ -130,7 +128,7 @@ void AppController::deskSettled(const QString &configID, const std::vector<Displ
     if (m_ending)
         return;
     refreshPanel();
-    const Layout *layout = m_layouts.layoutFor(configID);
+    const Layout *layout = m_stores.layouts.layoutFor(configID);
     m_layoutAwaitsUser = false;
     if (!layout)
         return;
@@ -145,14 +143,14 @@ void AppController::deskSettled(const QString &configID, const std::vector<Displ
     refreshPanel();
 }
 
-void AppController::restoreNow()
+std::optional<RestoreReport> AppController::restoreNow()
 {
     m_services.log.log(QStringLiteral("panel: Restore Now clicked"));
     refreshWhileSettling();
     const Layout *layout = currentLayout();
     if (!layout) {
         m_panelModel.setLastAction(QStringLiteral("No layout saved yet"));
-        return;
+        return {};
     }
     const std::size_t count = layout->windows.size();
     m_services.log.log(QStringLiteral("restoreNow: restoring %1 windows (saved %2)")
@@ -162,26 +160,29 @@ void AppController::restoreNow()
     m_panelModel.setLastAction(
         QStringLiteral("Put back %1 of %2 windows").arg(report.restored).arg(count));
     refreshPanel();
+    return report;
 }
 
-void AppController::undoLastRestore()
+std::optional<RestoreReport> AppController::undoLastRestore()
 {
-    const auto report = m_engine.undoLast(m_services.prefs.alsoRestoreSizes());
+    auto report = m_engine.undoLast(m_services.prefs.alsoRestoreSizes());
     if (!report)
-        return;
+        return {};
     m_panelModel.setLastAction(QStringLiteral("Undid restore: %1 windows").arg(report->restored));
     refreshPanel();
+    return report;
 }
 
-void AppController::saveLayoutNow()
+std::size_t AppController::saveLayoutNow()
 {
     refreshWhileSettling();
     const std::size_t count = m_learner.saveNow();
     if (count == 0)
-        return;
+        return 0;
     m_layoutAwaitsUser = false;
     m_services.log.log(QStringLiteral("hotkey: layout saved (%1 windows)").arg(count));
     refreshPanel();
+    return count;
 }
 
 void AppController::perform(FixedAction action)
@@ -190,11 +191,14 @@ void AppController::perform(FixedAction action)
     case FixedAction::Stash:
         return toggleStash();
     case FixedAction::Restore:
-        return restoreNow();
+        restoreNow();
+        return;
     case FixedAction::SaveLayout:
-        return saveLayoutNow();
+        saveLayoutNow();
+        return;
     case FixedAction::Undo:
-        return undoLastRestore();
+        undoLastRestore();
+        return;
     }
 }
 
@@ -209,26 +213,69 @@ void AppController::toggleStash()
     refreshPanel();
 }
 
-void AppController::applyScene(const QUuid &id)
+std::optional<SceneRecord> AppController::sceneAsApplied(const QUuid &id) const
 {
-    const SceneRecord *stored = m_scenes.scene(id);
+    const SceneRecord *stored = m_stores.scenes.scene(id);
     if (!stored)
-        return;
-    refreshWhileSettling();
+        return {};
     SceneRecord scene = *stored;
     scene.hidesOtherApps |= m_services.prefs.hideOthersOnSwitch();
+    return scene;
+}
+
+std::optional<RestoreReport> AppController::applyScene(const QUuid &id)
+{
+    const auto stored = sceneAsApplied(id);
+    if (!stored)
+        return {};
+    refreshWhileSettling();
+    const SceneRecord &scene = *stored;
     m_stash.cancelReturn();
     const RestoreReport report = m_sceneApplier.apply(scene, m_services.prefs.alsoRestoreSizes());
     m_layoutAwaitsUser = false;
     m_panelModel.setLastAction(
         QStringLiteral("Applied %1: %2 windows").arg(scene.name, QString::number(report.restored)));
     refreshPanel();
+    return report;
+}
+
+std::optional<RestorePlan> AppController::planRestore()
+{
+    refreshWhileSettling();
+    const Layout *layout = currentLayout();
+    if (!layout)
+        return {};
+    return m_engine.plan(*layout, m_services.prefs.alsoRestoreSizes());
+}
+
+std::optional<ScenePlan> AppController::planScene(const QUuid &id)
+{
+    const auto scene = sceneAsApplied(id);
+    if (!scene)
+        return {};
+    return m_sceneApplier.plan(*scene, m_services.prefs.alsoRestoreSizes());
+}
+
+bool AppController::replaceState(const SavedState &state)
+{
+    m_services.log.log(QStringLiteral("import: taking over %1 desks and %2 scenes")
+                           .arg(state.layouts.layouts.size())
+                           .arg(state.scenes.scenes.size()));
+    const bool saved = m_stores.replace(state, m_services.prefs);
+    takeSettleSeconds();
+    reloadHotKeys();
+    m_timeTriggers.reload();
+    m_layoutAwaitsUser = currentLayout() != nullptr;
+    if (m_layoutAwaitsUser)
+        m_services.log.log(QStringLiteral("learn: waiting, the layout of this desk was imported"));
+    refreshPanel();
+    return saved;
 }
 
 void AppController::saveCurrentAsScene()
 {
     refreshWhileSettling();
-    const auto count = m_scenes.scenesFor(m_services.displayWatcher.configID()).size();
+    const auto count = m_stores.scenes.scenesFor(m_services.displayWatcher.configID()).size();
     addSceneFromCurrentWindows(QStringLiteral("Scene %1").arg(count + 1));
     m_panelModel.setLastAction(QStringLiteral("Scene saved"));
     refreshPanel();
@@ -242,7 +289,7 @@ SceneRecord AppController::addSceneFromCurrentWindows(const QString &name)
     scene.name = name;
     scene.createdAt = m_services.clock.now();
     scene.layout = m_learner.capture(name);
-    m_scenes.add(scene);
+    m_stores.scenes.add(scene);
     reloadHotKeys();
     refreshPanel();
     return scene;
@@ -250,8 +297,8 @@ SceneRecord AppController::addSceneFromCurrentWindows(const QString &name)
 
 void AppController::forgetDesk(const QString &configID)
 {
-    m_layouts.forgetDesk(configID);
-    m_placements.forgetDesk(configID);
+    m_stores.layouts.forgetDesk(configID);
+    m_stores.placements.forgetDesk(configID);
     refreshPanel();
 }
 
@@ -259,11 +306,11 @@ void AppController::refreshPanel()
 {
     const DisplayWatcher &watcher = m_services.displayWatcher;
     m_panelModel.setHasPermission(hasAccessibility());
-    m_panelModel.setDeskName(m_layouts.deskName(watcher.configID()));
+    m_panelModel.setDeskName(m_stores.layouts.deskName(watcher.configID()));
     m_panelModel.setDisplays(watcher.displays());
     const Layout *layout = currentLayout();
     m_panelModel.setWindowCount(layout ? qint64(layout->windows.size()) : 0);
-    m_panelModel.setScenes(m_scenes.scenesFor(watcher.configID()));
+    m_panelModel.setScenes(m_stores.scenes.scenesFor(watcher.configID()));
     m_panelModel.setCanUndo(m_engine.lastUndo().has_value());
 }
 
@@ -284,7 +331,7 @@ void AppController::refreshWhileSettling()
 
 const Layout *AppController::currentLayout() const
 {
-    return m_layouts.layoutFor(m_services.displayWatcher.configID());
+    return m_stores.layouts.layoutFor(m_services.displayWatcher.configID());
 }
 
 RestoreReport AppController::restore(const Layout &layout)
@@ -292,7 +339,7 @@ RestoreReport AppController::restore(const Layout &layout)
     m_stash.cancelReturn();
     RestoreReport report = m_engine.apply(layout, m_services.prefs.alsoRestoreSizes());
     m_layoutAwaitsUser = false;
-    m_usage.record(UsageEvents::Restore{report.restored});
+    m_stores.usage.record(UsageEvents::Restore{report.restored});
     return report;
 }
 

@@ -3,12 +3,7 @@
 #include "Panorel/AppServices.h"
 #include "Panorel/DeskLearner.h"
 #include "Panorel/GlobalKeys.h"
-#include "PanorelCore/Stores/AppRuleStore.h"
-#include "PanorelCore/Stores/LayoutStore.h"
-#include "PanorelCore/Stores/PlacementMemory.h"
-#include "PanorelCore/Stores/SceneStore.h"
-#include "PanorelCore/Stores/UsageStore.h"
-#include "PanorelCore/Triggers/TriggerStore.h"
+#include "Panorel/ProgramStores.h"
 #include "PanorelEngine/Displays/DisplayWatcher.h"
 #include "PanorelEngine/HotKeys/HotKeyCenter.h"
 #include "PanorelEngine/Launch/LaunchPlacement.h"
@@ -49,17 +44,27 @@ public:
     /// overwrite the very layout that "Restore Now" is for.
     void deskSettled(const QString &configID, const std::vector<DisplayInfo> &displays);
 
-    void restoreNow();
-    void undoLastRestore();
+    /// Absent where the desk has no layout.
+    std::optional<RestoreReport> restoreNow();
+    /// Absent where there is nothing to undo.
+    std::optional<RestoreReport> undoLastRestore();
 
-    /// Saves the desk as it is, also where learning would wait.
-    void saveLayoutNow();
+    /// Saves the desk as it is, also where learning would wait. Returns how many windows; with none
+    /// nothing is saved.
+    std::size_t saveLayoutNow();
 
     /// Hides all windows, or brings back what was hidden.
     void toggleStash();
+    bool isStashed() const { return m_stash.isStashed(); }
 
-    /// Nothing for a scene that does not exist any more.
-    void applyScene(const QUuid &id);
+    /// Absent, and nothing done, for a scene that does not exist any more.
+    std::optional<RestoreReport> applyScene(const QUuid &id);
+
+    /// What restoreNow() would do at this moment; absent where the desk has no layout. Changes
+    /// nothing and logs nothing.
+    std::optional<RestorePlan> planRestore();
+    /// The same for applyScene().
+    std::optional<ScenePlan> planScene(const QUuid &id);
 
     /// Under a name made from the number of the desk's scenes.
     void saveCurrentAsScene();
@@ -88,12 +93,22 @@ public:
     /// logout off, so after ten minutes the session counts as going on.
     void prepareToEnd();
 
+    /// Everything that is kept, to be written to a file.
+    SavedState savedState() const { return m_stores.state(m_services.prefs); }
+
+    /// Takes over a state from elsewhere: keys, triggers and what is on show follow. The desk's new
+    /// layout is not learned over before the user has had it restored. False where a file could
+    /// not be written, which the log says.
+    bool replaceState(const SavedState &state);
+
+    const ProgramStores &stores() const { return m_stores; }
+
     // What the windows show and change. Who changes a store calls what depends on it.
-    LayoutStore &layouts() { return m_layouts; }
-    SceneStore &scenes() { return m_scenes; }
-    const UsageStore &usage() const { return m_usage; }
-    AppRuleStore &rules() { return m_rules; }
-    TriggerStore &triggers() { return m_triggers; }
+    LayoutStore &layouts() { return m_stores.layouts; }
+    SceneStore &scenes() { return m_stores.scenes; }
+    const UsageStore &usage() const { return m_stores.usage; }
+    AppRuleStore &rules() { return m_stores.rules; }
+    TriggerStore &triggers() { return m_stores.triggers; }
     TimeTriggerScheduler &timeTriggers() { return m_timeTriggers; }
     CalendarTriggerMonitor &calendarMonitor() { return m_calendarMonitor; }
     PermissionCenter &permission() { return m_permission; }
@@ -103,6 +118,7 @@ private:
     void perform(FixedAction action);
     bool hasAccessibility();
     bool mayLearn();
+    std::optional<SceneRecord> sceneAsApplied(const QUuid &id) const;
     void refreshWhileSettling();
     const Layout *currentLayout() const;
     RestoreReport restore(const Layout &layout);
@@ -110,12 +126,7 @@ private:
     PanelModel &m_panelModel;
     AppServices m_services;
 
-    LayoutStore m_layouts;
-    SceneStore m_scenes;
-    UsageStore m_usage;
-    AppRuleStore m_rules;
-    TriggerStore m_triggers;
-    PlacementMemory m_placements;
+    ProgramStores m_stores;
 
     PermissionCenter m_permission;
     WindowSnapshotter m_snapshotter;

@@ -15,6 +15,7 @@ AppDelegate::AppDelegate(const AppServices &services)
 AppDelegate::~AppDelegate()
 {
     // The controller takes its actions from the panel's rows: the rows go first.
+    m_commands.reset();
     m_statusItem.reset();
     m_panel.reset();
     m_windows.reset();
@@ -38,6 +39,7 @@ void AppDelegate::applicationDidFinishLaunching()
                          [this](const QPoint &point) { return visibleFrameAt(point); });
     m_controller.emplace(m_panelModel, m_services);
     m_windows.emplace(*m_controller, m_panelModel, m_services, [this] { openPanel(); });
+    m_commands.emplace(*m_controller, m_panelModel, m_services, [this] { m_windows->refresh(); });
     if (!prefs.hasOnboarded())
         m_windows->welcome();
     else if (!permission.hasAccessibility())

@@ -2,6 +2,7 @@
 
 #include "Panorel/AppController.h"
 #include "Panorel/AppWindows.h"
+#include "Panorel/Commands/CommandService.h"
 #include "Panorel/Panel/PanelController.h"
 #include "Panorel/PanelModel.h"
 #include "Panorel/SessionEnd.h"
@@ -23,6 +24,9 @@ public:
     /// The program was started a second time: the user looks for it.
     void openPanel();
 
+    /// Not before applicationDidFinishLaunching().
+    CommandService &commands() { return *m_commands; }
+
     /// The session or the program ends, or the window system has gone: nothing is learned from
     /// here on.
     void prepareToEnd();
@@ -36,6 +40,7 @@ private:
     std::optional<StatusItemController> m_statusItem;
     std::optional<AppController> m_controller;
     std::optional<AppWindows> m_windows;
+    std::optional<CommandService> m_commands;
     SessionEnd m_sessionEnd;
 };
 

@@ -31,6 +31,9 @@ public:
     /// The welcome window, unless the user has been through it.
     void welcome() { m_onboarding.showIfNeeded(); }
 
+    /// Shows what the stores hold now.
+    void refresh() { m_model.refresh(); }
+
     /// The session ends: nothing is asked any more.
     void closeWithoutAsking() { m_studio.closeWithoutAsking(); }
 

@@ -1,6 +1,7 @@
 #include "Panorel/AppDelegate.h"
 #include "Panorel/AppIcon.h"
 #include "Panorel/Bus/SessionBus.h"
+#include "Panorel/Commands/CommandClient.h"
 #include "Panorel/Prefs.h"
 #include "Panorel/QtScheduler.h"
 #include "Panorel/SingleInstance.h"
@@ -16,6 +17,12 @@
 using namespace Panorel;
 
 namespace {
+
+void nameProgram()
+{
+    QCoreApplication::setApplicationName(QStringLiteral("panorel"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(PANOREL_VERSION));
+}
 
 int run(QApplication &application, SingleInstance &instance, Platform &platform, AppLog &log,
         const Clock &clock)
@@ -38,9 +45,25 @@ int run(QApplication &application, SingleInstance &instance, Platform &platform,
     });
     delegate.applicationDidFinishLaunching();
     instance.setActivatedCallback([&] { delegate.openPanel(); });
+    instance.setRequestHandler(
+        [&](const QString &line) { return delegate.commands().answer(line); });
+    const auto service = SessionBus::offerService(
+        {.run = [&](const CommandRequest &request) { return delegate.commands().run(request); },
+         .openPanel = [&] { delegate.openPanel(); }});
     const int status = application.exec();
+    instance.setRequestHandler({});
     instance.setActivatedCallback({});
     return status;
+}
+
+/// Absent where no command was given.
+std::optional<int> runAsCommand(int &argc, char **argv)
+{
+    if (argc < 2)
+        return {};
+    const QCoreApplication application(argc, argv);
+    nameProgram();
+    return runCommandLine(QCoreApplication::arguments().mid(1));
 }
 
 } // namespace
@@ -48,11 +71,12 @@ int run(QApplication &application, SingleInstance &instance, Platform &platform,
 int main(int argc, char **argv)
 {
     try {
+        if (const auto status = runAsCommand(argc, argv))
+            return *status;
         preparePlatform();
         SessionBus::preventAutolaunch();
         QApplication application(argc, argv);
-        QApplication::setApplicationName(QStringLiteral("panorel"));
-        QApplication::setApplicationVersion(QStringLiteral(PANOREL_VERSION));
+        nameProgram();
         QApplication::setDesktopFileName(QStringLiteral("org.panorel.Panorel"));
         QApplication::setWindowIcon(appIcon());
         QApplication::setQuitOnLastWindowClosed(false);

@@ -34,4 +34,14 @@ std::unique_ptr<Platform> makePlatform(AppLog &, const Clock &)
     return std::make_unique<Mac::MacPlatform>(makeUpdater());
 }
 
+std::unique_ptr<UserDefaultsPort> makeUserDefaults(AppLog &, const Clock &)
+{
+    return std::make_unique<Mac::MacUserDefaults>();
+}
+
+std::unique_ptr<LoginItemPort> makeLoginItem()
+{
+    return std::make_unique<Mac::MacLoginItem>();
+}
+
 } // namespace Panorel

@@ -68,4 +68,8 @@ void preparePlatform();
 /// platform module is linked and defines it. The log and the clock outlive the platform.
 std::unique_ptr<Platform> makePlatform(AppLog &log, const Clock &clock);
 
+/// The same ports by themselves, for what needs no window system.
+std::unique_ptr<UserDefaultsPort> makeUserDefaults(AppLog &log, const Clock &clock);
+std::unique_ptr<LoginItemPort> makeLoginItem();
+
 } // namespace Panorel

@@ -45,4 +45,14 @@ std::unique_ptr<Platform> makePlatform(AppLog &log, const Clock &clock)
     return std::make_unique<X11::X11Platform>(log, clock);
 }
 
+std::unique_ptr<UserDefaultsPort> makeUserDefaults(AppLog &log, const Clock &clock)
+{
+    return std::make_unique<X11::IniUserDefaults>(log, clock);
+}
+
+std::unique_ptr<LoginItemPort> makeLoginItem()
+{
+    return std::make_unique<X11::XdgLoginItem>(QCoreApplication::applicationFilePath());
+}
+
 } // namespace Panorel

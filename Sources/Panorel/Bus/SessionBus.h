@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Panorel/Commands/Command.h"
+
 #include <functional>
 #include <memory>
 
@@ -23,5 +25,15 @@ std::unique_ptr<QObject> watchForTray(std::function<void()> ready);
 /// `ending` is called whenever the system says that it is about to shut down, as long as the
 /// returned object lives. Null where no bus says so.
 std::unique_ptr<QObject> watchForShutdown(std::function<void()> ending);
+
+/// What other programs may ask of this one.
+struct Service {
+    std::function<CommandReply(const CommandRequest &request)> run;
+    std::function<void()> openPanel;
+};
+
+/// Offers it under the program's name on the session's bus, as long as the returned object lives.
+/// Null where there is no bus.
+std::unique_ptr<QObject> offerService(Service service);
 
 } // namespace Panorel::SessionBus

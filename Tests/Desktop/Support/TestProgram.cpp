@@ -10,13 +10,18 @@
 namespace Panorel::Desktop {
 
 TestProgram::TestProgram(const std::map<QString, QByteArray> &files)
-    : m_child(QStringLiteral(PANOREL_PROGRAM))
+    : m_child(path())
 {
     for (const auto &[name, bytes] : files)
         writeFile(m_data.filePath(name), bytes);
     qputenv("PANOREL_DATA_DIR", QFile::encodeName(m_data.path()));
     m_child.process().setProcessChannelMode(QProcess::SeparateChannels);
     m_child.start();
+}
+
+QString TestProgram::path()
+{
+    return QStringLiteral(PANOREL_PROGRAM);
 }
 
 TestProgram::~TestProgram()

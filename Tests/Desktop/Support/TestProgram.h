@@ -16,6 +16,8 @@ public:
     explicit TestProgram(const std::map<QString, QByteArray> &files = {});
     ~TestProgram();
 
+    static QString path();
+
     qsizetype logged(const char *text) const;
     void awaitLogged(qsizetype count, const char *text) const;
 

@@ -21,4 +21,9 @@ std::unique_ptr<QObject> SessionBus::watchForShutdown(std::function<void()>)
     return nullptr;
 }
 
+std::unique_ptr<QObject> SessionBus::offerService(Service)
+{
+    return nullptr;
+}
+
 } // namespace Panorel

@@ -1,5 +1,6 @@
 #include "Panorel/Bus/SessionBus.h"
 
+#include "Panorel/Bus/Present/BusService.h"
 #include "Panorel/Bus/Present/ShutdownWatcher.h"
 #include "Panorel/Bus/Present/TrayWatcher.h"
 
@@ -35,6 +36,13 @@ std::unique_ptr<QObject> SessionBus::watchForTray(std::function<void()> ready)
 std::unique_ptr<QObject> SessionBus::watchForShutdown(std::function<void()> ending)
 {
     return std::make_unique<ShutdownWatcher>(std::move(ending));
+}
+
+std::unique_ptr<QObject> SessionBus::offerService(Service service)
+{
+    if (!isPresent())
+        return nullptr;
+    return std::make_unique<BusService>(std::move(service));
 }
 
 } // namespace Panorel

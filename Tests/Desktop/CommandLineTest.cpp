@@ -1,0 +1,167 @@
+#include "Desktop/Support/DesktopSession.h"
+#include "Desktop/Support/TestProgram.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QTest>
+
+#include <csignal>
+
+using namespace Panorel;
+using namespace Panorel::Desktop;
+
+namespace {
+
+/// What a command of another program says; the words are its arguments.
+struct Command {
+    explicit Command(const QString &program, const QStringList &arguments)
+    {
+        QProcess process;
+        process.start(program, arguments);
+        if (!process.waitForFinished(30'000))
+            qFatal("%s does not end", qPrintable(program));
+        status = process.exitCode();
+        output = QString::fromUtf8(process.readAllStandardOutput());
+        errors = QString::fromUtf8(process.readAllStandardError());
+    }
+    int status = 0;
+    QString output;
+    QString errors;
+};
+
+Command panorel(const char *words)
+{
+    return Command(TestProgram::path(), QString::fromUtf8(words).split(u' '));
+}
+
+QJsonObject json(const Command &command)
+{
+    return QJsonDocument::fromJson(command.output.toUtf8()).object();
+}
+
+Command busCall(const char *method, const QStringList &arguments = {})
+{
+    return Command(QStringLiteral("gdbus"),
+                   QStringList{QStringLiteral("call"), QStringLiteral("--session"),
+                               QStringLiteral("--dest=org.panorel.Panorel"),
+                               QStringLiteral("--object-path=/org/panorel/Panorel"),
+                               QStringLiteral("--method=") + QLatin1String(method)}
+                       + arguments);
+}
+
+} // namespace
+
+/// The command line as a script uses it, on the program on a real desktop.
+class CommandLineTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theRunningProgramDoesWhatItIsTold();
+    void withoutAProgramTheFilesAnswer();
+    void theSessionBusHasTheSameVerbs();
+};
+
+void CommandLineTest::theRunningProgramDoesWhatItIsTold()
+{
+    const Rect learned{200, 200, 500, 400};
+    DesktopSession desk;
+    const TestClient &window = desk.open(ClientKind::Plain, "letter", learned);
+    desk.open(ClientKind::Plain, "other", {900, 300, 400, 300});
+    TestProgram program;
+    program.awaitLogged(1, "learned layout: 2 windows");
+    require([] { return panorel("status").status == 0; }, "an answer");
+
+    desk.moveAndWait(window, {700, 500, 450, 350});
+    const Command plan = panorel("restore --dry-run");
+    QVERIFY2(plan.output.contains(
+                 QStringLiteral("“letter”  700,500 450x350 -> 200,200 500x400  by title")),
+             qPrintable(plan.output));
+    QCOMPARE(desk.probe.restingFrame(window.window()), (Rect{700, 500, 450, 350}));
+    QCOMPARE(panorel("undo").errors, QStringLiteral("panorel: there is nothing to undo\n"));
+
+    const Command restore = panorel("restore");
+    QCOMPARE(restore.output, QStringLiteral("Put back 2 of 2 windows\n"));
+    QCOMPARE(restore.errors, QString());
+    QCOMPARE(desk.probe.restingFrame(window.window()), learned);
+    QCOMPARE(panorel("undo --json").status, 0);
+    QCOMPARE(desk.probe.restingFrame(window.window()), (Rect{700, 500, 450, 350}));
+    QCOMPARE(json(panorel("status --json"))
+                 .value(QStringLiteral("desk"))[QStringLiteral("windows")]
+                 .toInt(),
+             2);
+    const Command missing = panorel("apply Nothing");
+    QCOMPARE(missing.status, 4);
+    QCOMPARE(missing.errors, QStringLiteral("panorel: there is no scene “Nothing”\n"));
+    QVERIFY(panorel("log").output.startsWith(QStringLiteral("[")));
+    program.endCleanly(SIGTERM);
+    QCOMPARE(program.logged("restore report:"), 2);
+}
+
+void CommandLineTest::withoutAProgramTheFilesAnswer()
+{
+    const TestHome home;
+    const QTemporaryDir data;
+    qputenv("PANOREL_DATA_DIR", QFile::encodeName(data.path()));
+    qunsetenv("DISPLAY"); // as on a text console
+    QCOMPARE(panorel("scenes").output, QStringLiteral("No scenes.\n"));
+    const Command restore = panorel("restore");
+    QCOMPARE(restore.status, 3);
+    QCOMPARE(restore.errors, QStringLiteral("panorel: Panorel is not running\n"));
+    QCOMPARE(panorel("dance").status, 2);
+    QCOMPARE(json(panorel("status --json")).value(QStringLiteral("running")), false);
+
+    const QByteArray scenes =
+        R"({"lastAppliedByConfig":{},"scenes":[{"id":"11111111-1111-1111-1111-111111111111",)"
+        R"("configID":"c","name":"Work","createdAt":"2024-01-01T00:00:00Z","opensMissingApps":true,)"
+        R"("layout":{"configID":"c","name":"","layoutName":"","savedAt":"2024-01-01T00:00:00Z",)"
+        R"("displays":[],"windows":[]}}]})";
+    writeFile(data.filePath(QStringLiteral("scenes.json")), scenes);
+    const QString file = data.filePath(QStringLiteral("all.json"));
+    QCOMPARE(Command(TestProgram::path(), {QStringLiteral("export"), file}).status, 0);
+    QVERIFY(QFile::remove(data.filePath(QStringLiteral("scenes.json"))));
+    QCOMPARE(panorel("scenes").output, QStringLiteral("No scenes.\n"));
+    const Command import(TestProgram::path(), {QStringLiteral("import"), file});
+    QVERIFY2(import.output.startsWith(
+                 QStringLiteral("Replaced 0 desks, 0 scenes, 0 rules, 0 triggers by 0 desks, 1 "
+                                "scene, 0 rules, 0 triggers\n")),
+             qPrintable(import.output + import.errors));
+    const QJsonArray list =
+        json(panorel("--json scenes")).value(QStringLiteral("scenes")).toArray();
+    QCOMPARE(list.at(0)[QStringLiteral("name")].toString(), QStringLiteral("Work"));
+    QCOMPARE(QDir(data.filePath(QStringLiteral("backups"))).entryList(QDir::Files).size(), 1);
+    qunsetenv("PANOREL_DATA_DIR");
+}
+
+void CommandLineTest::theSessionBusHasTheSameVerbs()
+{
+    const SessionBus bus;
+    DesktopSession desk;
+    qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
+    const Rect learned{200, 200, 500, 400};
+    const TestClient &window = desk.open(ClientKind::Plain, "letter", learned);
+    {
+        TestProgram program;
+        program.awaitLogged(1, "learned layout: 1 windows");
+        require([] { return busCall("org.panorel.Panorel.Status").status == 0; }, "the service");
+        desk.moveAndWait(window, {700, 500, 450, 350});
+        const Command plan = busCall("org.panorel.Panorel.Restore", {QStringLiteral("true")});
+        QVERIFY2(plan.output.contains(QStringLiteral("\"matchedBy\": \"title\"")),
+                 qPrintable(plan.output + plan.errors));
+        QCOMPARE(desk.probe.restingFrame(window.window()), (Rect{700, 500, 450, 350}));
+        // As a desktop does for an action of the desktop file.
+        QCOMPARE(busCall("org.freedesktop.Application.ActivateAction",
+                         {QStringLiteral("restore"), QStringLiteral("[]"), QStringLiteral("{}")})
+                     .status,
+                 0);
+        QCOMPARE(desk.probe.restingFrame(window.window()), learned);
+        const Command missing = busCall("org.panorel.Panorel.Apply",
+                                        {QStringLiteral("Nothing"), QStringLiteral("false")});
+        QVERIFY2(missing.errors.contains(QStringLiteral("org.panorel.Panorel.Error.NotFound")),
+                 qPrintable(missing.errors));
+        program.endCleanly(SIGTERM);
+    }
+    qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+}
+
+QTEST_GUILESS_MAIN(CommandLineTest)
+#include "CommandLineTest.moc"
