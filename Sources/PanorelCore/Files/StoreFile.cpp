@@ -1,6 +1,7 @@
 #include "PanorelCore/Files/StoreFile.h"
 
 #include "PanorelCore/Files/AppLog.h"
+#include "PanorelCore/Files/Paths.h"
 #include "PanorelCore/Files/PrivateFile.h"
 
 #include <QFile>
@@ -28,6 +29,7 @@ std::optional<QByteArray> StoreFile::read()
     QFile file(m_path);
     if (!file.open(QIODevice::ReadOnly))
         return {};
+    Paths::keepPrivate(file);
     const QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
         return {};
@@ -52,6 +54,7 @@ bool StoreFile::write(const QByteArray &bytes)
     }
     m_unreadable = false;
 
+    Paths::makeDirectory(QFileInfo(m_path).path()); // it may have been removed meanwhile
     const auto failure = PrivateFile::write(m_path, bytes);
     if (failure)
         logSaveFailure(*failure);
