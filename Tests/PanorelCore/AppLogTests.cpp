@@ -42,9 +42,24 @@ private Q_SLOTS:
         dir.log.log(QStringLiteral("a window title"));
         dir.log.flush();
         const auto others = QFileDevice::Permissions(0x0077);
-        QVERIFY(QFile::exists(folder + QStringLiteral("/app.log")));
-        QVERIFY(!(QFile::permissions(folder + QStringLiteral("/app.log")) & others));
+        const QString log = folder + QStringLiteral("/app.log");
+        QVERIFY(QFile::exists(log));
+        QVERIFY(!(QFile::permissions(log) & others));
         QVERIFY(!(QFile::permissions(folder) & others));
+        QVERIFY(
+            QFile::setPermissions(log, QFile::permissions(log) | others)); // copied from elsewhere
+        dir.log.log(QStringLiteral("another title"));
+        dir.log.flush();
+        QVERIFY(!(QFile::permissions(log) & others));
+    }
+
+    void aLineThatWasCutOffKeepsToItself()
+    {
+        TestDataDir dir;
+        dir.write(QStringLiteral("app.log"), "[2024-05-13T09:19:00Z] learned la");
+        QCOMPARE(dir.logged(), QStringList{QStringLiteral("learned la")});
+        dir.log.log(QStringLiteral("next"));
+        QCOMPARE(dir.logged(), (QStringList{QStringLiteral("learned la"), QStringLiteral("next")}));
     }
 
     void linesOfTwoThreadsStayWholeAndInOrder()

@@ -6,8 +6,6 @@
 #include <QFile>
 #include <QTest>
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace Panorel;
@@ -20,11 +18,6 @@ const QString aside = QStringLiteral("rules.json.corrupt-1715592000");
 
 using Rules = std::vector<AppRule>;
 
-Rules manyRules(const QString &bundleID, int count)
-{
-    return Rules(size_t(count), AppRule{bundleID, true, false});
-}
-
 struct Store {
     explicit Store(TestDataDir &dir) : json(Paths::file(rules), dir.log, dir.clock) {}
     JSONStore<Rules> json;
@@ -36,24 +29,6 @@ int runChild(const QString &task)
     const SystemClock clock;
     AppLog log(clock);
     JSONStore<Rules> store(Paths::file(rules), log, clock);
-    if (task == QLatin1String("--save-on-full-disk")) {
-        // No file can grow beyond this, for root neither; the signal would end the process.
-        std::signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{4096, 4096};
-        setrlimit(RLIMIT_FSIZE, &limit);
-        store.save(manyRules(QStringLiteral("new"), 1000));
-        return 0;
-    }
-    if (task == QLatin1String("--save-for-ever")) {
-        const Rules versions[] = {manyRules(QStringLiteral("old"), 3000),
-                                  manyRules(QStringLiteral("new"), 5000)};
-        for (int i = 0;; ++i) {
-            store.save(versions[i % 2]);
-            if (i == 0)
-                std::puts("saved");
-            std::fflush(stdout);
-        }
-    }
     store.save({{task, true, true}}); // whatever the data directory
     return 0;
 }
@@ -190,37 +165,6 @@ private Q_SLOTS:
         QCOMPARE(dir.read(name), before);
         QCOMPARE(dir.logged(), QStringList{QStringLiteral(
                                    "store: failed to save windows.json: a number is not finite")});
-    }
-
-    void aFullDiskLeavesTheOldFile()
-    {
-        TestDataDir dir;
-        const Rules old{{QStringLiteral("old"), true, true}};
-        Store(dir).json.save(old);
-        const auto process = dir.again({QStringLiteral("--save-on-full-disk")});
-        QVERIFY(process->waitForFinished());
-        QCOMPARE(process->exitStatus(), QProcess::NormalExit);
-        QCOMPARE(Store(dir).json.load(), old);
-        QCOMPARE(dir.names(), (QStringList{QStringLiteral("app.log"), rules}));
-        QCOMPARE(dir.logged().size(), 1);
-        QVERIFY(dir.logged()[0].startsWith(QLatin1String("store: failed to save rules.json: ")));
-    }
-
-    void aKillAtAnyMomentLeavesAWholeFile()
-    {
-        TestDataDir dir;
-        for (int round = 0; round < 40; ++round) {
-            const auto process = dir.again({QStringLiteral("--save-for-ever")});
-            QVERIFY(process->waitForReadyRead());
-            QTest::qSleep(round % 13); // somewhere within the saves that follow
-            process->kill();
-            QVERIFY(process->waitForFinished());
-            const auto found = Store(dir).json.load();
-            QVERIFY(found);
-            QVERIFY(*found == manyRules(QStringLiteral("old"), 3000)
-                    || *found == manyRules(QStringLiteral("new"), 5000));
-        }
-        QCOMPARE(dir.logged(), QStringList());
     }
 
     void theDataDirectoryIsTakenAsItStands()

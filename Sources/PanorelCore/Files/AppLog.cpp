@@ -6,8 +6,27 @@
 #include <QFile>
 
 #include <cstdio>
+#include <utility>
 
 namespace Panorel {
+
+namespace {
+
+/// A full disk or a kill may have cut off the line before; it keeps its rest of a line to itself.
+bool endsInALine(QFile &file)
+{
+    const qint64 end = file.size();
+    return end == 0 || !file.seek(end - 1) || file.read(1) == "\n";
+}
+
+bool write(QFile &file, const QByteArray &line)
+{
+    Paths::keepPrivate(file);
+    const QByteArray bytes = endsInALine(file) ? line : '\n' + line;
+    return file.write(bytes) == bytes.size() && file.flush();
+}
+
+} // namespace
 
 AppLog &AppLog::shared()
 {
@@ -16,36 +35,58 @@ AppLog &AppLog::shared()
     return log;
 }
 
-AppLog::AppLog(const Clock &clock) : m_clock(clock)
-{
-    m_queue.setObjectName(QStringLiteral("panorel.log"));
-    m_queue.setMaxThreadCount(1); // one thread makes the pool a serial queue
-}
+AppLog::AppLog(const Clock &clock) : m_clock(clock) {}
 
 AppLog::~AppLog()
 {
-    flush();
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_isEnding = true;
+    }
+    m_changed.notify_all();
+    m_writer.join();
 }
 
 void AppLog::log(const QString &message)
 {
     const QString line =
         QStringLiteral("[%1] %2\n").arg(PanorelJSON::iso().string(m_clock.now()), message);
-    m_queue.start([this, bytes = line.toUtf8()] { append(bytes); });
+    {
+        const std::scoped_lock lock(m_mutex);
+        m_lines.push_back(line.toUtf8());
+    }
+    m_changed.notify_all();
 }
 
 void AppLog::flush()
 {
-    m_queue.waitForDone();
+    std::unique_lock lock(m_mutex);
+    m_changed.wait(lock, [this] { return m_lines.empty(); });
+}
+
+void AppLog::writeAll()
+{
+    std::unique_lock lock(m_mutex);
+    for (;;) {
+        m_changed.wait(lock, [this] { return m_isEnding || !m_lines.empty(); });
+        if (m_lines.empty())
+            return;
+        const QByteArray line = m_lines.front();
+        lock.unlock();
+        append(line);
+        lock.lock();
+        m_lines.pop_front();
+        m_changed.notify_all();
+    }
 }
 
 void AppLog::append(const QByteArray &line)
 {
     QFile file(Paths::file(QStringLiteral("app.log")));
-    const bool written = file.open(QIODevice::WriteOnly | QIODevice::Append,
+    const bool written = file.open(QIODevice::ReadWrite | QIODevice::Append,
                                    QFileDevice::ReadOwner | QFileDevice::WriteOwner)
-                         && file.write(line) == line.size() && file.flush();
-    if (!written && !m_reportedLoss.exchange(true))
+                         && write(file, line);
+    if (!written && !std::exchange(m_reportedLoss, true))
         std::fprintf(stderr, "panorel: cannot write the log %s: %s\n", qPrintable(file.fileName()),
                      qPrintable(file.errorString()));
 }

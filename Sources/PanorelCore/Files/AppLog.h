@@ -2,20 +2,23 @@
 
 #include "PanorelCore/Clock.h"
 
+#include <QByteArray>
 #include <QString>
-#include <QThreadPool>
 
-#include <atomic>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <thread>
 
 namespace Panorel {
 
 /// The one diagnostic log: a text file, one line per message, "[time] message". Line feeds in a
 /// message are written as given. Messages begin with the area that writes them ("store: ").
 ///
-/// The caller never waits for the disk: a serial queue opens, appends to and closes the file for
-/// every line, so a log that is deleted comes back with the next line. What is queued is written
-/// before the log is destroyed. A line that can't be written is lost; the first such loss is said
-/// on stderr, there being no other channel.
+/// The caller never waits for the disk: a thread of its own opens, appends to and closes the file
+/// for every line, so a log that is deleted comes back with the next line. What is queued is
+/// written before the log is destroyed. A line that can't be written is lost; the first such loss
+/// is said on stderr, there being no other channel.
 class AppLog {
 public:
     /// The log of the process, on the system's clock.
@@ -31,11 +34,17 @@ public:
     void flush();
 
 private:
+    void writeAll();
     void append(const QByteArray &line);
 
     const Clock &m_clock;
-    std::atomic<bool> m_reportedLoss = false;
-    QThreadPool m_queue; // last: its destruction runs what is queued
+    bool m_reportedLoss = false; ///< the writer's own
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::deque<QByteArray> m_lines; ///< the first stays until it is written
+    bool m_isEnding = false;
+    // No QThread: its event dispatcher ends the process where no descriptor is left. Begins last.
+    std::thread m_writer{[this] { writeAll(); }};
 };
 
 } // namespace Panorel
