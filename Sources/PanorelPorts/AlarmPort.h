@@ -16,7 +16,7 @@ public:
 
     /// Once, on the main thread and from the event loop, as soon as the wall clock shows `when` or
     /// later; a moment that went by while the machine slept comes right after it wakes. It may
-    /// come early where the clock is set back meanwhile. The caller owns the task; the action may
+    /// come early where the clock is set meanwhile. The caller owns the task; the action may
     /// destroy it.
     [[nodiscard]] virtual std::unique_ptr<ScheduledTask> runAt(Instant when,
                                                                std::function<void()> action) = 0;

@@ -11,7 +11,7 @@ namespace X11 {
 
 X11Platform::X11Platform(AppLog &log, const Clock &clock)
     : m_screens(m_events), m_hotKeys(m_events), m_userDefaults(log, clock),
-      m_loginItem(QCoreApplication::applicationFilePath()), m_calendar(log, clock)
+      m_loginItem(QCoreApplication::applicationFilePath()), m_calendar(log, clock), m_alarm(log)
 {
     ToolkitMessages::setConnectionBroke([this] { m_events.announceLost(); });
 }

@@ -1,9 +1,38 @@
 #include "PanorelX11/Session/WallClockAlarm.h"
+#include "Support/TestDataDir.h"
 
 #include <QTest>
 
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <sys/timerfd.h>
+#include <unistd.h>
+
 using namespace Panorel;
 using namespace std::chrono_literals;
+
+namespace {
+
+bool clockIsSet = false;
+int timersAsked = 0;
+
+} // namespace
+
+/// As the kernel's, but where the test says that the clock is set: a timer that is cancelled by
+/// that becomes readable at once. Nobody but root may set the clock, and others live by it.
+extern "C" int timerfd_settime(int file, int flags, const itimerspec *when, itimerspec *before)
+{
+    constexpr itimerspec now{{}, {0, 1}};
+    const bool isCancelled = clockIsSet && (flags & TFD_TIMER_CANCEL_ON_SET);
+    return int(syscall(SYS_timerfd_settime, file, isCancelled ? 0 : flags,
+                       isCancelled ? &now : when, before));
+}
+
+extern "C" int timerfd_create(int clock, int flags)
+{
+    ++timersAsked;
+    return int(syscall(SYS_timerfd_create, clock, flags));
+}
 
 class WallClockAlarmTests : public QObject {
     Q_OBJECT
@@ -43,6 +72,33 @@ private Q_SLOTS:
         QCOMPARE(unwanted, 0);
     }
 
+    void anAlarmComesAtOnceWhenTheClockIsSet()
+    {
+        clockIsSet = true;
+        bool came = false;
+        const auto task = m_alarm.runAt(SystemClock().now() + 24h, [&] { came = true; });
+        QTRY_VERIFY(came);
+        clockIsSet = false;
+    }
+
+    void anAlarmThatTheSystemRefusesIsAskedForAgain()
+    {
+        rlimit before{};
+        QCOMPARE(getrlimit(RLIMIT_NOFILE, &before), 0);
+        const rlimit none{0, before.rlim_max};
+        QCOMPARE(setrlimit(RLIMIT_NOFILE, &none), 0);
+        bool came = false;
+        const auto task = m_alarm.runAt(Instant(), [&] { came = true; });
+        auto given = m_alarm.runAt(Instant(), [&] { qFatal("nobody waits for it any more"); });
+        given.reset();
+        timersAsked = 0;
+        QTRY_VERIFY(timersAsked >= 3);
+        QVERIFY(!came);
+        QCOMPARE(setrlimit(RLIMIT_NOFILE, &before), 0);
+        QTRY_VERIFY(came);
+        QCOMPARE(m_dir.logged().size(), 2); // once for each
+    }
+
 private:
     void waitForAnother(std::chrono::milliseconds delay)
     {
@@ -51,7 +107,8 @@ private:
         QTRY_VERIFY(came);
     }
 
-    X11::WallClockAlarm m_alarm;
+    TestDataDir m_dir;
+    X11::WallClockAlarm m_alarm{m_dir.log, 1ms};
 };
 
 QTEST_GUILESS_MAIN(WallClockAlarmTests)

@@ -1,9 +1,13 @@
 #include "PanorelX11/Session/WallClockAlarm.h"
 
-#include <QSocketNotifier>
+#include "PanorelCore/Files/AppLog.h"
 
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <cerrno>
+#include <cstring>
 #include <sys/timerfd.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace Panorel::X11 {
@@ -12,19 +16,24 @@ namespace {
 
 class Alarm final : public ScheduledTask {
 public:
-    Alarm(Instant when, std::function<void()> action)
-        : m_descriptor(timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK)),
-          m_action(std::move(action))
+    Alarm(Instant when, std::function<void()> action, AppLog &log,
+          std::chrono::milliseconds askAgainAfter)
+        : m_when(when), m_action(std::move(action))
     {
-        if (m_descriptor < 0)
-            throw std::system_error(errno, std::generic_category(), "timerfd_create");
-        arm(when);
-        m_notifier = std::make_unique<QSocketNotifier>(m_descriptor, QSocketNotifier::Read);
-        QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(),
-                         [this] { fire(); });
+        if (start())
+            return;
+        log.log(QStringLiteral("alarm: the system refuses a timer, asking again: ")
+                + QString::fromLocal8Bit(std::strerror(errno)));
+        QObject::connect(&m_again, &QTimer::timeout, &m_again, [this] {
+            if (start())
+                m_again.stop();
+        });
+        m_again.start(askAgainAfter);
     }
     ~Alarm() override
     {
+        if (m_descriptor < 0)
+            return;
         // The action may destroy the alarm from within the notifier's own signal.
         m_notifier->setEnabled(false);
         m_notifier.release()->deleteLater();
@@ -34,16 +43,28 @@ public:
     Alarm &operator=(const Alarm &) = delete;
 
 private:
-    void arm(Instant when)
+    bool start()
+    {
+        m_descriptor = timerfd_create(CLOCK_REALTIME, TFD_CLOEXEC | TFD_NONBLOCK);
+        if (m_descriptor < 0)
+            return false;
+        arm();
+        m_notifier = std::make_unique<QSocketNotifier>(m_descriptor, QSocketNotifier::Read);
+        QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(),
+                         [this] { fire(); });
+        return true;
+    }
+    void arm()
     {
         using namespace std::chrono;
         // Nothing before the epoch is a time to the kernel, and zero would disarm the timer.
-        const auto sinceEpoch = std::max(when.time_since_epoch(), milliseconds(1));
+        const auto sinceEpoch = std::max(m_when.time_since_epoch(), milliseconds(1));
         const auto whole = floor<seconds>(sinceEpoch);
         itimerspec spec{};
         spec.it_value.tv_sec = whole.count();
         spec.it_value.tv_nsec = nanoseconds(sinceEpoch - whole).count();
-        timerfd_settime(m_descriptor, TFD_TIMER_ABSTIME, &spec, nullptr);
+        // Cancelled by a clock that is set, it becomes readable like one that is due.
+        timerfd_settime(m_descriptor, TFD_TIMER_ABSTIME | TFD_TIMER_CANCEL_ON_SET, &spec, nullptr);
     }
     void fire()
     {
@@ -52,8 +73,10 @@ private:
         action();
     }
 
-    int m_descriptor;
+    const Instant m_when;
     std::function<void()> m_action;
+    int m_descriptor = -1; ///< -1: none to be had so far
+    QTimer m_again;
     std::unique_ptr<QSocketNotifier> m_notifier;
 };
 
@@ -61,7 +84,7 @@ private:
 
 std::unique_ptr<ScheduledTask> WallClockAlarm::runAt(Instant when, std::function<void()> action)
 {
-    return std::make_unique<Alarm>(when, std::move(action));
+    return std::make_unique<Alarm>(when, std::move(action), m_log, m_askAgainAfter);
 }
 
 } // namespace Panorel::X11
