@@ -4,7 +4,6 @@
 #include "PanorelX11/Session/StartEnvironment.h"
 
 #include <QFile>
-#include <QThreadPool>
 
 #include <gio/gdesktopappinfo.h>
 #include <unistd.h>
@@ -78,11 +77,10 @@ std::optional<QString> GioLauncher::locate(const QString &bundleID)
 void GioLauncher::open(const QString &location)
 {
     // The environment is read here, on the thread that may change it.
-    QThreadPool::globalInstance()->start(
-        [path = QFile::encodeName(location),
-         context = std::shared_ptr<GAppLaunchContext>(contextWithStartEnvironment())] {
-            launch(path, context.get());
-        });
+    m_opener.run([path = QFile::encodeName(location),
+                  context = std::shared_ptr<GAppLaunchContext>(contextWithStartEnvironment())] {
+        launch(path, context.get());
+    });
 }
 
 } // namespace Panorel::X11

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PanorelPorts/ApplicationPorts.h"
+#include "PanorelX11/Session/BackgroundThread.h"
 
 namespace Panorel::X11 {
 
@@ -15,6 +16,9 @@ public:
 
     /// Starts it on another thread: the session bus, which is asked first, may be slow.
     void open(const QString &location) override;
+
+private:
+    BackgroundThread m_opener;
 };
 
 } // namespace Panorel::X11

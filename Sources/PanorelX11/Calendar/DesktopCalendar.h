@@ -1,7 +1,7 @@
 #pragma once
 
 #include "PanorelPorts/CalendarPort.h"
-#include "PanorelX11/Calendar/BackgroundThread.h"
+#include "PanorelX11/Session/BackgroundThread.h"
 #include "PanorelX11/Calendar/CalendarAvailability.h"
 
 #include <QTimer>

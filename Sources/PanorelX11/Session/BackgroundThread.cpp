@@ -1,4 +1,4 @@
-#include "PanorelX11/Calendar/BackgroundThread.h"
+#include "PanorelX11/Session/BackgroundThread.h"
 
 #include <condition_variable>
 #include <deque>
