@@ -15,7 +15,8 @@ target_include_directories(panorel_options INTERFACE ${PROJECT_SOURCE_DIR}/Sourc
 if(PANOREL_SANITIZE)
     set(flags -fsanitize=${PANOREL_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     # GCC's flow analysis reports false positives in instrumented code.
-    target_compile_options(panorel_options INTERFACE ${flags} -Wno-maybe-uninitialized)
+    target_compile_options(panorel_options INTERFACE ${flags}
+        $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(panorel_options INTERFACE ${flags})
 endif()
 

@@ -132,10 +132,10 @@ std::vector<EventTime> EventExpansion::repetitions(const EventRecord &event, boo
     std::erase_if(result,
                   [&](const EventTime &time) { return time.wall < from || time.wall > to; });
     std::ranges::sort(result, {}, &EventTime::wall);
-    const auto repeated = std::ranges::unique(result, [&](const auto &left, const auto &right) {
+    const auto same = [](const EventTime &left, const EventTime &right) {
         return left.wall == right.wall && left.zone == right.zone && left.isDate == right.isDate;
-    });
-    result.erase(repeated.begin(), repeated.end());
+    };
+    result.erase(std::unique(result.begin(), result.end(), same), result.end());
     return result;
 }
 

@@ -108,8 +108,7 @@ void Walk::supplyTimes()
         if (list.empty() && open)
             list.push_back(static_cast<int>(value.count()));
         std::ranges::sort(list);
-        const auto repeated = std::ranges::unique(list);
-        list.erase(repeated.begin(), repeated.end());
+        list.erase(std::unique(list.begin(), list.end()), list.end());
     };
     supply(m_rule.hours, time.hours(), m_rule.frequency > Frequency::Hourly);
     supply(m_rule.minutes, time.minutes(), m_rule.frequency > Frequency::Minutely);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <ranges>
 
 namespace Panorel::X11 {
 
@@ -277,8 +276,8 @@ void HiddenWindows::keepFocus()
     if (!m_focusBefore)
         return;
     const auto now = std::chrono::steady_clock::now();
-    const bool isReturning = std::ranges::any_of(
-        m_windows | std::views::keys, [&](xcb_window_t window) { return isUnderWay(window); });
+    const bool isReturning =
+        std::ranges::any_of(m_windows, [&](const auto &entry) { return isUnderWay(entry.first); });
     if (isReturning)
         m_focusKeptUntil = now + focusPatience;
     if (now > m_focusKeptUntil)
