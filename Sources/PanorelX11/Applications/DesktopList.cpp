@@ -50,23 +50,6 @@ QString executableName(GAppInfo *application)
     return runsOthers(program) ? QString() : program;
 }
 
-DesktopEntry describe(GDesktopAppInfo *information)
-{
-    auto *application = G_APP_INFO(information);
-    DesktopEntry entry;
-    entry.id = QString::fromUtf8(g_app_info_get_id(application));
-    if (entry.id.endsWith(QLatin1String(".desktop")))
-        entry.id.chop(8);
-    entry.name = QString::fromUtf8(g_app_info_get_name(application));
-    entry.path = QString::fromUtf8(g_desktop_app_info_get_filename(information));
-    entry.startupWMClass = QString::fromUtf8(g_desktop_app_info_get_startup_wm_class(information));
-    entry.executable = executableName(application);
-    entry.isTerminalEmulator = takeText(g_desktop_app_info_get_string(information, "Categories"))
-                                   .split(QLatin1Char(';'))
-                                   .contains(QLatin1String("TerminalEmulator"));
-    return entry;
-}
-
 std::vector<DesktopEntry> readEntries()
 {
     std::vector<DesktopEntry> entries;
@@ -84,6 +67,23 @@ std::vector<DesktopEntry> readEntries()
 }
 
 } // namespace
+
+DesktopEntry describe(GDesktopAppInfo *information)
+{
+    auto *application = G_APP_INFO(information);
+    DesktopEntry entry;
+    entry.id = QString::fromUtf8(g_app_info_get_id(application));
+    if (entry.id.endsWith(QLatin1String(".desktop")))
+        entry.id.chop(8);
+    entry.name = QString::fromUtf8(g_app_info_get_name(application));
+    entry.path = QString::fromUtf8(g_desktop_app_info_get_filename(information));
+    entry.startupWMClass = QString::fromUtf8(g_desktop_app_info_get_startup_wm_class(information));
+    entry.executable = executableName(application);
+    entry.isTerminalEmulator = takeText(g_desktop_app_info_get_string(information, "Categories"))
+                                   .split(QLatin1Char(';'))
+                                   .contains(QLatin1String("TerminalEmulator"));
+    return entry;
+}
 
 /// The monitor reports to a context of its own, which entries() empties: so the news arrives under
 /// any event loop or none, and nobody else's callbacks run in the middle of a look-up.

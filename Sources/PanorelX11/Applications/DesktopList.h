@@ -5,6 +5,8 @@
 #include <memory>
 #include <vector>
 
+struct _GDesktopAppInfo;
+
 namespace Panorel::X11 {
 
 /// What the resolver needs of one installed application's desktop file.
@@ -16,6 +18,8 @@ struct DesktopEntry {
     QString executable; ///< base name of the program in Exec; empty for an interpreter
     bool isTerminalEmulator = false;
 };
+
+DesktopEntry describe(_GDesktopAppInfo *information);
 
 /// The installed applications, also those that menus leave out. Read on first use and again after
 /// a change in the folders of desktop files. One thread only; needs no event loop.

@@ -1,0 +1,58 @@
+#include "PanorelX11/Applications/ApplicationRule.h"
+
+#include "Fuzz/Fuzz.h"
+
+using namespace Panorel;
+using namespace Panorel::X11;
+using Fuzz::require;
+
+namespace {
+
+/// An editor, a terminal, an office suite of two, and one whose keys are all there is.
+const std::vector<DesktopEntry> &installed()
+{
+    const auto entry = [](const char *id, const char *wmClass, const char *program,
+                          bool isTerminal = false) {
+        const QString name = QString::fromLatin1(id);
+        return DesktopEntry{name,
+                            name,
+                            QStringLiteral("/usr/share/applications/%1.desktop").arg(name),
+                            QString::fromLatin1(wmClass),
+                            QString::fromLatin1(program),
+                            isTerminal};
+    };
+    static const std::vector<DesktopEntry> entries{
+        entry("org.example.Editor", "editor", "editor"), entry("office-calc", "office-calc", ""),
+        entry("office-writer", "Office", "office"), entry("term", "Term", "term", true),
+        entry("x", "", "x")};
+    return entries;
+}
+
+/// One line for each fact, as they come from windows and processes; then the process's texts.
+void check(const QByteArray &input)
+{
+    Fuzz::Input parts(input);
+    X11::ApplicationFacts facts{parts.line(), parts.line(), parts.line(), 7};
+    ProcessFacts process;
+    process.pid = 7;
+    process.executable = QString::fromUtf8(parts.line());
+    process.argument0 = QString::fromUtf8(parts.line());
+    QByteArray environment = parts.line();
+    readLauncher(environment.replace('|', '\0'), process);
+    process.cgroup = parts.rest();
+    for (const ProcessFacts *asked : {static_cast<const ProcessFacts *>(nullptr),
+                                      static_cast<const ProcessFacts *>(&process)}) {
+        const DesktopEntry *found = resolveApplication(installed(), facts, asked);
+        require(!found || (found >= &installed().front() && found <= &installed().back()),
+                "an application is one of the installed");
+        require(!resolveApplication({}, facts, asked), "without applications it is none");
+    }
+    const ApplicationIdentity identity = unclaimedIdentity(facts);
+    require(identity.id.startsWith(QLatin1String("wmclass:")) && !identity.name.isEmpty()
+                && Fuzz::isValidText(identity.id + identity.name),
+            "every window has an identity that can be stored");
+}
+
+const Fuzz::Target target("ApplicationFacts", check);
+
+} // namespace

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <cstring>
+#include <type_traits>
+#include <vector>
+
+/// Readers of outside data, each with what holds whatever it is given. A fuzzer (preset "fuzz")
+/// looks for inputs that break it; what it found stays in Corpus/NAME and is tried in every build.
+namespace Panorel::Fuzz {
+
+/// One reader: a file of its own, named as its folder of the corpus.
+struct Target {
+    /// `check` ends normally, or throws std::logic_error with the promise that was broken.
+    Target(const char *name, void (*check)(const QByteArray &input));
+
+    const char *name;
+    void (*check)(const QByteArray &input);
+};
+
+/// Those that are linked into this program.
+const std::vector<const Target *> &targets();
+
+/// Throws std::logic_error(promise) unless it holds.
+void require(bool holds, const char *promise);
+
+/// Whether all of it can be stored and shown: no half of a surrogate pair.
+bool isValidText(const QString &text);
+
+/// Takes an input apart, from its front. What is missing is zero or empty.
+class Input {
+public:
+    explicit Input(const QByteArray &bytes) : m_rest(bytes) {}
+
+    template <typename Number> Number number()
+    {
+        static_assert(std::is_arithmetic_v<Number> && !std::is_same_v<Number, bool>);
+        Number value{};
+        const QByteArray bytes = take(sizeof(Number));
+        std::memcpy(&value, bytes.constData(), std::size_t(bytes.size()));
+        return value;
+    }
+    /// Up to the next line feed, which is dropped.
+    QByteArray line();
+    QByteArray take(qsizetype count);
+    QByteArray rest() { return take(m_rest.size()); }
+    bool isEmpty() const { return m_rest.isEmpty(); }
+
+private:
+    QByteArray m_rest;
+};
+
+} // namespace Panorel::Fuzz
