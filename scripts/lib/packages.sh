@@ -18,6 +18,9 @@ PACKAGES_TEST="clang-format libasan8 libubsan1 libxcb-icccm4-dev libxcb-xtest0-d
 PACKAGES_DEMO="x11-utils x11-apps wmctrl imagemagick geany galculator l3afpad linguist-qt6 jq
     xdotool adwaita-icon-theme hicolor-icon-theme"
 
+# What is measured against what, and the window managers to measure on.
+PACKAGES_BENCH="libbenchmark-dev wmctrl xdotool kwin-x11 kwin-style-breeze trayer python3"
+
 # Runs a command as root, through sudo where need be.
 as_root() {
     if [ "$(id -u)" -eq 0 ]; then

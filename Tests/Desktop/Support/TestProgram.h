@@ -18,6 +18,7 @@ public:
 
     static QString path();
 
+    qint64 processID() const { return m_child.processID(); }
     qsizetype logged(const char *text) const;
     void awaitLogged(qsizetype count, const char *text) const;
 

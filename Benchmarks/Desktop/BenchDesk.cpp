@@ -1,0 +1,90 @@
+#include "Desktop/BenchDesk.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace Panorel::Bench {
+
+namespace {
+
+constexpr double displayWidth = 1920;
+constexpr double displayHeight = 1080;
+constexpr int windowsOfAnApplication = 10;
+
+using Random = std::mt19937;
+
+/// Each wholly on one of the displays that lie side by side in this width.
+std::vector<Rect> randomFrames(std::size_t count, Random &random, double width)
+{
+    const auto upTo = [&](double most) { return double(random() % std::uint32_t(most + 1)); };
+    std::vector<Rect> frames;
+    while (frames.size() < count) {
+        Rect frame{0, 0, 300 + upTo(500), 200 + upTo(400)};
+        const double display = displayWidth * upTo(width / displayWidth - 1);
+        frame.x = display + upTo(displayWidth - frame.width);
+        frame.y = upTo(displayHeight - frame.height);
+        frames.push_back(frame);
+    }
+    return frames;
+}
+
+/// std::shuffle is not the same everywhere.
+std::vector<xcb_window_t> shuffled(std::vector<xcb_window_t> windows, Random &random)
+{
+    for (std::size_t i = windows.size(); i > 1; --i)
+        std::swap(windows[i - 1], windows[random() % i]);
+    return windows;
+}
+
+} // namespace
+
+BenchDesk::BenchDesk(const QString &windowManager, int count)
+    : session(windowManager, Desktop::sideBySide()),
+      m_client(
+          QStringLiteral(PANOREL_MANY_WINDOWS),
+          {QString::number(count), QString::number(std::max(1, count / windowsOfAnApplication))})
+{
+    m_client.start();
+    for (const QString &window : m_client.readLine().split(u' '))
+        m_windows.push_back(window.toUInt());
+    Desktop::require([&] { return int(session.probe.stacking().size()) == count; },
+                     "all windows managed");
+    raw.watch(m_windows);
+    raw.rest();
+    Random random(1);
+    m_places = randomFrames(m_windows.size(), random, 2 * displayWidth);
+    m_bottomToTop = shuffled(m_windows, random);
+    arrange(m_places, m_bottomToTop);
+}
+
+void BenchDesk::scatter(int round, double width)
+{
+    Random random(std::uint32_t(1000 + round));
+    const auto frames = randomFrames(m_windows.size(), random, width);
+    arrange(frames, shuffled(m_windows, random));
+}
+
+int BenchDesk::windowsOff() const
+{
+    const auto frames = raw.frames();
+    int off = 0;
+    for (std::size_t i = 0; i < frames.size(); ++i)
+        off += frames[i] != m_places[i];
+    return off;
+}
+
+void BenchDesk::arrange(const std::vector<Rect> &frames,
+                        const std::vector<xcb_window_t> &bottomToTop)
+{
+    raw.place(frames);
+    if (!raw.awaitFrames(frames, RawDesktop::Begin::WithEvents))
+        qFatal("the windows don't go where the benchmark wants them");
+    raw.stack(bottomToTop);
+    if (!raw.awaitStacking(bottomToTop))
+        qFatal("the windows are not stacked as the benchmark wants them");
+    raw.rest();
+    QCoreApplication::processEvents();
+}
+
+} // namespace Panorel::Bench
