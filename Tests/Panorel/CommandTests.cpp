@@ -318,6 +318,7 @@ private Q_SLOTS:
         QVERIFY(program.text("import", {program.dir.path(QString())}).endsWith(word("plain file")));
         QVERIFY(program.text("import", {word("/dev/zero")}).endsWith(word("plain file")));
         QVERIFY(program.text("export", {nowhere}).contains(word("can't be written: ")));
+        QVERIFY(program.text("export", {word("/dev/full")}).endsWith(word("plain file")));
         // Without a backup nothing is replaced.
         const QString file = program.exported("all.json");
         program.dir.write(word("backups"), "in the way");

@@ -83,6 +83,8 @@ SavedState decode(const QByteArray &bytes)
 
 void write(const QString &path, const SavedState &state)
 {
+    if (const QFileInfo info(path); info.exists() && !info.isFile())
+        throw Failure(QStringLiteral("it is no plain file")); // a device would be replaced
     try {
         if (const auto failure = PrivateFile::write(path, encode(state)))
             throw Failure(*failure);
