@@ -17,7 +17,7 @@ QString CodingPath::text() const
     const QString prefix = m_parent->text();
     if (m_key.isNull())
         return prefix + QStringLiteral("[%1]").arg(m_index);
-    return prefix.isEmpty() ? m_key : prefix + QLatin1Char('.') + m_key;
+    return prefix.isEmpty() ? m_key.toString() : prefix + QLatin1Char('.') + m_key.toString();
 }
 
 } // namespace Panorel

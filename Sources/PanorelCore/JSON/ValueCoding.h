@@ -4,6 +4,7 @@
 #include "PanorelCore/Geometry.h"
 #include "PanorelCore/JSON/CodingErrors.h"
 
+#include <QAnyStringView>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QJsonValue>
@@ -47,11 +48,11 @@ concept FieldedRecord = requires
 namespace Panorel {
 
 /// Where in a document a value stands. A chain on the stack, because its text is wanted only when
-/// decoding fails.
+/// decoding fails. Keys must outlive it.
 class CodingPath {
 public:
     CodingPath() = default;
-    CodingPath(const CodingPath &parent, const QString &key) : m_parent(&parent), m_key(key) {}
+    CodingPath(const CodingPath &parent, QAnyStringView key) : m_parent(&parent), m_key(key) {}
     CodingPath(const CodingPath &parent, qsizetype index) : m_parent(&parent), m_index(index) {}
 
     /// For example "layouts[0].windows[2].frame"; empty for the root.
@@ -59,7 +60,7 @@ public:
 
 private:
     const CodingPath *m_parent = nullptr;
-    QString m_key;
+    QAnyStringView m_key; ///< null: an index
     qsizetype m_index = 0;
 };
 
@@ -168,7 +169,7 @@ template <typename Record, typename Value>
 void readField(const QJsonObject &object, Record &record, const Field<Record, Value> &field,
                const CodingPath &path)
 {
-    const CodingPath here(path, QString::fromLatin1(field.key));
+    const CodingPath here(path, QLatin1String(field.key));
     const QJsonValue json = object.value(QLatin1String(field.key));
     if (json.isUndefined() && field.required)
         throw DecodingError(QStringLiteral("missing key"), here.text());
