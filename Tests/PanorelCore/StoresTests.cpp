@@ -185,6 +185,7 @@ private Q_SLOTS:
         memory.forgetDesk(QStringLiteral("nowhere"));
         QCOMPARE(dir.names(), QStringList());
         memory.forgetDesk(home);
+        QVERIFY(memory.windows(home, mail).empty() && memory.windows(office, clock).size() == 1);
         const PlacementMemory after(dir.log, dir.clock);
         QVERIFY(after.windows(home, mail).empty() && after.windows(home, clock).empty());
         QCOMPARE(after.windows(office, clock).size(), 1u);

@@ -6,21 +6,20 @@
 
 namespace Panorel {
 
-namespace {
-
-auto isFor(const QString &configID, const QString &bundleID)
-{
-    return [&](const AppPlacement &placement) {
-        return placement.configID == configID && placement.bundleID == bundleID;
-    };
-}
-
-} // namespace
-
 PlacementMemory::PlacementMemory(AppLog &log, const Clock &clock)
     : m_store(Paths::file(QStringLiteral("placements.json")), log, clock),
       m_placements(m_store.load().value_or(std::vector<AppPlacement>{}))
-{}
+{
+    findPlaces();
+}
+
+/// Should a hand-edited file hold an application twice for one desk, the first one counts.
+void PlacementMemory::findPlaces()
+{
+    m_places.clear();
+    for (std::size_t i = 0; i < m_placements.size(); ++i)
+        m_places.try_emplace({m_placements[i].configID, m_placements[i].bundleID}, i);
+}
 
 void PlacementMemory::remember(const QString &configID, const std::vector<WindowRecord> &windows)
 {
@@ -37,23 +36,25 @@ void PlacementMemory::remember(const QString &configID, const std::vector<Window
 
 bool PlacementMemory::replace(const AppPlacement &placement)
 {
-    const auto found =
-        std::ranges::find_if(m_placements, isFor(placement.configID, placement.bundleID));
-    if (found == m_placements.end()) {
+    const auto [entry, isNew] =
+        m_places.try_emplace({placement.configID, placement.bundleID}, m_placements.size());
+    if (isNew) {
         m_placements.push_back(placement);
         return true;
     }
-    if (*found == placement)
+    AppPlacement &known = m_placements[entry->second];
+    if (known == placement)
         return false;
-    *found = placement;
+    known = placement;
     return true;
 }
 
 std::vector<WindowRecord> PlacementMemory::windows(const QString &configID,
                                                    const QString &bundleID) const
 {
-    const auto found = std::ranges::find_if(m_placements, isFor(configID, bundleID));
-    return found == m_placements.end() ? std::vector<WindowRecord>{} : found->windows;
+    const auto found = m_places.find({configID, bundleID});
+    return found == m_places.end() ? std::vector<WindowRecord>{}
+                                   : m_placements[found->second].windows;
 }
 
 void PlacementMemory::forgetDesk(const QString &configID)
@@ -61,8 +62,10 @@ void PlacementMemory::forgetDesk(const QString &configID)
     const auto forgotten = std::erase_if(m_placements, [&](const AppPlacement &placement) {
         return placement.configID == configID;
     });
-    if (forgotten > 0)
-        m_store.save(m_placements);
+    if (forgotten == 0)
+        return;
+    findPlaces();
+    m_store.save(m_placements);
 }
 
 bool PlacementMemory::replaceAll(std::vector<AppPlacement> contents)

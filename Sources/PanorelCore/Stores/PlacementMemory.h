@@ -29,11 +29,15 @@ public:
     bool replaceAll(std::vector<AppPlacement> contents);
 
 private:
+    using Key = std::pair<QString, QString>; ///< desk and application
+
     /// True where this is news.
     bool replace(const AppPlacement &placement);
+    void findPlaces();
 
     JSONStore<std::vector<AppPlacement>> m_store;
     std::vector<AppPlacement> m_placements;
+    std::map<Key, std::size_t> m_places; ///< in m_placements
 };
 
 } // namespace Panorel
