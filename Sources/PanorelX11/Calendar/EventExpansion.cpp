@@ -87,9 +87,13 @@ void EventExpansion::expand(const EventRecord &event, CalendarPort::Events &resu
         return;
     }
     bool isComplete = true;
+    std::vector<EventTime> times = repetitions(event, isComplete);
+    std::erase_if(times, [&](const EventTime &time) { return !isAsked(event, time); });
+    const Removed removed = times.empty() ? Removed() : removedFrom(event);
     int appended = 0;
-    for (const EventTime &time : repetitions(event, isComplete)) {
-        if (!isAsked(event, time) || isRemoved(event, time))
+    for (const EventTime &time : times) {
+        if (removed.days.contains(floor<days>(time.wall))
+            || removed.times.contains(instantOf(time)))
             continue;
         const QString occurrence = key(time);
         if (m_records.contains({event.uid, occurrence}))
@@ -139,14 +143,17 @@ std::vector<EventTime> EventExpansion::repetitions(const EventRecord &event, boo
     return result;
 }
 
-bool EventExpansion::isRemoved(const EventRecord &event, const EventTime &time) const
+EventExpansion::Removed EventExpansion::removedFrom(const EventRecord &event) const
 {
-    return std::ranges::any_of(event.removed, [&](const EventTime &removed) {
+    Removed result;
+    for (const EventTime &time : event.removed) {
         // Some calendars remove a meeting by naming its day.
-        if (removed.isDate)
-            return removed.wall == floor<days>(time.wall);
-        return instantOf(removed) == instantOf(time);
-    });
+        if (time.isDate)
+            result.days.insert(time.wall);
+        else
+            result.times.insert(instantOf(time));
+    }
+    return result;
 }
 
 bool EventExpansion::isAsked(const EventRecord &event, const EventTime &start) const

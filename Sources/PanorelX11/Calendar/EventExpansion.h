@@ -4,6 +4,8 @@
 
 #include <QHash>
 
+#include <set>
+
 namespace Panorel::X11 {
 
 /// What the events of one calendar come to between two moments.
@@ -26,12 +28,17 @@ public:
 private:
     /// Which occurrence of which event a record is about.
     using Identity = std::pair<QString, QString>;
+    /// Which of its repetitions an event leaves out.
+    struct Removed {
+        std::set<WallTime> days;
+        std::set<Instant> times;
+    };
 
     Instant instantOf(const EventTime &time) const;
     QString key(const EventTime &time) const;
     void expand(const EventRecord &event, CalendarPort::Events &result);
     std::vector<EventTime> repetitions(const EventRecord &event, bool &isComplete);
-    bool isRemoved(const EventRecord &event, const EventTime &time) const;
+    Removed removedFrom(const EventRecord &event) const;
     bool isAsked(const EventRecord &event, const EventTime &start) const;
     void append(const EventRecord &event, const EventTime &start, const QString &occurrence,
                 CalendarPort::Events &result) const;
