@@ -175,7 +175,10 @@ MatchReason reason(const WindowRecord &record, const LiveWindow &chosen,
                    ? MatchReason::Title
                    : MatchReason::Order;
     }
-    if (titleScore(record.title, chosen.title) > 0)
+    const bool isRelated = !record.title.isEmpty()
+                           && (record.title.startsWith(chosen.title)
+                               || chosen.title.startsWith(record.title));
+    if (isRelated)
         return MatchReason::Prefix;
     const double score = sizeScore(record.frame, chosen.frame);
     return isOnly([&](const LiveWindow &window) {

@@ -66,17 +66,19 @@ StashController::Arrangement StashController::capture(const std::vector<DisplayI
 /// Read at the same moment, so a record and its window agree in everything.
 std::vector<WindowElementRef> StashController::elementsOf(const std::vector<WindowRecord> &records)
 {
-    std::vector<WindowSnapshotter::Live> live = m_snapshotter.liveWindows();
+    std::map<QString, std::vector<AXWindow>> byApplication;
+    for (const auto &[window, live] : m_snapshotter.liveWindows())
+        byApplication[live.bundleID].push_back(window);
     std::vector<WindowElementRef> elements;
     for (const WindowRecord &record : records) {
-        const auto found = std::ranges::find_if(live, [&](const WindowSnapshotter::Live &entry) {
-            return entry.live.bundleID == record.bundleID && entry.live.title == record.title
-                   && entry.live.frame == record.frame;
+        std::vector<AXWindow> &windows = byApplication[record.bundleID];
+        const auto found = std::ranges::find_if(windows, [&](const AXWindow &window) {
+            return window.title() == record.title && window.frame() == record.frame;
         });
-        if (found == live.end())
+        if (found == windows.end())
             continue;
-        elements.push_back(found->window.element());
-        live.erase(found);
+        elements.push_back(found->element());
+        windows.erase(found);
     }
     return elements;
 }
@@ -114,8 +116,9 @@ void StashController::unstash(const QString &configID, bool alsoRestoreSize)
         coming.arrangement.frontToBack.clear();
     }
 
+    const std::set<QString> hidden(m_hiddenBundleIDs.begin(), m_hiddenBundleIDs.end());
     for (const RunningApplication &application : m_workspace.runningApplications()) {
-        if (std::ranges::find(m_hiddenBundleIDs, application.bundleID) == m_hiddenBundleIDs.end())
+        if (!application.bundleID || !hidden.contains(*application.bundleID))
             continue;
         coming.applications.insert(application.pid);
         m_workspace.unhide(application.pid);

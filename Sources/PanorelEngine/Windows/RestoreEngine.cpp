@@ -18,31 +18,6 @@ constexpr double positionTolerance = 5.0;
 
 const QString windowGone = QStringLiteral("window no longer exists");
 
-using Groups = std::vector<std::vector<WindowRecord>>;
-
-/// By application, in the order of their first windows.
-Groups groupedByApplication(const std::vector<WindowRecord> &windows)
-{
-    Groups groups;
-    std::map<QString, std::size_t> positions;
-    for (const WindowRecord &record : windows) {
-        const auto [entry, isNew] = positions.try_emplace(record.bundleID, groups.size());
-        if (isNew)
-            groups.emplace_back();
-        groups[entry->second].push_back(record);
-    }
-    return groups;
-}
-
-std::vector<LiveWindow> liveOf(const std::vector<WindowSnapshotter::Live> &found)
-{
-    std::vector<LiveWindow> live;
-    live.reserve(found.size());
-    for (const auto &pair : found)
-        live.push_back(pair.live);
-    return live;
-}
-
 bool inPlace(const std::optional<Rect> &frame, const WindowRecord &record)
 {
     return frame && std::abs(frame->x - record.frame.x) <= positionTolerance
@@ -68,10 +43,10 @@ RestoreReport RestoreEngine::apply(const Layout &layout, bool alsoRestoreSize)
     const QScopedValueRollback restoring(m_isRestoring, true);
     captureUndoPoint(layout);
 
-    const Groups groups = groupedByApplication(layout.windows);
+    const std::vector<Group> groups = readGroups(layout, alsoRestoreSize);
     std::vector<Outcome> outcomes;
     for (const Group &group : groups)
-        sendGroup(group, alsoRestoreSize, outcomes);
+        sendGroup(group, outcomes);
 
     RestoreReport report;
     std::vector<std::pair<qint64, WindowElementRef>> raiseList;
@@ -115,42 +90,56 @@ void RestoreEngine::captureUndoPoint(const Layout &layout)
     m_lastUndo = std::move(undo);
 }
 
-RestoreEngine::GroupMatch RestoreEngine::matchGroup(const Group &group, bool alsoRestoreSize)
+/// In the order of the applications' first windows. All applications are read at once: each
+/// reading has the platform list everything that runs.
+std::vector<RestoreEngine::Group> RestoreEngine::readGroups(const Layout &layout,
+                                                            bool alsoRestoreSize)
 {
-    GroupMatch result;
-    const QString &bundleID = group.front().bundleID;
-    const AppRule rule = m_rules.rule(bundleID);
-    if (rule.ignored) {
-        result.skipped = QStringLiteral("ignored by rule");
-        return result;
+    std::vector<Group> groups;
+    std::map<QString, std::size_t> places;
+    std::set<QString> wanted;
+    for (const WindowRecord &record : layout.windows) {
+        const auto [entry, isNew] = places.try_emplace(record.bundleID, groups.size());
+        if (isNew) {
+            const AppRule rule = m_rules.rule(record.bundleID);
+            Group &group = groups.emplace_back();
+            group.setsSize = alsoRestoreSize || rule.restoreSize;
+            if (rule.ignored)
+                group.skipped = QStringLiteral("ignored by rule");
+            else
+                wanted.insert(record.bundleID);
+        }
+        groups[entry->second].records.push_back(record);
     }
-    result.found = m_snapshotter.liveWindows(std::set<QString>{bundleID});
-    if (result.found.empty()) {
-        result.skipped = QStringLiteral("app not running");
-        return result;
+    for (WindowSnapshotter::Live &each : m_snapshotter.liveWindows(wanted)) {
+        Group &group = groups[places.at(each.live.bundleID)];
+        each.live.id = qint64(group.live.size());
+        group.live.push_back(each.live);
+        group.windows.push_back(std::move(each.window));
     }
-    result.setsSize = alsoRestoreSize || rule.restoreSize;
-    result.matches = WindowMatcher::match(group, liveOf(result.found));
-    return result;
+    for (Group &group : groups) {
+        if (group.skipped.isEmpty() && group.live.empty())
+            group.skipped = QStringLiteral("app not running");
+    }
+    return groups;
 }
 
-void RestoreEngine::sendGroup(const Group &group, bool alsoRestoreSize,
-                              std::vector<Outcome> &outcomes)
+void RestoreEngine::sendGroup(const Group &group, std::vector<Outcome> &outcomes)
 {
-    const GroupMatch match = matchGroup(group, alsoRestoreSize);
-    if (!match.skipped.isEmpty()) {
+    if (!group.skipped.isEmpty()) {
         outcomes.push_back({nullptr,
                             {},
-                            qint64(group.size()),
-                            group.front().appName + QStringLiteral(", ") + match.skipped});
+                            qint64(group.records.size()),
+                            group.records.front().appName + QStringLiteral(", ") + group.skipped});
         return;
     }
-    for (std::size_t i = 0; i < match.matches.size(); ++i) {
-        const WindowRecord &record = group[i];
-        if (const auto liveID = match.matches[i].liveID) {
-            const AXWindow &window = match.found[std::size_t(*liveID)].window;
+    const auto matches = WindowMatcher::match(group.records, group.live);
+    for (std::size_t i = 0; i < matches.size(); ++i) {
+        const WindowRecord &record = group.records[i];
+        if (const auto liveID = matches[i].liveID) {
+            const AXWindow &window = group.windows[std::size_t(*liveID)];
             window.apply(record.frame.origin(),
-                         match.setsSize ? std::optional(record.frame.size()) : std::nullopt);
+                         group.setsSize ? std::optional(record.frame.size()) : std::nullopt);
             outcomes.push_back({&record, window, 0, {}});
         } else {
             outcomes.push_back(
@@ -162,21 +151,17 @@ void RestoreEngine::sendGroup(const Group &group, bool alsoRestoreSize,
 RestorePlan RestoreEngine::plan(const Layout &layout, bool alsoRestoreSize)
 {
     RestorePlan plan;
-    for (const Group &group : groupedByApplication(layout.windows)) {
-        const GroupMatch match = matchGroup(group, alsoRestoreSize);
-        const std::vector<LiveWindow> live = liveOf(match.found);
-        for (std::size_t i = 0; i < group.size(); ++i) {
+    for (const Group &group : readGroups(layout, alsoRestoreSize)) {
+        const auto matches = WindowMatcher::match(group.records, group.live);
+        for (std::size_t i = 0; i < matches.size(); ++i) {
             PlannedWindow &planned = plan.emplace_back();
-            planned.record = group[i];
-            planned.setsSize = match.setsSize;
-            planned.note = match.skipped;
-            if (!match.skipped.isEmpty())
-                continue;
-            if (const auto liveID = match.matches[i].liveID) {
-                planned.live = live[std::size_t(*liveID)];
-                planned.reason = WindowMatcher::reason(planned.record, *planned.live, live);
+            planned.record = group.records[i];
+            planned.setsSize = group.setsSize;
+            if (const auto liveID = matches[i].liveID) {
+                planned.live = group.live[std::size_t(*liveID)];
+                planned.reason = WindowMatcher::reason(planned.record, *planned.live, group.live);
             } else {
-                planned.note = windowGone;
+                planned.note = group.skipped.isEmpty() ? windowGone : group.skipped;
             }
         }
     }

@@ -2,7 +2,6 @@
 
 #include "PanorelCore/Matching/RestoreReport.h"
 #include "PanorelCore/Records/Models.h"
-#include "PanorelEngine/Windows/AXWindow.h"
 #include "PanorelEngine/Windows/RestorePlan.h"
 #include "PanorelEngine/Windows/WindowSnapshotter.h"
 
@@ -50,19 +49,18 @@ private:
         qint64 skippedWindows = 0;
         QString skippedNote;
     };
-    using Group = std::vector<WindowRecord>;
-    /// Which live windows the saved ones of an application are.
-    struct GroupMatch {
-        QString skipped; ///< why the whole group is left alone; empty: it is not
-        std::vector<WindowSnapshotter::Live> found;
-        std::vector<MatchResult> matches; ///< one for each saved window
+    /// The saved windows of one application, and those it has now.
+    struct Group {
+        std::vector<WindowRecord> records;
+        std::vector<LiveWindow> live;  ///< empty for a group that is skipped
+        std::vector<AXWindow> windows; ///< of each in `live`
         bool setsSize = false;
+        QString skipped; ///< why all of it is left alone; empty: it is not
     };
 
-    GroupMatch matchGroup(const Group &group, bool alsoRestoreSize);
-
     void captureUndoPoint(const Layout &layout);
-    void sendGroup(const Group &group, bool alsoRestoreSize, std::vector<Outcome> &outcomes);
+    std::vector<Group> readGroups(const Layout &layout, bool alsoRestoreSize);
+    void sendGroup(const Group &group, std::vector<Outcome> &outcomes);
     void raiseInOrder(std::vector<std::pair<qint64, WindowElementRef>> raiseList);
     void logReport(const RestoreReport &report);
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <unordered_map>
 
 namespace Panorel {
 
@@ -13,15 +14,17 @@ constexpr double joinTolerance = 3.0;
 
 /// A window that the window server shows.
 struct CGEntry {
-    ProcessIdentifier pid;
     Rect bounds;
     qint64 order; ///< its place in the whole list, 0 the frontmost
 };
 
-std::vector<CGEntry> ordinaryEntries(const std::vector<WindowListEntry> &list,
-                                     ProcessIdentifier ownPID)
+using Entries = std::vector<CGEntry>;
+
+/// By application, each front to back.
+std::unordered_map<ProcessIdentifier, Entries>
+ordinaryEntries(const std::vector<WindowListEntry> &list, ProcessIdentifier ownPID)
 {
-    std::vector<CGEntry> kept;
+    std::unordered_map<ProcessIdentifier, Entries> kept;
     qint64 order = -1;
     for (const WindowListEntry &entry : list) {
         ++order; // counts those that are dropped as well
@@ -30,7 +33,7 @@ std::vector<CGEntry> ordinaryEntries(const std::vector<WindowListEntry> &list,
                            && entry.bounds->height >= minimumSide;
         const bool visible = !entry.alpha || *entry.alpha > 0;
         if (ordinary && large && visible)
-            kept.push_back({*entry.ownerPID, *entry.bounds, order});
+            kept[*entry.ownerPID].push_back({*entry.bounds, order});
     }
     return kept;
 }
@@ -43,11 +46,10 @@ bool agree(const Rect &a, const Rect &b)
            && std::abs(a.height - b.height) <= joinTolerance;
 }
 
-const CGEntry *entryOf(const AXWindow &window, const std::vector<CGEntry> &entries)
+const CGEntry *entryOf(const AXWindow &window, const Entries &entries)
 {
-    const auto found = std::ranges::find_if(entries, [&](const CGEntry &entry) {
-        return entry.pid == window.pid() && agree(entry.bounds, window.frame());
-    });
+    const auto found = std::ranges::find_if(
+        entries, [&](const CGEntry &entry) { return agree(entry.bounds, window.frame()); });
     return found == entries.end() ? nullptr : &*found;
 }
 
@@ -83,14 +85,13 @@ std::vector<WindowRecord> WindowSnapshotter::snapshot(const std::vector<DisplayI
 
     std::vector<WindowRecord> records;
     for (const RunningApplication &application : m_workspace.runningApplications()) {
-        const bool onScreen =
-            std::ranges::find(entries, application.pid, &CGEntry::pid) != entries.end();
-        if (!onScreen || !hasOrdinaryWindows(application))
+        const auto onScreen = entries.find(application.pid);
+        if (onScreen == entries.end() || !hasOrdinaryWindows(application))
             continue;
         for (const AXWindow &window : AXWindow::windows(m_accessibility, application.pid)) {
             if (window.isMinimized() || window.isFullScreen())
                 continue;
-            const CGEntry *entry = entryOf(window, entries);
+            const CGEntry *entry = entryOf(window, onScreen->second);
             if (!entry)
                 continue;
             records.push_back({application.localizedName.value_or(*application.bundleID),
