@@ -2,8 +2,6 @@
 
 #include <QStringList>
 
-#include <algorithm>
-
 namespace Panorel {
 
 namespace {
@@ -48,7 +46,8 @@ SceneChoice::SceneChoice(const std::vector<SceneRecord> &scenes, const QString &
             return scene.id.toString(QUuid::WithoutBraces).compare(nameOrID, Qt::CaseInsensitive)
                    == 0;
         });
-        found.resize(std::min<std::size_t>(found.size(), 1)); // as everywhere, the first counts
+        if (!found.empty())
+            found = {found.front()}; // as everywhere, the first counts
     }
     if (found.size() == 1)
         m_scene = found.front();
