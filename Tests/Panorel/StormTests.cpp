@@ -25,11 +25,52 @@ QByteArray stored(const SceneStore &store)
     return stored(SceneFile{.lastAppliedByConfig = {}, .scenes = store.allScenes()});
 }
 
+/// Follows by the program's log what it may learn.
+class LearningWatch {
+public:
+    /// The first thing learned that should not have been, in what was logged since the last call.
+    QString read(const QStringList &lines, bool mayBeUsersWish)
+    {
+        m_learnedLast = m_restored = false;
+        for (const QString &line : lines) {
+            const auto says = [&](const char *begin) {
+                return line.startsWith(QLatin1String(begin));
+            };
+            if (says("learned layout: ")) {
+                m_learnedLast = true;
+                if (m_isWaiting && !mayBeUsersWish)
+                    return QStringLiteral("a layout that waits for the user was overwritten");
+            } else if (says("learn: waiting")) {
+                m_isWaiting = true;
+            } else if (says("display settled") || says("restore report")
+                       || says("hotkey: layout saved")) {
+                m_isWaiting = m_learnedLast = false;
+                m_restored |= says("restore report");
+            }
+        }
+        return {};
+    }
+
+    /// Whether nothing else is known to have happened since the last thing learned.
+    bool hasLearnedLast() const { return m_learnedLast; }
+    bool hasRestored() const { return m_restored; }
+    void forget() { m_isWaiting = false; }
+
+private:
+    bool m_isWaiting = false;
+    bool m_learnedLast = false;
+    bool m_restored = false;
+};
+
 /// Anything at any moment, from a seed. After each step the promises are checked that hold
 /// whatever happens.
 class Storm {
 public:
-    explicit Storm(unsigned seed) : m_random(seed) { chooseTheSettleDelay(); }
+    explicit Storm(unsigned seed) : m_random(seed)
+    {
+        chooseTheSettleDelay();
+        newLogLines();
+    }
 
     /// The first promise that was broken, or nothing.
     QString run(int steps)
@@ -38,15 +79,23 @@ public:
             const std::size_t choice = below(happenings.size());
             const QByteArray before = m_program.dir.read(layoutsFile);
             const bool wasSettling = m_program.watcher->isSettling();
+            const bool wasAway = isDeskAway();
             const auto &[name, isUsersWish, happen] = happenings[choice];
             m_trace << QString::fromUtf8(name);
             (this->*happen)();
-            const bool isUntouched = m_program.dir.read(layoutsFile) == before;
+            if (const QString promise = m_watch.read(newLogLines(), isUsersWish);
+                !promise.isEmpty())
+                return broken(promise);
+            if (m_watch.hasRestored())
+                m_returnUntil = {}; // the restore came instead of the rest of the return
+            const bool isUntouched = isUsersWish || m_program.dir.read(layoutsFile) == before;
             // A settle that is over by now may have restored, and learned what it restored.
-            if (wasSettling && m_program.watcher->isSettling() && !isUsersWish && !isUntouched)
+            if (wasSettling && m_program.watcher->isSettling() && !isUntouched)
                 return broken(
                     QStringLiteral("a layout was overwritten while the displays settled"));
-            if (const QString promise = brokenPromise(); !promise.isEmpty())
+            if (wasAway && isDeskAway() && !isUntouched)
+                return broken(QStringLiteral("a layout was overwritten while the desk was away"));
+            if (const QString promise = brokenPromise(isUsersWish); !promise.isEmpty())
                 return broken(promise);
         }
         return {};
@@ -73,9 +122,36 @@ private:
         return promise + QStringLiteral(", after: ") + m_trace.join(QStringLiteral(", "));
     }
 
-    QString brokenPromise()
+    /// An application that was hidden with the desk still is, or the desk is on its way back.
+    bool isDeskAway()
+    {
+        if (m_program.dir.clock.now() < m_returnUntil)
+            return true;
+        return m_program.panel.isStashed()
+               && std::ranges::any_of(desktop().runningApplications(), [&](const auto &each) {
+                      return each.isHidden && m_stashed.contains(each.pid);
+                  });
+    }
+
+    /// Without their time stamps.
+    QStringList newLogLines()
+    {
+        m_program.dir.log.flush();
+        const QByteArray log = m_program.dir.read(QStringLiteral("app.log"));
+        QStringList lines;
+        for (const QByteArray &line : log.mid(std::exchange(m_logRead, log.size())).split('\n'))
+            lines << QString::fromUtf8(line.mid(line.indexOf(' ') + 1));
+        return lines;
+    }
+
+    QString brokenPromise(bool isUsersWish)
     {
         TestDataDir &dir = m_program.dir;
+        if (m_watch.hasLearnedLast() && !isUsersWish && !m_program.watcher->isSettling()) {
+            const auto displays = m_program.watcher->currentDisplays();
+            if (displays.empty() || displays != m_program.watcher->displays())
+                return QStringLiteral("a desk was learned whose displays are gone");
+        }
         const LayoutStore layouts(dir.log, dir.clock);
         for (const Layout &layout : layouts.allLayouts()) {
             if (layout.windows.empty())
@@ -126,9 +202,10 @@ private:
     }
     void loseAll()
     {
+        const bool hadAny = !screens().displays.empty();
         screens().displays.clear();
-        announce();
-        screens().plug(QStringLiteral("Built-in"), {0, 0, 1440, 900}, 0);
+        if (!hadAny || isLucky())
+            screens().plug(QStringLiteral("Built-in"), {0, 0, 1440, 900}, 0);
         announce();
     }
     void announce()
@@ -141,6 +218,15 @@ private:
         desktop().duringReading = [this] {
             desktop().duringReading = {};
             undock();
+        };
+    }
+
+    /// In the middle of a restore; a timer that comes due there is a trap, too.
+    void changeWithinTheNextMove()
+    {
+        desktop().duringMove = [this] {
+            desktop().duringMove = {};
+            isLucky() ? undock() : wakeEarly();
         };
     }
 
@@ -212,13 +298,38 @@ private:
         m_program.dir.clock.advance(-std::chrono::minutes(below(60)));
         m_program.scheduler.advance(1ms);
     }
-    void wakeEarly() { m_program.scheduler.runNextEarly(); }
+    void wakeEarly()
+    {
+        m_program.scheduler.runNextEarly();
+        m_returnUntil = {}; // that may have been it
+    }
 
     // The user.
     void restore() { controller().restoreNow(); }
     void undo() { controller().undoLastRestore(); }
     void save() { controller().saveLayoutNow(); }
-    void stash() { controller().toggleStash(); }
+    void stash()
+    {
+        std::set<ProcessIdentifier> before;
+        for (const RunningApplication &each : desktop().runningApplications()) {
+            if (each.isHidden)
+                before.insert(each.pid);
+        }
+        controller().toggleStash();
+        const bool isStashed = m_program.panel.isStashed();
+        m_returnUntil = isStashed ? Instant() : m_program.dir.clock.now() + 400ms;
+        m_stashed.clear();
+        for (const RunningApplication &each : desktop().runningApplications()) {
+            if (isStashed && each.isHidden && !before.contains(each.pid))
+                m_stashed.insert(each.pid);
+        }
+    }
+    void stashAndReturn()
+    {
+        stash();
+        waitShortly();
+        stash();
+    }
     void saveScene() { controller().saveCurrentAsScene(); }
     void applyScene() { controller().applyScene(anyScene().value_or(QUuid::createUuid())); }
     void changeScene()
@@ -258,9 +369,13 @@ private:
         m_program.prefs->setHideOthersOnSwitch(isLucky());
         m_program.prefs->setPlaceNewApps(isLucky());
     }
+    void endTheSession() { controller().prepareToEnd(); }
     void startAnew()
     {
         m_program.start();
+        m_watch.forget();
+        m_stashed.clear();
+        m_returnUntil = {};
         chooseTheSettleDelay();
     }
     /// A long one has learning come due before it is over.
@@ -272,6 +387,10 @@ private:
 
     std::mt19937 m_random;
     Program m_program;
+    LearningWatch m_watch;
+    qsizetype m_logRead = 0;
+    std::set<ProcessIdentifier> m_stashed; ///< hidden with the desk
+    Instant m_returnUntil;
     std::chrono::milliseconds m_settleDelay{};
     QStringList m_trace;
 };
@@ -281,6 +400,7 @@ const std::vector<Storm::Happening> Storm::happenings = {
     {"undock or dock", false, &Storm::undock},
     {"lose all displays", false, &Storm::loseAll},
     {"change within the next reading", false, &Storm::changeWithinTheNextReading},
+    {"change within the next move", false, &Storm::changeWithinTheNextMove},
     {"open a window", false, &Storm::openWindow},
     {"close a window", false, &Storm::closeWindow},
     {"change a window", false, &Storm::changeWindow},
@@ -300,6 +420,7 @@ const std::vector<Storm::Happening> Storm::happenings = {
     {"undo", false, &Storm::undo},
     {"save", true, &Storm::save},
     {"stash", false, &Storm::stash},
+    {"stash and return", false, &Storm::stashAndReturn},
     {"save a scene", false, &Storm::saveScene},
     {"apply a scene", false, &Storm::applyScene},
     {"change a scene", false, &Storm::changeScene},
@@ -307,6 +428,7 @@ const std::vector<Storm::Happening> Storm::happenings = {
     {"add a trigger", false, &Storm::addTrigger},
     {"forget the desk", true, &Storm::forget},
     {"change preferences", false, &Storm::changePreferences},
+    {"end the session", false, &Storm::endTheSession},
     {"start anew", true, &Storm::startAnew},
 };
 

@@ -138,6 +138,8 @@ std::vector<WindowAttributes> InMemoryDesktop::windows(ProcessIdentifier pid)
 void InMemoryDesktop::apply(const WindowElementRef &element, std::optional<Point> position,
                             std::optional<Size> size)
 {
+    if (duringMove)
+        duringMove();
     InMemoryWindow *window = find(element);
     if (!window)
         return;

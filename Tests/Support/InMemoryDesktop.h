@@ -78,6 +78,7 @@ public:
     std::set<ProcessIdentifier> refusingToHide;
     QStringList journal; ///< "position 3", "size 3", "raise 3", "hide 100", ..., in order
     std::function<void()> duringReading; ///< called at every reading of the window list
+    std::function<void()> duringMove;    ///< called before every window is moved
 
     // AccessibilityPort
     bool isTrusted() const override { return trusted; }
