@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QStandardPaths>
 
 #include <cmath>
@@ -30,6 +31,43 @@ QString scalarText(const QVariant &value)
     return isScalar ? value.toString() : QString();
 }
 
+/// The text with quotes and escapes undone, however a character was written.
+QByteArray plainText(const QByteArray &ini)
+{
+    QByteArray plain;
+    for (qsizetype i = 0; i < ini.size(); ++i) {
+        if (ini[i] == '"')
+            continue;
+        if (ini[i] != '\\') {
+            plain += ini[i];
+            continue;
+        }
+        const bool isHex = ini.mid(i + 1, 1) == "x";
+        const QByteArrayView digits = isHex ? "0123456789abcdefABCDEF" : "01234567";
+        char16_t number = 0; // a longer one wraps around, as where it is read
+        for (i += isHex ? 1 : 0; i + 1 < ini.size() && digits.contains(ini[i + 1]); ++i)
+            number = char16_t(number * (isHex ? 16 : 8) + ini.mid(i + 1, 1).toUInt(nullptr, 16));
+        if (number > 0 && number < 0x80)
+            plain += char(number);
+    }
+    return plain;
+}
+
+/// Whether a value is in QDataStream's form, which allocates whatever a length in it says. The
+/// program never writes one; a text that looks like one begins with two of the characters.
+bool hasSerializedValue(const QByteArray &ini)
+{
+    static const QRegularExpression form(QStringLiteral("(?<!@)@(Variant|DateTime)\\("));
+    return form.match(QString::fromLatin1(plainText(ini))).hasMatch();
+}
+
+QByteArray fileContent(const QString &path)
+{
+    QFile file(path);
+    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) ? file.readAll()
+                                                                      : QByteArray();
+}
+
 } // namespace
 
 IniUserDefaults::IniUserDefaults(AppLog &log, const Clock &clock)
@@ -39,8 +77,12 @@ IniUserDefaults::IniUserDefaults(AppLog &log, const Clock &clock)
 IniUserDefaults::IniUserDefaults(const QString &path, AppLog &log, const Clock &clock)
     : m_log(log), m_settings(path, QSettings::IniFormat)
 {
-    m_settings.allKeys(); // a section is read when it is first asked for
-    if (m_settings.status() == QSettings::FormatError)
+    bool isCorrupt = hasSerializedValue(fileContent(path));
+    if (!isCorrupt) {
+        m_settings.allKeys(); // a section is read when it is first asked for
+        isCorrupt = m_settings.status() == QSettings::FormatError;
+    }
+    if (isCorrupt)
         setCorruptAside(clock);
 }
 
