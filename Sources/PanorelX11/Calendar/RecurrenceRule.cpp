@@ -100,19 +100,25 @@ void Walk::supplyDay()
     }
 }
 
-/// And so it does about the time of day; lists that are given are put in order.
+/// And so it does about the time of day; lists that are given are put in order, without the numbers
+/// that no clock shows.
 void Walk::supplyTimes()
 {
     const hh_mm_ss time(m_start - m_startDay);
-    const auto supply = [](std::vector<int> &list, auto value, bool open) {
+    const auto supply = [this](std::vector<int> &list, auto value, int end, bool open) {
         if (list.empty() && open)
             list.push_back(static_cast<int>(value.count()));
+        if (list.empty())
+            return;
+        std::erase_if(list, [end](int number) { return number < 0 || number >= end; });
         std::ranges::sort(list);
         list.erase(std::unique(list.begin(), list.end()), list.end());
+        if (list.empty()) // it was to restrict, not to let everything through
+            m_to = m_from - std::chrono::seconds(1);
     };
-    supply(m_rule.hours, time.hours(), m_rule.frequency > Frequency::Hourly);
-    supply(m_rule.minutes, time.minutes(), m_rule.frequency > Frequency::Minutely);
-    supply(m_rule.seconds, time.seconds(), m_rule.frequency > Frequency::Secondly);
+    supply(m_rule.hours, time.hours(), 24, m_rule.frequency > Frequency::Hourly);
+    supply(m_rule.minutes, time.minutes(), 60, m_rule.frequency > Frequency::Minutely);
+    supply(m_rule.seconds, time.seconds(), 60, m_rule.frequency > Frequency::Secondly);
 }
 
 /// Counted in periods of the rule's frequency, of which the first occurrence's is number 0. For
