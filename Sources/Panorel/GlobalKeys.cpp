@@ -1,6 +1,7 @@
 #include "Panorel/GlobalKeys.h"
 
 #include "PanorelCore/Files/AppLog.h"
+#include "PanorelCore/Files/LogText.h"
 #include "PanorelCore/Stores/SceneStore.h"
 #include "PanorelEngine/HotKeys/HotKeyCenter.h"
 #include "PanorelPorts/Platform.h"
@@ -48,7 +49,7 @@ void GlobalKeys::registerKey(const Owner &owner, const HotKeyCombo &combo,
         return;
     m_refused.insert(owner.id);
     m_services.log.log(QStringLiteral("hotkey: %1 is taken, \"%2\" has no key")
-                           .arg(m_services.platform.hotKeys().text(combo), owner.logName));
+                           .arg(m_services.platform.hotKeys().text(combo), forLog(owner.logName)));
 }
 
 } // namespace Panorel

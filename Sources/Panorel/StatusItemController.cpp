@@ -4,6 +4,7 @@
 #include "Panorel/Bus/SessionBus.h"
 #include "Panorel/Panel/PanelController.h"
 #include "Panorel/PanelModel.h"
+#include "Panorel/UI/PlainLine.h"
 #include "PanorelPorts/ShellPort.h"
 
 #include <QCursor>
@@ -51,7 +52,7 @@ void StatusItemController::refresh()
     if (m_statusItem)
         m_statusItem->setToolTip(toolTip);
     if (m_item)
-        m_item->setToolTip(toolTip);
+        m_item->setToolTip(plainToolTip(toolTip));
 }
 
 void StatusItemController::clicked(QSystemTrayIcon::ActivationReason reason)

@@ -68,7 +68,7 @@ QVariant RulesModel::data(const QModelIndex &index, int role) const
         case Qt::DisplayRole:
             return plainLine(name);
         case Qt::ToolTipRole:
-            return rule.bundleID.toHtmlEscaped();
+            return plainToolTip(rule.bundleID);
         case Qt::DecorationRole:
             return icon(rule.bundleID);
         default:

@@ -5,6 +5,7 @@
 #include "Panorel/SceneStudio/StudioPainter.h"
 #include "Panorel/SceneStudio/StudioText.h"
 #include "Panorel/UI/Metrics.h"
+#include "Panorel/UI/PlainLine.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -269,7 +270,7 @@ bool SceneStudioCanvas::event(QEvent *event)
         const auto *help = static_cast<QHelpEvent *>(event);
         const auto id = boxAt(help->pos());
         const QString text =
-            id ? StudioText::nameOf(m_model.box(*id)->record).toHtmlEscaped() : QString();
+            id ? plainToolTip(StudioText::nameOf(m_model.box(*id)->record)) : QString();
         QToolTip::showText(help->globalPos(), text, this);
         return true;
     }

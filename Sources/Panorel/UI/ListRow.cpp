@@ -1,6 +1,7 @@
 #include "Panorel/UI/ListRow.h"
 
 #include "Panorel/UI/Metrics.h"
+#include "Panorel/UI/PlainLine.h"
 #include "Panorel/UI/TextStyle.h"
 #include "Panorel/UI/Theme.h"
 
@@ -58,7 +59,7 @@ bool ListRow::event(QEvent *event)
         const QFontMetrics metrics(fontOf(TextStyle::Body));
         const bool isElided = metrics.horizontalAdvance(title()) > titleArea().width();
         QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
-                           isElided ? title().toHtmlEscaped() : QString(), this);
+                           isElided ? plainToolTip(title()) : QString(), this);
         return true;
     }
     return ActionControl::event(event);

@@ -60,7 +60,7 @@ bool NameField::event(QEvent *event)
     if (event->type() == QEvent::ToolTip && !hasFocus()) {
         const bool isElided = sizeHint().width() > width();
         QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(),
-                           isElided ? m_name.toHtmlEscaped() : QString(), this);
+                           isElided ? plainToolTip(m_name) : QString(), this);
         return true;
     }
     // A window's own Escape must not close it while a name is being written.

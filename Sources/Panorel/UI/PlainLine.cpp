@@ -1,16 +1,21 @@
 #include "Panorel/UI/PlainLine.h"
 
+#include "PanorelCore/Files/LogText.h"
+
+#include <QTextDocument>
+
 namespace Panorel {
 
-QString plainLine(QString text)
+QString plainLine(const QString &text)
 {
-    for (QChar &character : text) {
-        const auto category = character.category();
-        if (category == QChar::Other_Control || category == QChar::Separator_Line
-            || category == QChar::Separator_Paragraph)
-            character = u' ';
-    }
-    return text.trimmed();
+    return forLog(text).trimmed();
+}
+
+QString plainToolTip(const QString &text)
+{
+    if (!Qt::mightBeRichText(text))
+        return text;
+    return QStringLiteral("<qt>") + text.toHtmlEscaped() + QStringLiteral("</qt>");
 }
 
 } // namespace Panorel

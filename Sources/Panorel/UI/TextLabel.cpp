@@ -1,5 +1,6 @@
 #include "Panorel/UI/TextLabel.h"
 
+#include "Panorel/UI/PlainLine.h"
 #include "Panorel/UI/Theme.h"
 
 #include <QEvent>
@@ -48,7 +49,7 @@ bool TextLabel::event(QEvent *event)
     if (event->type() == QEvent::ToolTip && m_fit == Fit::Elide) {
         const bool isElided = sizeHint().width() > width();
         const QPoint position = static_cast<QHelpEvent *>(event)->globalPos();
-        QToolTip::showText(position, isElided ? text().toHtmlEscaped() : QString(), this);
+        QToolTip::showText(position, isElided ? plainToolTip(text()) : QString(), this);
         return true;
     }
     if (event->type() == QEvent::ApplicationFontChange)

@@ -1,6 +1,7 @@
 #include "PanorelCore/Files/StoreFile.h"
 
 #include "PanorelCore/Files/AppLog.h"
+#include "PanorelCore/Files/LogText.h"
 #include "PanorelCore/Files/Paths.h"
 #include "PanorelCore/Files/PrivateFile.h"
 
@@ -40,7 +41,8 @@ std::optional<QByteArray> StoreFile::read()
 void StoreFile::setCorruptAside(const QString &reason)
 {
     moveAside();
-    m_log.log(QStringLiteral("store: %1 was corrupt, moved aside (%2)").arg(name(), reason));
+    m_log.log(
+        QStringLiteral("store: %1 was corrupt, moved aside (%2)").arg(name(), forLog(reason)));
 }
 
 bool StoreFile::write(const QByteArray &bytes)

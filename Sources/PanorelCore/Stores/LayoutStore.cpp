@@ -1,6 +1,7 @@
 #include "PanorelCore/Stores/LayoutStore.h"
 
 #include "PanorelCore/Files/AppLog.h"
+#include "PanorelCore/Files/LogText.h"
 #include "PanorelCore/Files/Paths.h"
 
 #include <algorithm>
@@ -34,7 +35,7 @@ void LayoutStore::saveLearned(Layout layout)
     const QString configID = layout.configID;
     const QString learned =
         QStringLiteral("learned layout: %1 windows for ").arg(layout.windows.size());
-    const QString suffix = QStringLiteral(" [") + layout.layoutName + QLatin1Char(']');
+    const QString suffix = QStringLiteral(" [") + forLog(layout.layoutName) + QLatin1Char(']');
     if (Layout *known = find(configID)) {
         layout.name = known->name;
         *known = std::move(layout);
@@ -42,7 +43,7 @@ void LayoutStore::saveLearned(Layout layout)
         m_file.layouts.push_back(std::move(layout));
     }
     m_store.save(m_file);
-    m_log.log(learned + deskName(configID) + suffix);
+    m_log.log(learned + forLog(deskName(configID)) + suffix);
 }
 
 void LayoutStore::renameDesk(const QString &configID, const QString &name)

@@ -1,6 +1,7 @@
 #include "PanorelEngine/Launch/LaunchPlacement.h"
 
 #include "PanorelCore/Files/AppLog.h"
+#include "PanorelCore/Files/LogText.h"
 #include "PanorelCore/Matching/WindowMatcher.h"
 #include "PanorelCore/Stores/AppRuleStore.h"
 #include "PanorelCore/Stores/LayoutStore.h"
@@ -86,7 +87,7 @@ void LaunchPlacement::place(const QString &bundleID, ProcessIdentifier pid, int 
     if (moved > 0)
         m_log.log(QStringLiteral("launch placement: moved %1 windows for %2")
                       .arg(moved)
-                      .arg(records.front().appName));
+                      .arg(forLog(records.front().appName)));
 }
 
 /// Those of the learned layout; where it has none because the application was not running when

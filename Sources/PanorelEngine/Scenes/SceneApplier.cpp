@@ -1,6 +1,7 @@
 #include "PanorelEngine/Scenes/SceneApplier.h"
 
 #include "PanorelCore/Files/AppLog.h"
+#include "PanorelCore/Files/LogText.h"
 #include "PanorelCore/Stores/SceneStore.h"
 #include "PanorelCore/Stores/UsageStore.h"
 #include "PanorelEngine/Windows/RestoreEngine.h"
@@ -47,7 +48,7 @@ RestoreReport SceneApplier::apply(const SceneRecord &scene, bool alsoRestoreSize
     const RestoreReport report = m_engine.apply(scene.layout, alsoRestoreSize);
     m_scenes.markApplied(scene.id, scene.configID);
     m_usage.record(UsageEvents::SceneSwitch{});
-    m_log.log(QStringLiteral("scene applied: ") + scene.name + QStringLiteral(", ")
+    m_log.log(QStringLiteral("scene applied: ") + forLog(scene.name) + QStringLiteral(", ")
               + report.summary());
     return report;
 }

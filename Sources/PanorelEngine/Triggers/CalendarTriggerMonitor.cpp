@@ -1,6 +1,7 @@
 #include "PanorelEngine/Triggers/CalendarTriggerMonitor.h"
 
 #include "PanorelCore/Files/AppLog.h"
+#include "PanorelCore/Files/LogText.h"
 #include "PanorelCore/Triggers/TriggerStore.h"
 #include "PanorelCore/Triggers/VideoLinkDetector.h"
 
@@ -120,7 +121,8 @@ void CalendarTriggerMonitor::answered(int number, const CalendarPort::Events &ev
             fire(trigger, title);
             if (life.expired())
                 return;
-            m_log.log(QStringLiteral("calendar trigger fired for “") + title + QStringLiteral("”"));
+            m_log.log(QStringLiteral("calendar trigger fired for “") + forLog(title)
+                      + QStringLiteral("”"));
         }
     }
 }

@@ -1,6 +1,7 @@
 #include "PanorelEngine/Windows/RestoreEngine.h"
 
 #include "PanorelCore/Files/AppLog.h"
+#include "PanorelCore/Files/LogText.h"
 #include "PanorelCore/Matching/WindowMatcher.h"
 #include "PanorelCore/Stores/AppRuleStore.h"
 
@@ -183,7 +184,7 @@ void RestoreEngine::logReport(const RestoreReport &report)
 {
     m_log.log(QStringLiteral("restore report: ") + report.summary());
     for (const QString &note : report.notes)
-        m_log.log(QStringLiteral("  ") + note);
+        m_log.log(QStringLiteral("  ") + forLog(note));
 }
 
 } // namespace Panorel

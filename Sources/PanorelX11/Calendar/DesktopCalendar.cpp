@@ -1,6 +1,7 @@
 #include "PanorelX11/Calendar/DesktopCalendar.h"
 
 #include "PanorelCore/Files/AppLog.h"
+#include "PanorelCore/Files/LogText.h"
 #include "PanorelX11/Calendar/CalendarReader.h"
 
 #include <mutex>
@@ -40,7 +41,7 @@ public:
         std::erase_if(m_said,
                       [&](const auto &said) { return now - said.second >= std::chrono::hours(1); });
         if (m_said.size() < 200 && m_said.try_emplace(line, now).second)
-            m_log->log(QStringLiteral("calendar: ") + line);
+            m_log->log(QStringLiteral("calendar: ") + forLog(line));
     }
 
     void deliver(Events events)
