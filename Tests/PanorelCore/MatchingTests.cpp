@@ -24,6 +24,7 @@ constexpr Case cases[] = {
     {"title of another case is not exact", "a:Mail", "a:mail a:Mail", "1"},
     {"exact title beats equal size", "a:T@9x9", "a:U@9x9 a:T", "1"},
     {"one title: first to first, second to second", "a:T a:T", "b:T a:T a:T", "1 2"},
+    {"the second of one title is exact too", "a:T a:T", "a:T a:Tx a:T@9x9", "0 2"},
     {"two empty titles are equal", "a:@1x1", "a:X@1x1 a:", "1"},
     {"later exact match before an earlier scored one", "a:Rep a:Report", "a:Report", "- 0"},
     {"saved title begins the live one", "a:Report", "a:Inbox a:Report2", "1"},
