@@ -167,16 +167,16 @@ void countRestore(benchmark::State &state)
         loaded.record(UsageEvents::Restore{2});
 }
 
-BENCHMARK(loadLayouts)->Name("desks/layouts loaded")->Apply(decades);
+BENCHMARK(loadLayouts)->Name("desks/layouts loaded")->Apply(twoDecades);
 BENCHMARK(lookUp)->Name("desks/layout looked up")->Apply(decades);
-BENCHMARK(learnUnchanged)->Name("desks/learn, nothing changed")->Apply(decades);
-BENCHMARK(learnOneMoved)->Name("desks/learn, one window moved")->Apply(decades);
-BENCHMARK(refreshPanelByDesks)->Name("desks/panel refreshed")->Apply(decades);
+BENCHMARK(learnUnchanged)->Name("desks/learn, nothing changed")->Apply(twoDecades);
+BENCHMARK(learnOneMoved)->Name("desks/learn, one window moved")->Apply(twoDecades);
+BENCHMARK(refreshPanelByDesks)->Name("desks/panel refreshed")->Apply(twoDecades);
 BENCHMARK(countRestore)->Name("desks/restore counted")->Apply(decades);
-BENCHMARK(loadScenes)->Name("scenes/loaded")->Apply(decades);
-BENCHMARK(updateScene)->Name("scenes/one changed")->Apply(decades);
-BENCHMARK(refreshPanelByScenes)->Name("scenes/panel refreshed")->Apply(decades);
-BENCHMARK(reloadKeys)->Name("scenes/hot keys reloaded")->Apply(decades);
+BENCHMARK(loadScenes)->Name("scenes/loaded")->Apply(twoDecades);
+BENCHMARK(updateScene)->Name("scenes/one changed")->Apply(twoDecades);
+BENCHMARK(refreshPanelByScenes)->Name("scenes/panel refreshed")->Apply(twoDecades);
+BENCHMARK(reloadKeys)->Name("scenes/hot keys reloaded")->Apply(twoDecades);
 BENCHMARK(loadTriggers)->Name("triggers/loaded")->Apply(decades);
 BENCHMARK(planNextFire)->Name("triggers/next fire planned")->Apply(decades);
 BENCHMARK(lookAtMeetings)->Name("events/looked at for meetings")->Apply(decades);

@@ -80,7 +80,7 @@ BENCHMARK(steady)->Name("log/a thousand a second")->Arg(5'000)->Iterations(1)->U
 BENCHMARK(append)
     ->Name("log/line appended")
     ->RangeMultiplier(10)
-    ->Range(1'000, 1'000'000)
+    ->Range(1'000, 100'000)
     ->UseRealTime();
 
 } // namespace

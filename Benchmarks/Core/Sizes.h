@@ -11,4 +11,10 @@ inline void decades(benchmark::internal::Benchmark *benchmark)
     benchmark->RangeMultiplier(10)->Range(10, 10'000)->UseRealTime();
 }
 
+/// For what nobody has ten thousand of, and what takes long to prepare.
+inline void twoDecades(benchmark::internal::Benchmark *benchmark)
+{
+    benchmark->RangeMultiplier(10)->Range(10, 1'000)->UseRealTime();
+}
+
 } // namespace Panorel
