@@ -3,6 +3,7 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QRegularExpression>
 #include <QTest>
 
 #include <csignal>
@@ -11,6 +12,12 @@ using namespace Panorel;
 using namespace Panorel::Desktop;
 
 namespace {
+
+const QByteArray documentedScene =
+    R"({"id":"11111111-1111-1111-1111-111111111111","configID":"c","name":"Scene 1",)"
+    R"("createdAt":"2024-01-01T00:00:00Z","opensMissingApps":false,)"
+    R"("layout":{"configID":"c","name":"","layoutName":"","savedAt":"2024-01-01T00:00:00Z",)"
+    R"("displays":[],"windows":[]}})";
 
 /// What a command of another program says; the words are its arguments.
 struct Command {
@@ -59,6 +66,7 @@ private Q_SLOTS:
     void theRunningProgramDoesWhatItIsTold();
     void withoutAProgramTheFilesAnswer();
     void theSessionBusHasTheSameVerbs();
+    void everyCommandOfTheGuidesWorks();
 };
 
 void CommandLineTest::theRunningProgramDoesWhatItIsTold()
@@ -110,11 +118,7 @@ void CommandLineTest::withoutAProgramTheFilesAnswer()
     QCOMPARE(panorel("dance").status, 2);
     QCOMPARE(json(panorel("status --json")).value(QStringLiteral("running")), false);
 
-    const QByteArray scenes =
-        R"({"lastAppliedByConfig":{},"scenes":[{"id":"11111111-1111-1111-1111-111111111111",)"
-        R"("configID":"c","name":"Work","createdAt":"2024-01-01T00:00:00Z","opensMissingApps":true,)"
-        R"("layout":{"configID":"c","name":"","layoutName":"","savedAt":"2024-01-01T00:00:00Z",)"
-        R"("displays":[],"windows":[]}}]})";
+    const QByteArray scenes = R"({"lastAppliedByConfig":{},"scenes":[)" + documentedScene + "]}";
     writeFile(data.filePath(QStringLiteral("scenes.json")), scenes);
     const QString file = data.filePath(QStringLiteral("all.json"));
     QCOMPARE(Command(TestProgram::path(), {QStringLiteral("export"), file}).status, 0);
@@ -127,7 +131,7 @@ void CommandLineTest::withoutAProgramTheFilesAnswer()
              qPrintable(import.output + import.errors));
     const QJsonArray list =
         json(panorel("--json scenes")).value(QStringLiteral("scenes")).toArray();
-    QCOMPARE(list.at(0)[QStringLiteral("name")].toString(), QStringLiteral("Work"));
+    QCOMPARE(list.at(0)[QStringLiteral("name")].toString(), QStringLiteral("Scene 1"));
     QCOMPARE(QDir(data.filePath(QStringLiteral("backups"))).entryList(QDir::Files).size(), 1);
     qunsetenv("PANOREL_DATA_DIR");
 }
@@ -161,6 +165,60 @@ void CommandLineTest::theSessionBusHasTheSameVerbs()
         program.endCleanly(SIGTERM);
     }
     qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+}
+
+/// In their order, on a desk with a scene, with what a shell does to quotes and comments.
+void CommandLineTest::everyCommandOfTheGuidesWorks()
+{
+    const QTemporaryDir folder;
+    DesktopSession desk;
+    desk.open(ClientKind::Plain, "letter", {200, 200, 500, 400});
+    TestProgram program;
+    program.awaitLogged(1, "learned layout: 1 windows");
+    const QString file = folder.filePath(QStringLiteral("state.json"));
+    require(
+        [&] {
+            return Command(TestProgram::path(), {QStringLiteral("export"), file}).status == 0;
+        },
+        "an export");
+    QByteArray state = readFile(file);
+    const QByteArray noScenes = "\"scenes\": [\n            ]";
+    QVERIFY(state.contains(noScenes));
+    writeFile(file, state.replace(noScenes, QByteArray("\"scenes\": [") + documentedScene + ']'));
+    QCOMPARE(Command(TestProgram::path(), {QStringLiteral("import"), file}).errors, QString());
+    QCOMPARE(panorel("restore").status, 0); // so that there is something to undo
+
+    static const QRegularExpression typed(QStringLiteral("(?m)^    (panorel [^\n]*)$"));
+    int count = 0;
+    for (const char *name : {"/README.md", "/Documentation/UserGuide.md"}) {
+        const QString guide =
+            QString::fromUtf8(readFile(QStringLiteral(PANOREL_ROOT) + QLatin1String(name)));
+        for (auto found = typed.globalMatch(guide); found.hasNext();) {
+            const QString line = found.next().captured(1);
+            QProcess shell;
+            shell.setWorkingDirectory(folder.path());
+            QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+            environment.insert(QStringLiteral("PATH"), QFileInfo(TestProgram::path()).path()
+                                                           + QStringLiteral(":/usr/bin:/bin"));
+            shell.setProcessEnvironment(environment);
+            if (line.contains(QStringLiteral("--follow"))) {
+                shell.start(QStringLiteral("sh"),
+                            {QStringLiteral("-c"), line + QStringLiteral(" | head -n 1")});
+                require([&] { return shell.canReadLine(); }, "a line of the log");
+                QVERIFY(shell.readLine().startsWith("["));
+                // It notices with the next line that nobody listens any more.
+                QCOMPARE(panorel("restore").status, 0);
+            } else {
+                shell.start(QStringLiteral("sh"), {QStringLiteral("-c"), line});
+            }
+            QVERIFY2(shell.waitForFinished(30'000), qPrintable(line));
+            QVERIFY2(shell.exitCode() == 0,
+                     qPrintable(line + QStringLiteral(": ")
+                                + QString::fromUtf8(shell.readAllStandardError())));
+            ++count;
+        }
+    }
+    QVERIFY(count > 12);
 }
 
 QTEST_GUILESS_MAIN(CommandLineTest)
