@@ -77,10 +77,13 @@ std::optional<QString> GioLauncher::locate(const QString &bundleID)
 void GioLauncher::open(const QString &location)
 {
     // The environment is read here, on the thread that may change it.
-    m_opener.run([path = QFile::encodeName(location),
-                  context = std::shared_ptr<GAppLaunchContext>(contextWithStartEnvironment())] {
-        launch(path, context.get());
+    std::erase_if(m_openings, [](const std::future<void> &opening) {
+        return opening.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
     });
+    m_openings.push_back(std::async(
+        std::launch::async, [path = QFile::encodeName(location),
+                             context = std::shared_ptr<GAppLaunchContext>(
+                                 contextWithStartEnvironment())] { launch(path, context.get()); }));
 }
 
 } // namespace Panorel::X11

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "PanorelPorts/ApplicationPorts.h"
-#include "PanorelX11/Session/BackgroundThread.h"
+
+#include <future>
+#include <vector>
 
 namespace Panorel::X11 {
 
@@ -18,7 +20,7 @@ public:
     void open(const QString &location) override;
 
 private:
-    BackgroundThread m_opener;
+    std::vector<std::future<void>> m_openings; ///< their end is waited for
 };
 
 } // namespace Panorel::X11
