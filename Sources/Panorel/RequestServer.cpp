@@ -2,7 +2,7 @@
 
 #include <QDeadlineTimer>
 #include <QLocalSocket>
-#include <QTimer>
+#include <QSocketNotifier>
 
 namespace Panorel {
 
@@ -10,6 +10,8 @@ RequestServer::RequestServer(Handler handler) : m_handler(std::move(handler))
 {
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&m_server, &QLocalServer::newConnection, this, &RequestServer::acceptAll);
+    m_listenAgain.setInterval(listenAgainMilliseconds);
+    connect(&m_listenAgain, &QTimer::timeout, this, &RequestServer::listenAgain);
 }
 
 RequestServer::~RequestServer()
@@ -20,8 +22,20 @@ RequestServer::~RequestServer()
 
 bool RequestServer::listen(const QString &path)
 {
+    m_path = path;
     QLocalServer::removeServer(path);
-    return m_server.listen(path);
+    if (!m_server.listen(path))
+        return false;
+    // The server closes itself where it can't accept a connection; its notifier's end alone tells.
+    if (const auto *notifier = m_server.findChild<QSocketNotifier *>())
+        connect(notifier, &QObject::destroyed, &m_listenAgain, qOverload<>(&QTimer::start));
+    return true;
+}
+
+void RequestServer::listenAgain()
+{
+    if (m_server.isListening() || listen(m_path))
+        m_listenAgain.stop();
 }
 
 void RequestServer::acceptAll()

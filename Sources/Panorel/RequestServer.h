@@ -3,6 +3,7 @@
 #include <QLocalServer>
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
 #include <functional>
 #include <list>
@@ -26,6 +27,7 @@ public:
     static constexpr std::size_t maximumClients = 16;
     /// With one client, until it has asked and again until it has taken the reply.
     static constexpr int patienceMilliseconds = 2000;
+    static constexpr int listenAgainMilliseconds = 1000;
 
     /// The reply to a request, both without line feeds. May take its time, but must not run the
     /// event loop.
@@ -35,16 +37,20 @@ public:
     ~RequestServer() override;
 
     /// The caller has made sure that nobody else is to be heard under this path: what is left there
-    /// is replaced. False where no socket can be made; then nobody reaches us.
+    /// is replaced. False where no socket can be made; then nobody reaches us. Where listening ends
+    /// later, for want of descriptors, it begins again when there are some.
     bool listen(const QString &path);
 
 private:
+    void listenAgain();
     void acceptAll();
     void read(QLocalSocket *client, QTimer *patience);
     void expire(QLocalSocket *client, QTimer *patience);
     void drop(QLocalSocket *client);
 
     Handler m_handler;
+    QString m_path;
+    QTimer m_listenAgain; ///< runs while it does not listen any more
     QLocalServer m_server;
     std::list<QLocalSocket *> m_clients; ///< the oldest first; the server is their parent
 };
