@@ -159,6 +159,14 @@ void DesktopProbe::setState(xcb_window_t window, bool on, const char *first, con
             {on ? 1U : 0U, atom(first), second ? atom(second) : xcb_atom_t{XCB_ATOM_NONE}, pager});
 }
 
+void DesktopProbe::setTitle(xcb_window_t window, const QByteArray &title)
+{
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, atom("_NET_WM_NAME"),
+                        atom("UTF8_STRING"), 8, static_cast<std::uint32_t>(title.size()),
+                        title.constData());
+    xcb_flush(m_connection.get());
+}
+
 void DesktopProbe::minimise(xcb_window_t window)
 {
     message(window, "WM_CHANGE_STATE", {3});

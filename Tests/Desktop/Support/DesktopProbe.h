@@ -41,6 +41,8 @@ public:
     void setState(xcb_window_t window, bool on, const char *first, const char *second = nullptr);
     void minimise(xcb_window_t window);
 
+    void setTitle(xcb_window_t window, const QByteArray &title);
+
     /// Asks the window manager, without waiting.
     void move(xcb_window_t window, const Rect &frame);
     void activate(xcb_window_t window);

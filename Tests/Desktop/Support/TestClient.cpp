@@ -75,7 +75,22 @@ TestClient::TestClient(const QStringList &command) : m_process(command.first(), 
 
 void TestClient::dieWhenMoved()
 {
-    kill(static_cast<pid_t>(m_process.processID()), SIGUSR1);
+    send(SIGUSR1);
+}
+
+void TestClient::stop()
+{
+    send(SIGSTOP);
+}
+
+void TestClient::goOn()
+{
+    send(SIGCONT);
+}
+
+void TestClient::send(int signal)
+{
+    kill(static_cast<pid_t>(m_process.processID()), signal);
 }
 
 } // namespace Panorel::Desktop

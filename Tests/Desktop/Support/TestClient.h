@@ -34,7 +34,12 @@ public:
     /// It kills itself, without a word to the window manager, as soon as it is next moved.
     void dieWhenMoved();
 
+    /// It answers nothing until it goes on.
+    void stop();
+    void goOn();
+
 private:
+    void send(int signal);
     explicit TestClient(const QStringList &command);
 
     ChildProcess m_process;

@@ -29,6 +29,41 @@ TestProgram::~TestProgram()
     qunsetenv("PANOREL_DATA_DIR");
 }
 
+void TestProgram::killAndStartAgain()
+{
+    m_child.killNow();
+    m_child.start();
+}
+
+QByteArray TestProgram::processFile(const QString &name) const
+{
+    return readFile(QStringLiteral("/proc/%1/%2").arg(processID()).arg(name));
+}
+
+void TestProgram::awaitRest() const
+{
+    const auto processorTime = [this] {
+        const QByteArray stat = processFile(QStringLiteral("stat"));
+        return stat.mid(stat.lastIndexOf(')')).split(' ').mid(12, 2);
+    };
+    const auto wakeUps = [this] {
+        const QByteArray status = processFile(QStringLiteral("status"));
+        const qsizetype at = status.indexOf("\nvoluntary_ctxt_switches:");
+        return status.mid(status.indexOf('\t', at)).trimmed().split('\n').at(0).toLongLong();
+    };
+    constexpr int looksInARow = 5;
+    int restful = 0;
+    require(
+        [&] {
+            const auto time = processorTime();
+            const qint64 wakings = wakeUps();
+            QTest::qSleep(100);
+            restful = processorTime() == time && wakeUps() - wakings < 10 ? restful + 1 : 0;
+            return restful == looksInARow;
+        },
+        "a program that rests");
+}
+
 qsizetype TestProgram::logged(const char *text) const
 {
     return read(QStringLiteral("app.log")).count(text);

@@ -18,7 +18,16 @@ public:
 
     static QString path();
 
-    qint64 processID() const { return m_child.processID(); }
+    /// It dies where it is, and starts again with what it has left.
+    void killAndStartAgain();
+
+    pid_t processID() const { return static_cast<pid_t>(m_child.processID()); }
+
+    /// One of the kernel's files about it: "io", "net/unix".
+    QByteArray processFile(const QString &name) const;
+    /// Until it rests: no processor time and next to no waking for a while.
+    void awaitRest() const;
+
     qsizetype logged(const char *text) const;
     void awaitLogged(qsizetype count, const char *text) const;
 
