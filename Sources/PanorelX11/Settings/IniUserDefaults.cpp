@@ -68,6 +68,24 @@ QByteArray fileContent(const QString &path)
                                                                       : QByteArray();
 }
 
+/// QSettings would drop the lines that it does not understand with the next write.
+void setCorruptAside(const QString &path, AppLog &log, const Clock &clock)
+{
+    const auto seconds =
+        std::chrono::duration_cast<std::chrono::seconds>(clock.now().time_since_epoch());
+    QFile::rename(path, path + QStringLiteral(".corrupt-%1").arg(seconds.count()));
+    log.log(
+        QStringLiteral("settings: %1 was corrupt, moved aside").arg(QFileInfo(path).fileName()));
+}
+
+/// The path, at which there is nothing that QSettings must not see.
+QString checked(const QString &path, AppLog &log, const Clock &clock)
+{
+    if (hasSerializedValue(fileContent(path)))
+        setCorruptAside(path, log, clock);
+    return path;
+}
+
 } // namespace
 
 IniUserDefaults::IniUserDefaults(AppLog &log, const Clock &clock)
@@ -75,27 +93,13 @@ IniUserDefaults::IniUserDefaults(AppLog &log, const Clock &clock)
 {}
 
 IniUserDefaults::IniUserDefaults(const QString &path, AppLog &log, const Clock &clock)
-    : m_log(log), m_settings(path, QSettings::IniFormat)
+    : m_log(log), m_settings(checked(path, log, clock), QSettings::IniFormat)
 {
-    bool isCorrupt = hasSerializedValue(fileContent(path));
-    if (!isCorrupt) {
-        m_settings.allKeys(); // a section is read when it is first asked for
-        isCorrupt = m_settings.status() == QSettings::FormatError;
-    }
-    if (isCorrupt)
-        setCorruptAside(clock);
-}
-
-/// QSettings would drop the lines that it does not understand with the next write.
-void IniUserDefaults::setCorruptAside(const Clock &clock)
-{
-    const QString path = m_settings.fileName();
-    const auto seconds =
-        std::chrono::duration_cast<std::chrono::seconds>(clock.now().time_since_epoch());
-    QFile::rename(path, path + QStringLiteral(".corrupt-%1").arg(seconds.count()));
+    m_settings.allKeys(); // a section is read when it is first asked for
+    if (m_settings.status() != QSettings::FormatError)
+        return;
+    setCorruptAside(path, log, clock);
     m_settings.clear(); // what it did understand may be as wrong as the rest
-    m_log.log(
-        QStringLiteral("settings: %1 was corrupt, moved aside").arg(QFileInfo(path).fileName()));
 }
 
 bool IniUserDefaults::contains(const QString &key) const

@@ -14,7 +14,8 @@ namespace Panorel::X11 {
 /// The settings in an INI file, "Panorel/Panorel.ini" in the user's configuration folder unless
 /// told otherwise. Only its user can read it. INI text has no types: a value is of a type when it
 /// reads as that type and as nothing else would be written. Hand-edited values are welcome. A file
-/// that is no INI text is moved aside as "Panorel.ini.corrupt-SECONDS" before it is written over.
+/// that is no INI text or holds values in QDataStream's form is moved aside as
+/// "Panorel.ini.corrupt-SECONDS" before it is written over.
 /// That, and the first write that fails, is logged.
 class IniUserDefaults final : public UserDefaultsPort {
 public:
@@ -36,7 +37,6 @@ public:
     void remove(const QString &key) override;
 
 private:
-    void setCorruptAside(const Clock &clock);
     void writeThrough();
 
     AppLog &m_log;
