@@ -41,28 +41,21 @@ std::vector<xcb_window_t> shuffled(std::vector<xcb_window_t> windows, Random &ra
 
 BenchDesk::BenchDesk(const QString &windowManager, int count)
     : session(windowManager, Desktop::sideBySide()),
-      m_client(
-          QStringLiteral(PANOREL_MANY_WINDOWS),
-          {QString::number(count), QString::number(std::max(1, count / windowsOfAnApplication))})
+      m_crowd(count, std::max(1, count / windowsOfAnApplication))
 {
-    m_client.start();
-    for (const QString &window : m_client.readLine().split(u' '))
-        m_windows.push_back(window.toUInt());
-    Desktop::require([&] { return int(session.probe.stacking().size()) == count; },
-                     "all windows managed");
-    raw.watch(m_windows);
+    raw.watch(windows());
     raw.rest();
     Random random(1);
-    m_places = randomFrames(m_windows.size(), random, 2 * displayWidth);
-    m_bottomToTop = shuffled(m_windows, random);
+    m_places = randomFrames(windows().size(), random, 2 * displayWidth);
+    m_bottomToTop = shuffled(windows(), random);
     arrange(m_places, m_bottomToTop);
 }
 
 void BenchDesk::scatter(int round, double width)
 {
     Random random(std::uint32_t(1000 + round));
-    const auto frames = randomFrames(m_windows.size(), random, width);
-    arrange(frames, shuffled(m_windows, random));
+    const auto frames = randomFrames(windows().size(), random, width);
+    arrange(frames, shuffled(windows(), random));
 }
 
 int BenchDesk::windowsOff() const

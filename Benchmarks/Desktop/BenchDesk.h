@@ -15,7 +15,7 @@ public:
 
     const std::vector<Rect> &places() const { return m_places; }
     const std::vector<xcb_window_t> &bottomToTop() const { return m_bottomToTop; }
-    const std::vector<xcb_window_t> &windows() const { return m_windows; }
+    const std::vector<xcb_window_t> &windows() const { return m_crowd.windows(); }
 
     /// Everything somewhere else, in another order and at rest: the same for the same round.
     /// Events of it that the event loop delivers are delivered.
@@ -37,8 +37,7 @@ public:
 private:
     void arrange(const std::vector<Rect> &frames, const std::vector<xcb_window_t> &bottomToTop);
 
-    Desktop::ChildProcess m_client;
-    std::vector<xcb_window_t> m_windows;
+    Desktop::TestCrowd m_crowd;
     std::vector<Rect> m_places;
     std::vector<xcb_window_t> m_bottomToTop;
 };

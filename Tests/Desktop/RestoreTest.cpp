@@ -38,6 +38,7 @@ private Q_SLOTS:
     void besideAPanelMaximisedAndNormalWindowsChangeBack();
     void everyStateAndDesktopIsLeftAsItIs();
     void aWindowThatDiesOnTheWayHoldsUpNoOther();
+    void aCrowdIsInPlaceAndInOrderWhenTheRestoreIsOver();
     void hostileTitlesAreKeptAndMatched();
     void withoutAWindowManagerNothingIsTouched();
 };
@@ -162,6 +163,35 @@ void RestoreTest::aWindowThatDiesOnTheWayHoldsUpNoOther()
     require([&] { return session.probe.stacking().size() == 2; }, "the death of the doomed window");
     QCOMPARE(session.frames(), before);
     QCOMPARE(session.capture().windows.size(), 2u);
+}
+
+void RestoreTest::aCrowdIsInPlaceAndInOrderWhenTheRestoreIsOver()
+{
+    EngineSession session(managerOfThisRun());
+    DesktopProbe &probe = session.probe;
+    const TestCrowd crowd(200, 10);
+    for (int i = 0; i < 200; ++i) // no two in one place
+        probe.move(crowd.windows()[std::size_t(i)],
+                   {20.0 + 30 * (i % 40), 20.0 + 90 * (i / 40), 400, 300});
+    TestClient &focused = session.open(ClientKind::Plain, "focused", {300, 300, 500, 400});
+    const QStringList before = session.frames();
+    const Layout learned = session.capture();
+    const std::vector<xcb_window_t> order = probe.stacking();
+    QCOMPARE(learned.windows.size(), 201u);
+
+    for (const xcb_window_t window : crowd.windows())
+        probe.move(window, {2200, 200, 600, 450});
+    for (auto window = order.rbegin(); window != order.rend(); ++window)
+        probe.activate(*window);
+    require([&] { return probe.stacking().back() == order.front(); }, "the reverse order");
+    session.activateAndWait(focused);
+    session.frames(); // at rest
+    const RestoreReport report = session.restore(learned);
+    QVERIFY2(report.restored == 201, qPrintable(report.summary()));
+    QTRY_COMPARE(probe.stacking(), order);
+    QCOMPARE(session.frames(), before);
+    // Not with one whose turn came only after the focus had been given back.
+    QCOMPARE(probe.activeWindow(), std::optional(focused.window()));
 }
 
 void RestoreTest::hostileTitlesAreKeptAndMatched()

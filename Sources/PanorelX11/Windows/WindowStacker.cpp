@@ -8,7 +8,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
+/// With a window manager that changes nothing any more. Some of them tell what they have done only
+/// when they have done it all.
 constexpr auto stackingPatience = 100ms;
+constexpr auto stackingPatienceEach = 5ms;
+constexpr auto longestPatience = 6s;
 /// Within this a window manager has handled an activation, whether it announced it or not.
 constexpr auto activationPatience = 80ms;
 constexpr auto focusPatience = 150ms;
@@ -24,13 +28,13 @@ WindowStacker::WindowStacker(EventPump &pump, ClientRegistry &registry, const Cl
 void WindowStacker::raise(const std::vector<xcb_window_t> &backToFront)
 {
     const auto windows = raisable(backToFront);
-    if (windows.empty() || isStacked(windows))
+    if (windows.empty() || isStacked(ordinaryFrontToBack(), windows))
         return;
     if (!m_windowManager.supports("_NET_RESTACK_WINDOW"))
         return raiseByActivating(windows);
     for (const xcb_window_t window : windows)
         m_windowManager.stackOnTop(window);
-    m_pump.waitFor([&] { return isStacked(windows); }, stackingPatience);
+    awaitStacking(windows);
 }
 
 std::vector<xcb_window_t>
@@ -45,29 +49,60 @@ WindowStacker::raisable(const std::vector<xcb_window_t> &backToFront) const
     return windows;
 }
 
-bool WindowStacker::isStacked(const std::vector<xcb_window_t> &backToFront)
+std::vector<xcb_window_t> WindowStacker::ordinaryFrontToBack()
 {
-    const auto clients = m_registry.frontToBack();
-    if (!clients)
-        return false;
     std::vector<xcb_window_t> ordinary;
-    for (const auto &client : *clients) {
+    for (const auto &client :
+         m_registry.frontToBack().value_or(std::vector<ClientRegistry::Client>{})) {
         if (client.facts.isOrdinary())
             ordinary.push_back(client.window);
     }
-    // Only windows that could be above the raised ones: those that are kept above stay there.
-    const auto readings = m_reader.read(ordinary);
+    return ordinary;
+}
+
+bool WindowStacker::isStacked(const std::vector<xcb_window_t> &ordinary,
+                              const std::vector<xcb_window_t> &backToFront) const
+{
     auto next = backToFront.rbegin();
-    for (std::size_t i = 0; i < ordinary.size() && next != backToFront.rend(); ++i) {
-        if (ordinary[i] == *next)
+    std::vector<xcb_window_t> others;
+    for (auto window = ordinary.begin(); window != ordinary.end() && next != backToFront.rend();
+         ++window) {
+        if (*window == *next)
             ++next;
-        else if (std::ranges::find(backToFront, ordinary[i]) != backToFront.end())
+        else if (std::ranges::find(backToFront, *window) != backToFront.end())
             return false;
-        else if (readings[i] && readings[i]->isOnCurrentDesktop && !readings[i]->isMinimized
-                 && !readings[i]->isKeptAboveOrBelow && !readings[i]->isFullScreen)
-            return false;
+        else
+            others.push_back(*window);
     }
-    return next == backToFront.rend();
+    if (next != backToFront.rend())
+        return false;
+    // Of what is among the raised ones only windows count that these could be above: those that
+    // are kept above stay there.
+    const auto readings = m_reader.read(others);
+    return std::ranges::none_of(readings, [](const std::optional<ClientReading> &reading) {
+        return reading && reading->isOnCurrentDesktop && !reading->isMinimized
+               && !reading->isKeptAboveOrBelow && !reading->isFullScreen;
+    });
+}
+
+void WindowStacker::awaitStacking(const std::vector<xcb_window_t> &backToFront)
+{
+    const auto patience = stackingPatience + stackingPatienceEach * std::ssize(backToFront);
+    const auto end = std::chrono::steady_clock::now() + longestPatience;
+    auto patientUntil = EventPump::TimePoint{};
+    std::vector<xcb_window_t> before;
+    while (true) {
+        auto ordinary = ordinaryFrontToBack();
+        if (ordinary.empty() || isStacked(ordinary, backToFront))
+            return;
+        const auto now = std::chrono::steady_clock::now();
+        if (ordinary != before)
+            patientUntil = std::min(now + patience, end);
+        if (now >= patientUntil)
+            return;
+        before = std::move(ordinary);
+        m_pump.waitUntil(patientUntil);
+    }
 }
 
 void WindowStacker::raiseByActivating(const std::vector<xcb_window_t> &backToFront)
@@ -75,18 +110,19 @@ void WindowStacker::raiseByActivating(const std::vector<xcb_window_t> &backToFro
     const auto before = m_focus.holder();
     for (const xcb_window_t window : backToFront)
         m_windowManager.activate(window);
+    // An activation that is handled after the focus was given back would take it once more.
+    awaitStacking(backToFront);
     m_pump.waitFor([&] { return m_focus.activeWindow() == backToFront.back(); },
                    activationPatience);
     if (!before)
         return;
-    // Set by hand: to activate the window again would raise it. Twice, because an activation that
-    // is handled late takes the focus once more.
+    // Set by hand: to activate the window again would raise it. Twice, because the window manager
+    // may say who is active before it gives him the focus.
     for (int round = 0; round < 2; ++round) {
         m_focus.giveBack(*before);
         if (m_pump.waitFor([&] { return m_focus.activeWindow() == before->active; }, focusPatience))
             break;
     }
-    m_pump.waitFor([&] { return isStacked(backToFront); }, stackingPatience);
 }
 
 } // namespace Panorel::X11

@@ -17,13 +17,16 @@ public:
                   const WindowManager &windowManager, const InputFocus &focus);
 
     /// The last one ends on top. Minimised windows are left out, and so are windows of another
-    /// desktop where raising would mean to switch to it. Waits, for some tenths of a second at
-    /// the most, until the window manager has done it.
+    /// desktop where raising would mean to switch to it. Waits until the window manager has done
+    /// it or, after 6 s at the most, gets on with it no more.
     void raise(const std::vector<xcb_window_t> &backToFront);
 
 private:
     std::vector<xcb_window_t> raisable(const std::vector<xcb_window_t> &backToFront) const;
-    bool isStacked(const std::vector<xcb_window_t> &backToFront);
+    std::vector<xcb_window_t> ordinaryFrontToBack();
+    bool isStacked(const std::vector<xcb_window_t> &ordinary,
+                   const std::vector<xcb_window_t> &backToFront) const;
+    void awaitStacking(const std::vector<xcb_window_t> &backToFront);
     void raiseByActivating(const std::vector<xcb_window_t> &backToFront);
 
     EventPump &m_pump;

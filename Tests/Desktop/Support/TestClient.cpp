@@ -73,6 +73,17 @@ TestClient::TestClient(const QStringList &command) : m_process(command.first(), 
     m_process.start();
 }
 
+TestCrowd::TestCrowd(int windows, int applications)
+    : m_process(ownClient("many-windows"),
+                {QString::number(windows), QString::number(applications)})
+{
+    m_process.start();
+    for (const QString &window : m_process.readLine().split(u' '))
+        m_windows.push_back(window.toUInt());
+    const DesktopProbe probe;
+    require([&] { return probe.stacking().size() >= m_windows.size(); }, "a crowd of windows");
+}
+
 void TestClient::dieWhenMoved()
 {
     send(SIGUSR1);

@@ -46,4 +46,17 @@ private:
     xcb_window_t m_window = XCB_WINDOW_NONE;
 };
 
+/// Another program with many plain windows of several applications, all of them managed when the
+/// constructor returns.
+class TestCrowd {
+public:
+    TestCrowd(int windows, int applications);
+
+    const std::vector<xcb_window_t> &windows() const { return m_windows; }
+
+private:
+    ChildProcess m_process;
+    std::vector<xcb_window_t> m_windows;
+};
+
 } // namespace Panorel::Desktop
