@@ -99,20 +99,34 @@ private:
     PropertyRequest m_opacity;
 };
 
-std::optional<QString> titleFrom(const XConnection &connection,
-                                 const PropertyRequest::Value &netName,
-                                 const PropertyRequest::Value &name)
-{
-    if (netName.present() && netName.isText())
-        return titleFromUtf8(netName.bytes());
-    if (!name.present() || !name.isText())
-        return std::nullopt;
-    if (name.type() == connection.atom("UTF8_STRING"))
-        return titleFromUtf8(name.bytes());
-    if (name.type() == connection.atom("COMPOUND_TEXT"))
-        return titleFromCompoundText(name.bytes());
-    return titleFromLatin1(name.bytes());
-}
+class PendingTitle {
+public:
+    PendingTitle(const XConnection &connection, xcb_window_t window)
+        : m_connection(connection),
+          m_netName(connection, window, connection.atom("_NET_WM_NAME"), longestTitle),
+          m_name(connection, window, connection.atom("WM_NAME"), longestTitle)
+    {}
+
+    std::optional<QString> collect()
+    {
+        const auto netName = m_netName.collect();
+        const auto name = m_name.collect();
+        if (netName.present() && netName.isText())
+            return titleFromUtf8(netName.bytes());
+        if (!name.present() || !name.isText())
+            return std::nullopt;
+        if (name.type() == m_connection.atom("UTF8_STRING"))
+            return titleFromUtf8(name.bytes());
+        if (name.type() == m_connection.atom("COMPOUND_TEXT"))
+            return titleFromCompoundText(name.bytes());
+        return titleFromLatin1(name.bytes());
+    }
+
+private:
+    const XConnection &m_connection;
+    PropertyRequest m_netName;
+    PropertyRequest m_name;
+};
 
 } // namespace
 
@@ -134,21 +148,20 @@ ClientReader::read(const std::vector<xcb_window_t> &windows) const
     return readings;
 }
 
-std::vector<std::optional<QString>>
-ClientReader::titles(const std::vector<xcb_window_t> &windows) const
+std::vector<ClientReader::Titled>
+ClientReader::readWithTitles(const std::vector<xcb_window_t> &windows) const
 {
-    std::vector<std::pair<PropertyRequest, PropertyRequest>> pending;
-    pending.reserve(windows.size());
-    for (const xcb_window_t window : windows) {
-        pending.emplace_back(
-            PropertyRequest(m_connection, window, m_connection.atom("_NET_WM_NAME"), longestTitle),
-            PropertyRequest(m_connection, window, m_connection.atom("WM_NAME"), longestTitle));
-    }
-    std::vector<std::optional<QString>> titles;
+    // Sent before the readings, and so answered by the time they are.
+    std::vector<PendingTitle> titles;
     titles.reserve(windows.size());
-    for (auto &[netName, name] : pending)
-        titles.push_back(titleFrom(m_connection, netName.collect(), name.collect()));
-    return titles;
+    for (const xcb_window_t window : windows)
+        titles.emplace_back(m_connection, window);
+    auto readings = read(windows);
+    std::vector<Titled> titled;
+    titled.reserve(windows.size());
+    for (std::size_t i = 0; i < windows.size(); ++i)
+        titled.emplace_back(std::move(readings[i]), titles[i].collect());
+    return titled;
 }
 
 } // namespace Panorel::X11

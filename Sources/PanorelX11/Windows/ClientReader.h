@@ -40,8 +40,9 @@ public:
         return read(std::vector{window})[0];
     }
 
-    /// One for each window; absent where it has none.
-    std::vector<std::optional<QString>> titles(const std::vector<xcb_window_t> &windows) const;
+    /// The same with its title, which is absent where it has none.
+    using Titled = std::pair<std::optional<ClientReading>, std::optional<QString>>;
+    std::vector<Titled> readWithTitles(const std::vector<xcb_window_t> &windows) const;
 
 private:
     const XConnection &m_connection;

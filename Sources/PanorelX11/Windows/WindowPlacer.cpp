@@ -51,22 +51,19 @@ bool contains(const PixelRect &rect, const Point &point)
 } // namespace
 
 WindowPlacer::WindowPlacer(const XConnection &connection, EventPump &pump,
-                           const ClientReader &reader, const WindowManager &windowManager,
-                           Monitors &monitors)
-    : m_connection(connection), m_pump(pump), m_reader(reader), m_windowManager(windowManager),
-      m_monitors(monitors)
+                           const ClientReader &reader, RecentReadings &readings,
+                           const WindowManager &windowManager, Monitors &monitors)
+    : m_connection(connection), m_pump(pump), m_reader(reader), m_readings(readings),
+      m_windowManager(windowManager), m_monitors(monitors)
 {
     pump.addListener([this](const xcb_generic_event_t &event) { noteEvent(event); });
 }
 
-void WindowPlacer::remember(xcb_window_t window, const ClientReading &reading)
-{
-    m_known.insert_or_assign(window, reading);
-}
-
 void WindowPlacer::place(xcb_window_t window, const PlacementTarget &target)
 {
-    const auto workAreas = m_monitors.workAreas();
+    const auto &workAreas = m_monitors.workAreas();
+    m_restFrames.erase(window);
+    m_unread.insert(window);
     const bool isUnsure = m_pending.erase(window) > 0;
     const auto reading = readingToStartFrom(window, isUnsure);
     if (!reading)
@@ -91,14 +88,33 @@ std::optional<PixelRect> WindowPlacer::awaitFrame(xcb_window_t window)
         if (m_pending.contains(window))
             m_pump.waitUntil(*nextLook());
     }
-    const auto reading = m_reader.read(window);
-    return reading ? std::optional(reading->geometry.visibleFrame()) : std::nullopt;
+    if (!m_restFrames.contains(window))
+        readAtRest(window);
+    const auto frame = m_restFrames.extract(window);
+    return frame ? std::optional(frame.mapped()) : std::nullopt;
+}
+
+void WindowPlacer::readAtRest(xcb_window_t window)
+{
+    m_unread.insert(window);
+    std::vector<xcb_window_t> windows;
+    std::ranges::copy_if(m_unread, std::back_inserter(windows),
+                         [this](xcb_window_t one) { return !m_pending.contains(one); });
+    const auto readings = m_reader.read(windows);
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+        m_unread.erase(windows[i]);
+        if (readings[i])
+            m_restFrames.insert_or_assign(windows[i], readings[i]->geometry.visibleFrame());
+    }
 }
 
 void WindowPlacer::processEvents()
 {
     m_pump.drain();
     look();
+    // The event loop has run: who asks for a frame now does not mean that of before.
+    m_unread.clear();
+    m_restFrames.clear();
 }
 
 std::optional<WindowPlacer::TimePoint> WindowPlacer::nextLook() const
@@ -117,7 +133,7 @@ void WindowPlacer::noteEvent(const xcb_generic_event_t &event)
     const xcb_window_t window = changedWindow(m_connection, event);
     if (window == XCB_WINDOW_NONE)
         return;
-    m_known.erase(window);
+    m_restFrames.erase(window);
     const auto pending = m_pending.find(window);
     if (pending == m_pending.end())
         return;
@@ -127,9 +143,9 @@ void WindowPlacer::noteEvent(const xcb_generic_event_t &event)
 
 std::optional<ClientReading> WindowPlacer::readingToStartFrom(xcb_window_t window, bool isUnsure)
 {
-    const auto known = m_known.extract(window);
+    const auto known = m_readings.take(window);
     if (known && !isUnsure)
-        return known.mapped();
+        return known;
     return m_reader.read(window);
 }
 

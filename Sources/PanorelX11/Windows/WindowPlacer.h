@@ -3,9 +3,11 @@
 #include "PanorelX11/Windows/ClientReader.h"
 #include "PanorelX11/Windows/Monitors.h"
 #include "PanorelX11/Windows/Placement.h"
+#include "PanorelX11/Windows/RecentReadings.h"
 #include "PanorelX11/Windows/WindowManager.h"
 
 #include <map>
+#include <set>
 #include <unordered_map>
 
 namespace Panorel::X11 {
@@ -21,16 +23,13 @@ public:
 
     /// All of them outlive it.
     WindowPlacer(const XConnection &connection, EventPump &pump, const ClientReader &reader,
-                 const WindowManager &windowManager, Monitors &monitors);
-
-    /// A reading that was made for another purpose. As long as no event tells of a change, it
-    /// saves place() the round trip, for which it would have to queue behind every move before.
-    void remember(xcb_window_t window, const ClientReading &reading);
+                 RecentReadings &readings, const WindowManager &windowManager, Monitors &monitors);
 
     void place(xcb_window_t window, const PlacementTarget &target);
 
     /// The visible frame where the window came to rest; while it is being placed, waits for that.
-    /// Absent where it has gone.
+    /// Absent where it has gone. Windows that were placed are read together once they are at
+    /// rest, and each again if it has changed by the time it is asked for.
     std::optional<PixelRect> awaitFrame(xcb_window_t window);
 
     /// Takes up where events or the time allow it. Never waits for a window.
@@ -47,16 +46,19 @@ private:
 
     void noteEvent(const xcb_generic_event_t &event);
     std::optional<ClientReading> readingToStartFrom(xcb_window_t window, bool isUnsure);
+    void readAtRest(xcb_window_t window);
     void look();
     std::optional<Point> pointerWithButtonDown() const;
 
     const XConnection &m_connection;
     EventPump &m_pump;
     const ClientReader &m_reader;
+    RecentReadings &m_readings;
     const WindowManager &m_windowManager;
     Monitors &m_monitors;
     std::map<xcb_window_t, Pending> m_pending;
-    std::unordered_map<xcb_window_t, ClientReading> m_known;
+    std::set<xcb_window_t> m_unread; ///< placed, and its frame not asked for
+    std::unordered_map<xcb_window_t, PixelRect> m_restFrames; ///< read and unchanged since
     TimePoint m_lastAnswer{};
 };
 

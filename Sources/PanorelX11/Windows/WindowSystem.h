@@ -6,6 +6,7 @@
 #include "PanorelX11/Windows/InputFocus.h"
 #include "PanorelX11/Windows/LaunchWatch.h"
 #include "PanorelX11/Windows/Monitors.h"
+#include "PanorelX11/Windows/RecentReadings.h"
 #include "PanorelX11/Windows/WindowManager.h"
 #include "PanorelX11/Windows/WindowPlacer.h"
 #include "PanorelX11/Windows/WindowStacker.h"
@@ -42,14 +43,15 @@ private:
     WindowManager m_windowManager{m_connection, m_pump};
     ClientRegistry m_registry{m_connection, m_pump};
     ClientReader m_reader{m_connection};
-    WindowPlacer m_placer{m_connection, m_pump, m_reader, m_windowManager, m_monitors};
+    RecentReadings m_readings{m_connection, m_pump, m_reader};
+    WindowPlacer m_placer{m_connection, m_pump, m_reader, m_readings, m_windowManager, m_monitors};
     InputFocus m_focus{m_connection, m_pump, m_windowManager};
     WindowStacker m_stacker{m_pump, m_registry, m_reader, m_windowManager, m_focus};
     HiddenWindows m_hidden{m_connection, m_pump, m_registry, m_reader, m_windowManager, m_focus};
     LaunchWatch m_launches{m_connection, m_pump, m_registry};
-    X11Accessibility m_accessibility{m_registry, m_reader, m_windowManager, m_placer,
-                                     m_stacker,  m_focus,  m_hidden};
-    X11WindowList m_windowList{m_registry, m_reader, m_hidden};
+    X11Accessibility m_accessibility{m_registry, m_reader,  m_readings, m_windowManager,
+                                     m_placer,   m_stacker, m_focus,    m_hidden};
+    X11WindowList m_windowList{m_registry, m_readings, m_hidden};
     X11Workspace m_workspace{m_registry, m_hidden, m_launches};
     QSocketNotifier m_notifier;
     QTimer m_timer;

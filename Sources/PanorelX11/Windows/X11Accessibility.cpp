@@ -16,10 +16,11 @@ xcb_window_t idOf(const WindowElementRef &element)
 } // namespace
 
 X11Accessibility::X11Accessibility(ClientRegistry &registry, const ClientReader &reader,
-                                   const WindowManager &windowManager, WindowPlacer &placer,
-                                   WindowStacker &stacker, InputFocus &focus, HiddenWindows &hidden)
-    : m_registry(registry), m_reader(reader), m_windowManager(windowManager), m_placer(placer),
-      m_stacker(stacker), m_focus(focus), m_hidden(hidden)
+                                   RecentReadings &readings, const WindowManager &windowManager,
+                                   WindowPlacer &placer, WindowStacker &stacker, InputFocus &focus,
+                                   HiddenWindows &hidden)
+    : m_registry(registry), m_reader(reader), m_readings(readings), m_windowManager(windowManager),
+      m_placer(placer), m_stacker(stacker), m_focus(focus), m_hidden(hidden)
 {}
 
 bool X11Accessibility::isTrusted() const
@@ -31,17 +32,16 @@ std::vector<WindowAttributes> X11Accessibility::windows(ProcessIdentifier pid)
 {
     const auto ids = m_registry.ordinaryWindows(pid);
     m_hidden.awaitRest(ids);
-    const auto readings = m_reader.read(ids);
-    const auto titles = m_reader.titles(ids);
+    const auto described = m_readings.describe(ids);
     std::vector<WindowAttributes> windows;
     for (std::size_t i = 0; i < ids.size(); ++i) {
-        if (!readings[i])
+        if (!described[i])
             continue;
-        m_placer.remember(ids[i], *readings[i]);
-        const Rect frame = readings[i]->geometry.visibleFrame().toRect();
+        const ClientReading &reading = described[i]->reading;
+        const Rect frame = reading.geometry.visibleFrame().toRect();
         windows.push_back({std::make_shared<X11Window>(ids[i]), frame.origin(), frame.size(),
-                           titles[i], readings[i]->isMinimized && !m_hidden.contains(ids[i]),
-                           readings[i]->isFullScreen});
+                           described[i]->title, reading.isMinimized && !m_hidden.contains(ids[i]),
+                           reading.isFullScreen});
     }
     return windows;
 }

@@ -4,6 +4,7 @@
 #include "PanorelX11/Windows/ClientRegistry.h"
 #include "PanorelX11/Windows/HiddenWindows.h"
 #include "PanorelX11/Windows/InputFocus.h"
+#include "PanorelX11/Windows/RecentReadings.h"
 #include "PanorelX11/Windows/WindowPlacer.h"
 #include "PanorelX11/Windows/WindowStacker.h"
 
@@ -13,7 +14,7 @@ namespace Panorel::X11 {
 class X11Accessibility final : public AccessibilityPort {
 public:
     /// All of them outlive it.
-    X11Accessibility(ClientRegistry &registry, const ClientReader &reader,
+    X11Accessibility(ClientRegistry &registry, const ClientReader &reader, RecentReadings &readings,
                      const WindowManager &windowManager, WindowPlacer &placer,
                      WindowStacker &stacker, InputFocus &focus, HiddenWindows &hidden);
 
@@ -33,6 +34,7 @@ public:
 private:
     ClientRegistry &m_registry;
     const ClientReader &m_reader;
+    RecentReadings &m_readings;
     const WindowManager &m_windowManager;
     WindowPlacer &m_placer;
     WindowStacker &m_stacker;

@@ -11,15 +11,16 @@ std::optional<std::vector<WindowListEntry>> X11WindowList::onScreenWindows()
     std::vector<xcb_window_t> ids;
     for (const auto &client : *clients)
         ids.push_back(client.window);
-    const auto readings = m_reader.read(ids);
+    const auto readings = m_readings.describe(ids);
 
     std::vector<WindowListEntry> entries;
     for (std::size_t i = 0; i < ids.size(); ++i) {
-        if (!readings[i] || readings[i]->isMinimized || m_hidden.isUnderWay(ids[i]))
+        if (!readings[i] || readings[i]->reading.isMinimized || m_hidden.isUnderWay(ids[i]))
             continue;
         const ClientFacts &facts = (*clients)[i].facts;
         entries.push_back({facts.layer, facts.application,
-                           readings[i]->geometry.visibleFrame().toRect(), readings[i]->opacity});
+                           readings[i]->reading.geometry.visibleFrame().toRect(),
+                           readings[i]->reading.opacity});
     }
     return entries;
 }

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "PanorelPorts/WindowListPort.h"
-#include "PanorelX11/Windows/ClientReader.h"
 #include "PanorelX11/Windows/ClientRegistry.h"
 #include "PanorelX11/Windows/HiddenWindows.h"
+#include "PanorelX11/Windows/RecentReadings.h"
 
 namespace Panorel::X11 {
 
@@ -11,15 +11,15 @@ namespace Panorel::X11 {
 class X11WindowList final : public WindowListPort {
 public:
     /// All of them outlive it.
-    X11WindowList(ClientRegistry &registry, const ClientReader &reader, HiddenWindows &hidden)
-        : m_registry(registry), m_reader(reader), m_hidden(hidden)
+    X11WindowList(ClientRegistry &registry, RecentReadings &readings, HiddenWindows &hidden)
+        : m_registry(registry), m_readings(readings), m_hidden(hidden)
     {}
 
     std::optional<std::vector<WindowListEntry>> onScreenWindows() override;
 
 private:
     ClientRegistry &m_registry;
-    const ClientReader &m_reader;
+    RecentReadings &m_readings;
     HiddenWindows &m_hidden;
 };
 
