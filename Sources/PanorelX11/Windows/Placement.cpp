@@ -75,7 +75,7 @@ void Placement::begin(const ClientReading &reading, const std::vector<Rect> &wor
 }
 
 void Placement::judge(const std::optional<ClientReading> &reading, TimePoint now,
-                      TimePoint lastAnswer)
+                      TimePoint busyUntil)
 {
     m_hasChanged = false;
     if (!reading || reading->isFullScreen || now >= m_deadline)
@@ -89,9 +89,11 @@ void Placement::judge(const std::optional<ClientReading> &reading, TimePoint now
         m_stableSince = now;
     m_lastGeometry = geometry;
 
+    // It moves a window in steps: the first that is seen need not be the last. A window that never
+    // stops changing does not hold this up for ever.
+    const TimePoint calm = std::min(m_changed + firstPatience, m_sent + longestPatience);
     const bool isAnswered = m_changed > m_sent;
-    const TimePoint due =
-        isAnswered ? mendingTime() : std::max(mendingTime(), lastAnswer + firstPatience);
+    const TimePoint due = std::max(mendingTime(), isAnswered ? calm : busyUntil);
     m_isDue = now >= due;
     m_nextLook = due;
     switch (m_phase) {

@@ -36,9 +36,9 @@ public:
                TimePoint now);
 
     /// Judges a reading and sends what follows from it; an absent one is a window that has gone.
-    /// `lastAnswer`: when the window manager last did anything for any window that is placed; one
-    /// that is still busy has not refused yet.
-    void judge(const std::optional<ClientReading> &reading, TimePoint now, TimePoint lastAnswer);
+    /// `busyUntil`: by then the window manager, which has other windows to place and may tell of
+    /// none before it has placed them all, should have come to this one.
+    void judge(const std::optional<ClientReading> &reading, TimePoint now, TimePoint busyUntil);
 
     /// An event told of a change.
     void noteChange(TimePoint now);

@@ -14,6 +14,10 @@ constexpr auto patience = 2s;
 constexpr auto patienceAfterDisplayChange = 6s;
 constexpr auto recentDisplayChange = 10s;
 
+/// How long a window manager may be silent that has windows to place.
+constexpr auto busyPatience = 40ms;
+constexpr auto busyPatienceEach = 3ms;
+
 /// The properties that a window's visible frame and state are read from.
 constexpr std::array watchedProperties{"WM_NORMAL_HINTS", "_NET_WM_STATE", "_NET_FRAME_EXTENTS",
                                        "_GTK_FRAME_EXTENTS"};
@@ -77,6 +81,7 @@ void WindowPlacer::place(xcb_window_t window, const PlacementTarget &target)
     m_connection.flush();
     if (placement.isDone())
         return;
+    m_lastActivity = std::max(m_lastActivity, now); // it has been given something to do
     m_pending.emplace(window, Pending{std::move(placement), m_monitors.changeCount()});
 }
 
@@ -137,8 +142,8 @@ void WindowPlacer::noteEvent(const xcb_generic_event_t &event)
     const auto pending = m_pending.find(window);
     if (pending == m_pending.end())
         return;
-    m_lastAnswer = std::chrono::steady_clock::now();
-    pending->second.placement.noteChange(m_lastAnswer);
+    m_lastActivity = std::chrono::steady_clock::now();
+    pending->second.placement.noteChange(m_lastActivity);
 }
 
 std::optional<ClientReading> WindowPlacer::readingToStartFrom(xcb_window_t window, bool isUnsure)
@@ -167,6 +172,8 @@ void WindowPlacer::look()
     if (windows.empty())
         return;
 
+    const TimePoint busyUntil =
+        m_lastActivity + busyPatience + busyPatienceEach * std::ssize(m_pending);
     const auto pointer = isMending ? pointerWithButtonDown() : std::nullopt;
     const auto readings = m_reader.read(windows);
     for (std::size_t i = 0; i < windows.size(); ++i) {
@@ -176,7 +183,7 @@ void WindowPlacer::look()
         if (isHeld)
             placement.giveUp();
         else
-            placement.judge(readings[i], now, m_lastAnswer);
+            placement.judge(readings[i], now, busyUntil);
     }
     m_connection.flush();
     std::erase_if(m_pending, [](const auto &entry) { return entry.second.placement.isDone(); });

@@ -59,7 +59,7 @@ private:
     std::map<xcb_window_t, Pending> m_pending;
     std::set<xcb_window_t> m_unread; ///< placed, and its frame not asked for
     std::unordered_map<xcb_window_t, PixelRect> m_restFrames; ///< read and unchanged since
-    TimePoint m_lastAnswer{};
+    TimePoint m_lastActivity{}; ///< when a window was last seen to change or asked to
 };
 
 } // namespace Panorel::X11
