@@ -23,13 +23,6 @@ template <typename Function> Function *next(const char *name)
     return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
 }
 
-template <typename Sequence> Sequence noteSent(xcb_connection_t *connection, Sequence sequence)
-{
-    counted.requests += 1;
-    connections[connection].sent = sequence;
-    return sequence;
-}
-
 void noteWait(xcb_connection_t *connection, std::uint64_t sequence)
 {
     Connection &known = connections[connection];
@@ -48,18 +41,14 @@ Panorel::Bench::RequestCount Panorel::Bench::RequestCount::now()
 
 extern "C" {
 
-unsigned int xcb_send_request(xcb_connection_t *c, int flags, iovec *vector,
-                              const xcb_protocol_request_t *request)
-{
-    static const auto real = next<decltype(xcb_send_request)>("xcb_send_request");
-    return noteSent(c, real(c, flags, vector, request));
-}
-
+// Where all the others end up.
 std::uint64_t xcb_send_request64(xcb_connection_t *c, int flags, iovec *vector,
                                  const xcb_protocol_request_t *request)
 {
     static const auto real = next<decltype(xcb_send_request64)>("xcb_send_request64");
-    return noteSent(c, real(c, flags, vector, request));
+    counted.requests += 1;
+    counted.messages += !request->ext && request->opcode == XCB_SEND_EVENT;
+    return connections[c].sent = real(c, flags, vector, request);
 }
 
 void *xcb_wait_for_reply(xcb_connection_t *c, unsigned int request, xcb_generic_error_t **error)

@@ -12,11 +12,15 @@ struct RequestCount {
     /// collected together count once.
     std::int64_t roundTrips = 0;
 
+    /// Of the requests those that ask the window manager for something.
+    std::int64_t messages = 0;
+
     static RequestCount now();
 
     RequestCount operator-(const RequestCount &other) const
     {
-        return {requests - other.requests, roundTrips - other.roundTrips};
+        return {requests - other.requests, roundTrips - other.roundTrips,
+                messages - other.messages};
     }
 };
 

@@ -1,4 +1,6 @@
 #include "Desktop/BenchDesk.h"
+#include "Desktop/ProcessUsage.h"
+#include "Desktop/RequestCount.h"
 #include "Desktop/Results.h"
 #include "Desktop/TimedAccessibility.h"
 #include "Support/TestHome.h"
@@ -64,9 +66,11 @@ public:
 private:
     void engine()
     {
+        const RequestCount sent = RequestCount::now();
         const TimePoint start = std::chrono::steady_clock::now();
         const RestoreReport report = m_engine.restore.apply(m_layout, true);
         const TimePoint end = std::chrono::steady_clock::now();
+        addRequests("panorel", sent);
         if (report.restored != m_count || m_desk.windowsOff() != 0)
             qFatal("%s: %d windows are off after %s", qPrintable(m_manager), m_desk.windowsOff(),
                    qPrintable(report.summary()));
@@ -78,15 +82,28 @@ private:
 
     void floor()
     {
+        const ProcessUsage manager = managerUsage();
+        const RequestCount sent = RequestCount::now();
         const TimePoint start = std::chrono::steady_clock::now();
         m_desk.raw.place(m_desk.places());
         const auto placed = m_desk.raw.awaitFrames(m_desk.places(), RawDesktop::Begin::WithEvents);
+        // What the window manager does for the places is its own, whoever asks for them.
+        add("floor", "manager's processor ms", managerUsage().processorMs - manager.processorMs);
+        const TimePoint startOfStacking = std::chrono::steady_clock::now();
         m_desk.raw.stack(m_desk.bottomToTop());
         const auto stacked = m_desk.raw.awaitStacking(m_desk.bottomToTop());
+        addRequests("floor", sent);
         if (!placed || !stacked)
             qFatal("%s: the floor does not get there", qPrintable(m_manager));
         add("floor", "frames ms", BenchDesk::milliseconds(start, *placed));
-        add("floor", "all ms", BenchDesk::milliseconds(start, *stacked));
+        add("floor", "all ms",
+            BenchDesk::milliseconds(start, *placed)
+                + BenchDesk::milliseconds(startOfStacking, *stacked));
+    }
+
+    ProcessUsage managerUsage() const
+    {
+        return ProcessUsage::of(m_desk.session.manager->processID());
     }
 
     void wmctrl() { script("wmctrl"); }
@@ -124,6 +141,14 @@ private:
         }
         writeFile(m_home.path(QStringLiteral("wmctrl")), wmctrlLines);
         writeFile(m_home.path(QStringLiteral("xdotool")), xdotoolLines);
+    }
+
+    void addRequests(const char *way, const RequestCount &before)
+    {
+        const RequestCount sent = RequestCount::now() - before;
+        add(way, "requests", double(sent.requests));
+        add(way, "round trips", double(sent.roundTrips));
+        add(way, "messages", double(sent.messages));
     }
 
     void add(const char *way, const char *measure, double value)

@@ -1,10 +1,7 @@
 #include "Desktop/BenchDesk.h"
+#include "Desktop/ProcessUsage.h"
 #include "Desktop/Results.h"
 #include "Desktop/Support/TestProgram.h"
-#include "Support/TestHome.h"
-
-#include <QDirIterator>
-#include <QRegularExpression>
 
 #include <csignal>
 #include <cstdio>
@@ -69,35 +66,6 @@ private:
     xcb_atom_t m_embedInfo = XCB_ATOM_NONE;
 };
 
-/// The number that follows "name:" in a file of the proc file system.
-double number(const QString &path, const char *name)
-{
-    const QRegularExpression line(QStringLiteral("^%1:\\s+(\\d+)").arg(QLatin1String(name)),
-                                  QRegularExpression::MultilineOption);
-    return line.match(QString::fromLatin1(readFile(path))).captured(1).toDouble();
-}
-
-/// What all threads of a process have used up.
-struct Usage {
-    double processorMs = 0;
-    double wakeUps = 0;
-
-    static Usage of(qint64 process)
-    {
-        Usage usage;
-        QDirIterator threads(QStringLiteral("/proc/%1/task").arg(process),
-                             QDir::Dirs | QDir::NoDotAndDotDot);
-        while (threads.hasNext()) {
-            const QString thread = threads.next();
-            usage.processorMs +=
-                readFile(thread + QStringLiteral("/schedstat")).split(' ').value(0).toDouble()
-                / 1e6;
-            usage.wakeUps += number(thread + QStringLiteral("/status"), "voluntary_ctxt_switches");
-        }
-        return usage;
-    }
-};
-
 void add(Results &results, const char *measure, double value)
 {
     results.add({QStringLiteral("start"), QStringLiteral("openbox"), 8, QStringLiteral("panorel"),
@@ -108,12 +76,12 @@ void add(Results &results, const char *measure, double value)
 void measureIdle(Results &results, const Desktop::TestProgram &program, int seconds)
 {
     std::this_thread::sleep_for(5s); // the last of the start
-    const QString memory = QStringLiteral("/proc/%1/smaps_rollup").arg(program.processID());
-    add(results, "resident MB", number(memory, "Rss") / 1024);
-    add(results, "proportional MB", number(memory, "Pss") / 1024);
-    const Usage before = Usage::of(program.processID());
+    const ProcessMemory memory = ProcessMemory::of(program.processID());
+    add(results, "resident MB", memory.residentMB);
+    add(results, "proportional MB", memory.proportionalMB);
+    const ProcessUsage before = ProcessUsage::of(program.processID());
     std::this_thread::sleep_for(std::chrono::seconds(seconds));
-    const Usage after = Usage::of(program.processID());
+    const ProcessUsage after = ProcessUsage::of(program.processID());
     const double minutes = seconds / 60.0;
     add(results, "idle seconds", seconds);
     add(results, "processor ms a minute", (after.processorMs - before.processorMs) / minutes);

@@ -14,6 +14,8 @@ public:
     /// Lets the program, before it is started, use the session bus.
     void giveBus(ChildProcess &child) const;
 
+    qint64 processID() const { return m_manager.processID(); }
+
 private:
     SessionBus m_bus;
     ChildProcess m_manager;
