@@ -175,9 +175,9 @@ MatchReason reason(const WindowRecord &record, const LiveWindow &chosen,
                    ? MatchReason::Title
                    : MatchReason::Order;
     }
-    const bool isRelated = !record.title.isEmpty()
-                           && (record.title.startsWith(chosen.title)
-                               || chosen.title.startsWith(record.title));
+    const bool isRelated =
+        !record.title.isEmpty()
+        && (record.title.startsWith(chosen.title) || chosen.title.startsWith(record.title));
     if (isRelated)
         return MatchReason::Prefix;
     const double score = sizeScore(record.frame, chosen.frame);

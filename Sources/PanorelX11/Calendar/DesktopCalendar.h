@@ -1,8 +1,8 @@
 #pragma once
 
 #include "PanorelPorts/CalendarPort.h"
-#include "PanorelX11/Session/BackgroundThread.h"
 #include "PanorelX11/Calendar/CalendarAvailability.h"
+#include "PanorelX11/Session/BackgroundThread.h"
 
 #include <QTimer>
 

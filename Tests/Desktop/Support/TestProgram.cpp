@@ -9,8 +9,7 @@
 
 namespace Panorel::Desktop {
 
-TestProgram::TestProgram(const std::map<QString, QByteArray> &files)
-    : m_child(path())
+TestProgram::TestProgram(const std::map<QString, QByteArray> &files) : m_child(path())
 {
     for (const auto &[name, bytes] : files)
         writeFile(m_data.filePath(name), bytes);
