@@ -4,29 +4,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
-#include <random>
-
 using namespace Panorel;
 using namespace Panorel::Desktop;
-
-namespace {
-
-constexpr auto vertically = "_NET_WM_STATE_MAXIMIZED_VERT";
-constexpr auto horizontally = "_NET_WM_STATE_MAXIMIZED_HORZ";
-constexpr auto fullScreen = "_NET_WM_STATE_FULLSCREEN";
-
-/// Windows of every kind, over both displays, one of them across the border.
-void furnish(EngineSession &session)
-{
-    session.open(ClientKind::Plain, "plain", {60, 80, 500, 400});
-    session.open(ClientKind::StaticGravity, "static", {620, 90, 480, 410});
-    session.open(ClientKind::SouthEast, "south east", {1760, 300, 420, 380});
-    session.open(ClientKind::Increments, "terminal", {2300, 100, 640, 420});
-    session.open(ClientKind::Qt, "Qt window", {2990, 140, 500, 430});
-    session.open(ClientKind::GtkDecorated, "archive.tar", {2380, 560, 700, 460});
-}
-
-} // namespace
 
 class RestoreTest : public QObject {
     Q_OBJECT
@@ -34,7 +13,6 @@ class RestoreTest : public QObject {
 private Q_SLOTS:
     void initTestCase_data() { forEachManager(); }
 
-    void twentyRoundTripsLoseNoPixel();
     void besideAPanelMaximisedAndNormalWindowsChangeBack();
     void everyStateAndDesktopIsLeftAsItIs();
     void aWindowThatDiesOnTheWayHoldsUpNoOther();
@@ -42,37 +20,6 @@ private Q_SLOTS:
     void hostileTitlesAreKeptAndMatched();
     void withoutAWindowManagerNothingIsTouched();
 };
-
-void RestoreTest::twentyRoundTripsLoseNoPixel()
-{
-    EngineSession session(managerOfThisRun());
-    furnish(session);
-    session.activateAndWait(session.clients.front());
-    const QStringList before = session.frames();
-    const std::vector<xcb_window_t> order = session.probe.stacking();
-    const Layout learned = session.capture();
-    QCOMPARE(learned.windows.size(), session.clients.size());
-    for (const WindowRecord &record : learned.windows)
-        QVERIFY(before.contains(described(record.title, record.frame)));
-
-    std::mt19937 random(1); // the same scatter in every run
-    for (int round = 0; round < 20; ++round) {
-        for (const TestClient &client : session.clients) {
-            const Rect anywhere{double(random() % 3000), double(random() % 500),
-                                double(300 + random() % 300), double(250 + random() % 250)};
-            session.moveAndWait(client, anywhere);
-        }
-        TestClient &focused = *std::next(session.clients.begin(), round % 5);
-        session.activateAndWait(focused);
-
-        const RestoreReport report = session.restore(learned);
-        QVERIFY2(report.restored == 6 && report.failed == 0, qPrintable(report.summary()));
-        QCOMPARE(session.frames(), before);
-        QTRY_COMPARE(session.probe.stacking(), order);
-        QCOMPARE(session.probe.activeWindow(), std::optional(focused.window()));
-        QVERIFY(session.capture().windows == learned.windows);
-    }
-}
 
 void RestoreTest::besideAPanelMaximisedAndNormalWindowsChangeBack()
 {

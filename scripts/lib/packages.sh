@@ -7,13 +7,18 @@ PACKAGES_BUILD="ca-certificates g++ cmake ninja-build pkg-config qt6-base-dev qt
 
 # A private X server with hot-plug, window managers and windows to manage.
 PACKAGES_DESKTOP="xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils x11-xkb-utils
-    xkb-data dbus-daemon openbox xfwm4 xterm file-roller fonts-dejavu-core
+    xkb-data dbus-daemon openbox xfwm4 icewm metacity xterm file-roller fonts-dejavu-core
     qt6-qpa-plugins trayer xfce4-panel xfconf libglib2.0-bin"
 
 PACKAGES_TEST="clang-format libasan8 libubsan1 libxcb-icccm4-dev libxcb-xtest0-dev tzdata
     gsettings-desktop-schemas cinnamon-desktop-data mate-desktop-common
     evolution-data-server
     clang libclang-rt-14-dev libgnustep-base-dev libobjc-12-dev"
+
+# Every window manager whose exactness is known, and what it is compared with. KWin draws
+# decorations only with a theme; without its desktop's data marco and muffin don't start.
+PACKAGES_SOAK="marco mate-settings-daemon-common mate-desktop-common mutter muffin
+    cinnamon-settings-daemon kwin-x11 kwin-style-breeze wmctrl xdotool"
 
 PACKAGES_DEMO="x11-utils x11-apps wmctrl imagemagick geany galculator l3afpad linguist-qt6 jq
     xdotool adwaita-icon-theme hicolor-icon-theme"

@@ -54,6 +54,17 @@ void describe(const Window &window, const QCommandLineParser &options)
         &hints, static_cast<xcb_gravity_t>(options.value(QStringLiteral("gravity")).toInt()));
     const QStringList place = options.value(QStringLiteral("geometry")).split(u',');
     xcb_icccm_size_hints_set_position(&hints, 1, place.value(0).toInt(), place.value(1).toInt());
+    if (options.isSet(QStringLiteral("fixed"))) {
+        xcb_icccm_size_hints_set_min_size(&hints, place.value(2).toInt(), place.value(3).toInt());
+        xcb_icccm_size_hints_set_max_size(&hints, place.value(2).toInt(), place.value(3).toInt());
+    }
+    if (options.isSet(QStringLiteral("aspect"))) {
+        const QStringList least = options.value(QStringLiteral("aspect")).split(u',');
+        const int width = least.value(0).toInt();
+        const int height = least.value(1).toInt();
+        xcb_icccm_size_hints_set_min_size(&hints, width, height);
+        xcb_icccm_size_hints_set_aspect(&hints, width, height, width, height);
+    }
     xcb_icccm_set_wm_normal_hints(window.connection, window.id, &hints);
     for (const QString &pair : options.values(QStringLiteral("atom"))) {
         const QByteArray value = pair.section(u'=', 1).toLatin1();
@@ -124,6 +135,8 @@ int main(int argc, char **argv)
          QStringLiteral("x,y,width,height"),
          QStringLiteral("40,60,400,300")},
         {QStringLiteral("gravity"), {}, QStringLiteral("number"), QStringLiteral("1")},
+        {QStringLiteral("fixed"), {}}, // at the size of its geometry
+        {QStringLiteral("aspect"), {}, QStringLiteral("least width,least height")},
         {QStringLiteral("atom"), {}, QStringLiteral("property=value")},
         {QStringLiteral("takes-focus"), {}},
         {QStringLiteral("strut"), {}, QStringLiteral("twelve numbers")},

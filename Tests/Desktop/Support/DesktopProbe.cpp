@@ -197,6 +197,8 @@ void DesktopProbe::move(xcb_window_t window, const Rect &target)
 void DesktopProbe::activate(xcb_window_t window)
 {
     message(window, "_NET_ACTIVE_WINDOW", {pager, XCB_CURRENT_TIME, XCB_WINDOW_NONE});
+    // Not every window manager raises what it activates.
+    message(window, "_NET_RESTACK_WINDOW", {pager, XCB_WINDOW_NONE, XCB_STACK_MODE_ABOVE});
 }
 
 void DesktopProbe::close(xcb_window_t window)

@@ -9,7 +9,12 @@ std::unique_ptr<TestWindowManager> startManager(TestServer &server, const QStrin
                                                 const std::vector<Plugged> &outputs)
 {
     server.plug(outputs);
-    return name.isEmpty() ? nullptr : std::make_unique<TestWindowManager>(name);
+    if (name.isEmpty())
+        return nullptr;
+    auto manager = std::make_unique<TestWindowManager>(name);
+    if (manager->kind().resetsOutputs)
+        server.plug(outputs);
+    return manager;
 }
 
 } // namespace
@@ -34,6 +39,19 @@ TestClient &DesktopSession::open(ClientKind kind, const QByteArray &title, const
                                  kind, title, QStringList{QStringLiteral("--class"), application});
     moveAndWait(client, frame);
     return client;
+}
+
+void DesktopSession::openEveryKind()
+{
+    open(ClientKind::Plain, "plain", {60, 80, 500, 400});
+    open(ClientKind::StaticGravity, "static", {620, 90, 480, 410});
+    const bool mayStraddle = !manager->kind().keepsFramesOnOneMonitor;
+    open(ClientKind::SouthEast, "south east", {mayStraddle ? 1760.0 : 1400, 300, 420, 380});
+    open(ClientKind::Increments, "terminal", {2300, 100, 640, 420});
+    open(ClientKind::Qt, "Qt window", {2990, 140, 500, 430});
+    open(ClientKind::GtkDecorated, "archive.tar", {2380, 560, 700, 460});
+    open(ClientKind::FixedDialog, "dialog", {200, 560, 400, 300});
+    open(ClientKind::Aspect, "aspect", {3200, 600, 480, 380});
 }
 
 void DesktopSession::close(const QString &title)
@@ -85,6 +103,28 @@ QStringList DesktopSession::frames() const
     return frames;
 }
 
+void DesktopSession::scatter(std::mt19937 &random, unsigned maximisable)
+{
+    const auto upTo = [&](unsigned end) { return double(random() % end); };
+    std::vector<xcb_window_t> windows;
+    for (const TestClient &client : clients)
+        windows.push_back(client.window());
+    const std::vector<Rect> homes = probe.restingFrames(windows);
+    for (const xcb_window_t window : windows) {
+        const double display = 1920 * upTo(2);
+        const double x = display + upTo(1200);
+        const double y = upTo(500);
+        const double width = 300 + upTo(300);
+        probe.move(window, {x, y, width, 250 + upTo(250)});
+    }
+    if (maximisable > 0)
+        setStateAndWait(*std::next(clients.begin(), random() % maximisable), true, vertically,
+                        horizontally);
+    for (std::size_t i = 0; i < windows.size(); ++i)
+        require([&] { return probe.frame(windows[i]) != homes[i]; }, "a moved window");
+    probe.restingFrames(windows);
+}
+
 void DesktopSession::moveAndWait(const TestClient &client, const Rect &frame)
 {
     probe.move(client.window(), frame);
@@ -109,19 +149,25 @@ void DesktopSession::setStateAndWait(const TestClient &client, bool on, const ch
 
 void DesktopSession::activateAndWait(const TestClient &client)
 {
+    const auto isDone = [&] {
+        return probe.activeWindow() == client.window()
+               && probe.stacking().back() == client.window();
+    };
     // Asked for again where it does not hold: a program that has just started may still raise
     // itself once more.
-    require(
-        [&] {
-            probe.activate(client.window());
-            return waitUntil(
-                [&] {
-                    return probe.activeWindow() == client.window()
-                           && probe.stacking().back() == client.window();
-                },
-                2'000);
-        },
-        "an activated window");
+    const auto activate = [&] {
+        probe.activate(client.window());
+        return waitUntil(isDone, 2'000);
+    };
+    if (waitUntil(activate))
+        return;
+    QStringList titles;
+    for (const xcb_window_t window : probe.stacking())
+        titles << probe.title(window);
+    qFatal("%s is not active in front, %s is, and the order is: %s",
+           qPrintable(probe.title(client.window())),
+           qPrintable(probe.title(probe.activeWindow().value_or(XCB_WINDOW_NONE))),
+           qPrintable(titles.join(QStringLiteral(", "))));
 }
 
 } // namespace Panorel::Desktop

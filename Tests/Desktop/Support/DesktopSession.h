@@ -12,15 +12,21 @@
 #include "Support/FakeScheduler.h"
 #include "Support/TestDataDir.h"
 
+#include <random>
+
 namespace Panorel::Desktop {
 
 /// "title at x,y widthxheight", exact.
 QString described(const QString &title, const Rect &frame);
 
+constexpr auto vertically = "_NET_WM_STATE_MAXIMIZED_VERT";
+constexpr auto horizontally = "_NET_WM_STATE_MAXIMIZED_HORZ";
+constexpr auto fullScreen = "_NET_WM_STATE_FULLSCREEN";
+
 /// A whole X session with its windows, as their user sees it.
 class DesktopSession {
 public:
-    /// "openbox", "xfwm4", or empty for none.
+    /// One that managerKind() knows, or empty for none.
     explicit DesktopSession(const QString &windowManager = QStringLiteral("openbox"),
                             const std::vector<Plugged> &outputs = sideBySide());
 
@@ -29,12 +35,17 @@ public:
     TestClient &open(ClientKind kind, const QByteArray &title, const Rect &frame,
                      const QString &application = {});
     void close(const QString &title);
+    /// One window of each kind, over both displays, one across the border where windows may be.
+    void openEveryKind();
 
     /// Every window with its frame as seen from outside the program, ordered by title.
     QStringList frames() const;
     bool isAt(const TestClient &client, const Rect &frame) const;
     bool isMinimised(const TestClient &client) const;
 
+    /// Every window is somewhere else when this returns, each on one of the two displays. One of
+    /// the first `maximisable` is maximised.
+    void scatter(std::mt19937 &random, unsigned maximisable);
     void moveAndWait(const TestClient &client, const Rect &frame);
     void setStateAndWait(const TestClient &client, bool on, const char *first,
                          const char *second = nullptr);

@@ -36,13 +36,17 @@ QStringList commandFor(ClientKind kind, const QByteArray &bytes)
     case ClientKind::Qt:
         return {ownClient("qt-client"), QStringLiteral("--title"), title};
     default:
-        const int gravity = kind == ClientKind::StaticGravity ? 10
-                            : kind == ClientKind::SouthEast   ? 9
-                                                              : 1;
-        return {ownClient("xcb-client"), QStringLiteral("--title"),
-                QString::fromLatin1(bytes.toPercentEncoding()), QStringLiteral("--gravity"),
-                QString::number(gravity)};
+        break;
     }
+    const char *own = kind == ClientKind::StaticGravity ? "--gravity 10"
+                      : kind == ClientKind::SouthEast   ? "--gravity 9"
+                      : kind == ClientKind::FixedDialog
+                          ? "--fixed --atom _NET_WM_WINDOW_TYPE=_NET_WM_WINDOW_TYPE_DIALOG"
+                      : kind == ClientKind::Aspect ? "--aspect 320,240"
+                                                   : "";
+    return QStringList{ownClient("xcb-client"), QStringLiteral("--title"),
+                       QString::fromLatin1(bytes.toPercentEncoding())}
+           + QString::fromLatin1(own).split(u' ', Qt::SkipEmptyParts);
 }
 
 } // namespace

@@ -15,6 +15,8 @@ enum class ClientKind {
     Increments,    ///< xterm: its size goes in steps of characters
     Qt,            ///< a Qt 6 window
     GtkDecorated,  ///< GTK 3, draws its own title bar and, where composited, its shadow
+    FixedDialog,   ///< of one size, and for many window managers not to be maximised
+    Aspect,        ///< wants 4 to 3 and not less than 320 by 240
 };
 
 /// Another program with one window on the test desktop. The window is managed and at rest when

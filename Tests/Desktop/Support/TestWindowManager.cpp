@@ -4,11 +4,45 @@
 
 #include <QTest>
 
+#include <algorithm>
+
 namespace Panorel::Desktop {
+namespace {
+
+constexpr ManagerKind managers[] = {
+    {.name = "openbox"},
+    // With its compositor it lets GTK draw shadows, the harder case.
+    {.name = "xfwm4", .arguments = "--compositor=on"},
+    {.name = "icewm"},
+    {.name = "metacity", .keepsFramesOnOneMonitor = true},
+    {.name = "marco", .keepsFramesOnOneMonitor = true},
+    {.name = "mutter",
+     .arguments = "--x11",
+     .resetsOutputs = true,
+     .keepsFramesOnOneMonitor = true},
+    {.name = "muffin", .resetsOutputs = true, .keepsFramesOnOneMonitor = true},
+    {.name = "kwin_x11"},
+};
+
+} // namespace
+
+std::span<const ManagerKind> knownManagers()
+{
+    return managers;
+}
+
+const ManagerKind &managerKind(const QString &name)
+{
+    const auto known = std::ranges::find_if(
+        managers, [&](const ManagerKind &kind) { return name == QLatin1String(kind.name); });
+    if (known == std::end(managers))
+        qFatal("%s is no window manager that the tests know", qPrintable(name));
+    return *known;
+}
+
 TestWindowManager::TestWindowManager(const QString &name)
-    // With its compositor xfwm4 lets GTK draw shadows, the harder case.
-    : m_manager(name,
-                name == u"xfwm4" ? QStringList{QStringLiteral("--compositor=on")} : QStringList())
+    : m_kind(managerKind(name)),
+      m_manager(name, QString::fromLatin1(m_kind.arguments).split(u' ', Qt::SkipEmptyParts))
 {
     giveBus(m_manager);
     m_manager.silence();
@@ -27,17 +61,31 @@ void TestWindowManager::giveBus(ChildProcess &child) const
     child.process().setProcessEnvironment(environment);
 }
 
-void forEachManager()
+void forEachManager(const QStringList &names)
 {
     QTest::addColumn<QString>("manager");
-    for (const char *name : {"openbox", "xfwm4"})
-        QTest::newRow(name) << QString::fromLatin1(name);
+    for (const QString &name : names)
+        QTest::newRow(managerKind(name).name) << name;
 }
 
 QString managerOfThisRun()
 {
     QFETCH_GLOBAL(QString, manager);
     return manager;
+}
+
+void forEachChosenManager()
+{
+    forEachManager(qEnvironmentVariable("PANOREL_MANAGERS", QStringLiteral("openbox xfwm4 icewm "
+                                                                           "metacity"))
+                       .split(u' ', Qt::SkipEmptyParts));
+}
+
+int cyclesOfThisRun()
+{
+    return qEnvironmentVariableIsSet("PANOREL_CYCLES")
+               ? qEnvironmentVariableIntValue("PANOREL_CYCLES")
+               : 3;
 }
 
 } // namespace Panorel::Desktop

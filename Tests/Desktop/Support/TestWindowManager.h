@@ -2,14 +2,30 @@
 
 #include "Desktop/Support/ChildProcess.h"
 
+#include <span>
+
 namespace Panorel::Desktop {
+
+/// A window manager that the tests know, and what it does differently from the others.
+struct ManagerKind {
+    const char *name; ///< of its program
+    const char *arguments = "";
+    bool resetsOutputs = false; ///< as it starts, to what it finds best
+    /// No decorated frame can lie across two monitors or beyond their edge.
+    bool keepsFramesOnOneMonitor = false;
+};
+
+std::span<const ManagerKind> knownManagers();
+/// Fatal for one that isn't known.
+const ManagerKind &managerKind(const QString &name);
 
 /// A window manager and a session bus of its own on the test server. Ready to manage windows when
 /// the constructor returns.
 class TestWindowManager {
 public:
-    /// "openbox" or "xfwm4".
     explicit TestWindowManager(const QString &name);
+
+    const ManagerKind &kind() const { return m_kind; }
 
     /// Lets the program, before it is started, use the session bus.
     void giveBus(ChildProcess &child) const;
@@ -17,12 +33,19 @@ public:
     qint64 processID() const { return m_manager.processID(); }
 
 private:
+    const ManagerKind &m_kind;
     SessionBus m_bus;
     ChildProcess m_manager;
 };
 
 /// For initTestCase_data: every test runs once under each of them.
-void forEachManager();
+void forEachManager(const QStringList &names = {QStringLiteral("openbox"),
+                                                QStringLiteral("xfwm4")});
 QString managerOfThisRun();
+
+/// For tests that can go on for hours, PANOREL_MANAGERS and PANOREL_CYCLES say how far: names
+/// with blanks between, and how often each test does what it does.
+void forEachChosenManager();
+int cyclesOfThisRun();
 
 } // namespace Panorel::Desktop
