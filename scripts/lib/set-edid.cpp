@@ -1,4 +1,6 @@
-// set-edid OUTPUT NAME SERIAL: gives an output of a dummy X server the EDID of a display.
+// set-edid OUTPUT NAME SERIAL [FLAW]: gives an output of a dummy X server the EDID of a display.
+// With a flaw it is one that cables and adapters make of it: "missing", "truncated", "checksum" or
+// "noise".
 
 #include <xcb/randr.h>
 
@@ -9,6 +11,7 @@
 #include <cstring>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -18,9 +21,10 @@ struct Free {
 template <typename T> using Reply = std::unique_ptr<T, Free>;
 
 /// The 128 bytes of an EDID 1.4 block without timings; the name has at most 13 characters.
-std::array<std::uint8_t, 128> edid(const std::string &name, std::uint32_t serial)
+std::vector<std::uint8_t> edid(const std::string &name, std::uint32_t serial)
 {
-    std::array<std::uint8_t, 128> block{0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00};
+    std::vector<std::uint8_t> block{0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0x00};
+    block.resize(128);
     block[8] = 0x41; // "PNR", five bits a letter
     block[9] = 0xD2;
     block[10] = 0x24; // model
@@ -45,6 +49,16 @@ std::array<std::uint8_t, 128> edid(const std::string &name, std::uint32_t serial
         sum = static_cast<std::uint8_t>(sum + byte);
     block[127] = static_cast<std::uint8_t>(-sum);
     return block;
+}
+
+void spoil(std::vector<std::uint8_t> &block, const std::string &flaw)
+{
+    if (flaw == "truncated")
+        block.resize(100);
+    else if (flaw == "checksum")
+        block[127] ^= 1;
+    else if (flaw == "noise")
+        block.assign(65'000, 0xA7);
 }
 
 xcb_atom_t atom(xcb_connection_t *connection, const char *name)
@@ -82,8 +96,8 @@ xcb_randr_output_t findOutput(xcb_connection_t *connection, const std::string &n
 
 int main(int argc, char **argv)
 {
-    if (argc != 4) {
-        std::fprintf(stderr, "usage: set-edid OUTPUT NAME SERIAL\n");
+    if (argc != 4 && argc != 5) {
+        std::fprintf(stderr, "usage: set-edid OUTPUT NAME SERIAL [FLAW]\n");
         return 2;
     }
     xcb_connection_t *connection = xcb_connect(nullptr, nullptr);
@@ -93,10 +107,16 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "set-edid: no output %s\n", argv[1]);
         return 1;
     }
-    const auto block =
-        edid(argv[2], static_cast<std::uint32_t>(std::strtoul(argv[3], nullptr, 10)));
-    xcb_randr_change_output_property(connection, output, atom(connection, "EDID"), XCB_ATOM_INTEGER,
-                                     8, XCB_PROP_MODE_REPLACE, block.size(), block.data());
+    auto block = edid(argv[2], static_cast<std::uint32_t>(std::strtoul(argv[3], nullptr, 10)));
+    const std::string flaw = argc == 5 ? argv[4] : "";
+    spoil(block, flaw);
+    const xcb_atom_t property = atom(connection, "EDID");
+    if (flaw == "missing")
+        xcb_randr_delete_output_property(connection, output, property);
+    else
+        xcb_randr_change_output_property(connection, output, property, XCB_ATOM_INTEGER, 8,
+                                         XCB_PROP_MODE_REPLACE,
+                                         static_cast<std::uint32_t>(block.size()), block.data());
     atom(connection, "EDID"); // a round trip: the property is set when this returns
     xcb_disconnect(connection);
     return 0;

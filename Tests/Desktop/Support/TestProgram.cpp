@@ -2,7 +2,9 @@
 
 #include "Support/TestHome.h"
 
+#include "Desktop/Support/TestServer.h"
 #include <QJsonDocument>
+#include <QSettings>
 #include <QTest>
 
 #include <csignal>
@@ -65,7 +67,7 @@ void TestProgram::awaitRest() const
 
 qsizetype TestProgram::logged(const char *text) const
 {
-    return read(QStringLiteral("app.log")).count(text);
+    return log().count(text);
 }
 
 void TestProgram::pressUntilLogged(TestKeyboard &keyboard, const HotKeyCombo &combo,
@@ -82,6 +84,29 @@ void TestProgram::pressUntilLogged(TestKeyboard &keyboard, const HotKeyCombo &co
 void TestProgram::awaitLogged(qsizetype count, const char *text) const
 {
     require([&] { return logged(text) >= count; }, text);
+}
+
+QByteArray TestProgram::awaitRestore(qsizetype logSize, int displays) const
+{
+    const QByteArray settled = "display settled: " + QByteArray::number(displays) + " displays";
+    QByteArray report;
+    require(
+        [&] {
+            const QByteArray since = log().mid(logSize);
+            const qsizetype settling = since.indexOf(settled);
+            const qsizetype begin = settling < 0 ? -1 : since.indexOf("restore report: ", settling);
+            const qsizetype end = begin < 0 ? -1 : since.indexOf('\n', begin);
+            report = since.mid(begin, end - begin);
+            return end >= 0;
+        },
+        "a restored desk");
+    return report;
+}
+
+void TestProgram::setSettleSeconds(double seconds)
+{
+    QSettings(TestServer::settings(), QSettings::IniFormat)
+        .setValue(QStringLiteral("displaySettleSeconds"), seconds);
 }
 
 QByteArray TestProgram::read(const QString &name) const

@@ -28,8 +28,16 @@ public:
     /// Until it rests: no processor time and next to no waking for a while.
     void awaitRest() const;
 
+    /// How long programs that are started from now on wait for displays to settle.
+    static void setSettleSeconds(double seconds);
+
     qsizetype logged(const char *text) const;
     void awaitLogged(qsizetype count, const char *text) const;
+
+    /// After that much of the log, that many displays settled and the desk was restored. What the
+    /// restore reported.
+    QByteArray awaitRestore(qsizetype logSize, int displays) const;
+    qsizetype logSize() const { return log().size(); }
 
     /// Until it was heard: before the program has the key it goes to a window.
     void pressUntilLogged(TestKeyboard &keyboard, const HotKeyCombo &combo, const char *text) const;
@@ -45,6 +53,7 @@ public:
     QByteArray failsWithOneLine();
 
 private:
+    QByteArray log() const { return read(QStringLiteral("app.log")); }
     void awaitEnd();
 
     QTemporaryDir m_data;

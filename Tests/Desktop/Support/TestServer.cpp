@@ -94,10 +94,10 @@ void TestServer::plug(const std::vector<Plugged> &outputs)
     m_plugged = plugged;
 }
 
-void TestServer::setEdid(int output, const QString &name, int serial)
+void TestServer::setEdid(int output, const QString &name, int serial, const QString &flaw)
 {
     run(QStringLiteral(PANOREL_TEST_CLIENTS "/set-edid"),
-        {outputName(output), name, QString::number(serial)});
+        {outputName(output), name, QString::number(serial), flaw});
 }
 
 void TestServer::kill()

@@ -34,8 +34,9 @@ public:
     /// unplugged.
     void plug(const std::vector<Plugged> &outputs);
 
-    /// What the output says of itself from now on. Is no display event.
-    void setEdid(int output, const QString &name, int serial);
+    /// What the output says of itself from now on. Is no display event. A flaw is one of those
+    /// that set-edid knows.
+    void setEdid(int output, const QString &name, int serial, const QString &flaw = {});
 
     /// The server goes away under everybody's feet.
     void kill();
