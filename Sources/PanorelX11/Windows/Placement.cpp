@@ -29,15 +29,29 @@ constexpr int requestsForSizeUnanswered = 5;
 constexpr int requestsForMaximizing = 4;
 constexpr int nudge = 8;
 
-bool isNear(double a, double b)
+/// Whether an edge lies where the area's does. `outwards` is how far it lies beyond: some window
+/// managers push the borders of a maximised window out of the area.
+bool isNear(double outwards, int border)
 {
-    return std::abs(a - b) <= areaTolerance;
+    return outwards >= -areaTolerance && outwards <= std::max<double>(areaTolerance, border);
 }
 
-bool fills(const Rect &frame, const Rect &area)
+bool beginsWith(const Point &origin, const Rect &area, const Extents &borders)
 {
-    return isNear(frame.minX(), area.minX()) && isNear(frame.minY(), area.minY())
-           && isNear(frame.maxX(), area.maxX()) && isNear(frame.maxY(), area.maxY());
+    return isNear(area.minX() - origin.x, borders.left)
+           && isNear(area.minY() - origin.y, borders.top);
+}
+
+bool fills(const Rect &frame, const Rect &area, const Extents &borders)
+{
+    return beginsWith(frame.origin(), area, borders)
+           && isNear(frame.maxX() - area.maxX(), borders.right)
+           && isNear(frame.maxY() - area.maxY(), borders.bottom);
+}
+
+bool fills(const FrameGeometry &geometry, const Rect &area)
+{
+    return fills(geometry.visibleFrame().toRect(), area, geometry.decorations);
 }
 
 bool hasCentreOf(const Rect &area, const PixelRect &frame)
@@ -124,10 +138,11 @@ void Placement::chooseArea(const ClientReading &reading, const std::vector<Rect>
     if (!m_target.position || !m_windowManager.supports("_NET_WM_STATE_MAXIMIZED_VERT"))
         return;
     const Point &position = *m_target.position;
+    const Extents &borders = reading.geometry.decorations;
     const auto isMeant = [&](const Rect &area) {
         if (m_target.size)
-            return fills(Rect::of(position, *m_target.size), area);
-        return reading.isMaximized() && isNear(position.x, area.x) && isNear(position.y, area.y);
+            return fills(Rect::of(position, *m_target.size), area, borders);
+        return reading.isMaximized() && beginsWith(position, area, borders);
     };
     const auto area = std::ranges::find_if(workAreas, isMeant);
     if (area != workAreas.end())
@@ -223,7 +238,7 @@ void Placement::judgeMaximizing(const ClientReading &reading, TimePoint now)
     const PixelRect frame = reading.geometry.visibleFrame();
     if (reading.isMaximized() && hasCentreOf(*m_area, frame)) {
         const auto calm =
-            fills(frame.toRect(), *m_area) ? calmTime(reading) : m_stableSince + maximizedCalm;
+            fills(reading.geometry, *m_area) ? calmTime(reading) : m_stableSince + maximizedCalm;
         if (now >= calm)
             m_phase = Phase::Done;
         else
@@ -299,7 +314,7 @@ bool Placement::isSizeRight(const ClientReading &reading) const
 bool Placement::isAlreadyThere(const ClientReading &reading) const
 {
     if (m_area)
-        return reading.isMaximized() && fills(reading.geometry.visibleFrame().toRect(), *m_area);
+        return reading.isMaximized() && fills(reading.geometry, *m_area);
     return isPositionRight(reading) && isSizeRight(reading);
 }
 
