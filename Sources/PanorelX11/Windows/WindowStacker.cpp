@@ -32,7 +32,7 @@ void WindowStacker::raise(const std::vector<xcb_window_t> &backToFront)
         return;
     if (!m_windowManager.supports("_NET_RESTACK_WINDOW"))
         return raiseByActivating(windows);
-    for (const xcb_window_t window : windows)
+    for (const xcb_window_t window : withFullScreenWindows(windows))
         m_windowManager.stackOnTop(window);
     awaitStacking(windows);
 }
@@ -47,6 +47,34 @@ WindowStacker::raisable(const std::vector<xcb_window_t> &backToFront) const
             windows.push_back(backToFront[i]);
     }
     return windows;
+}
+
+std::vector<xcb_window_t>
+WindowStacker::withFullScreenWindows(const std::vector<xcb_window_t> &backToFront)
+{
+    const auto clients = m_registry.frontToBack();
+    if (!clients)
+        return backToFront;
+    std::vector<xcb_window_t> above; // the clients in front of the one that is looked at
+    for (const auto &client : *clients)
+        above.push_back(client.window);
+    const auto readings = m_reader.read(above);
+    std::vector<xcb_window_t> result = backToFront;
+    for (std::size_t i = clients->size(); i-- > 0;) {
+        const xcb_window_t window = above.back();
+        above.pop_back();
+        if (!readings[i] || !readings[i]->isFullScreen || readings[i]->isMinimized
+            || !readings[i]->isOnCurrentDesktop
+            || std::ranges::find(result, window) != result.end())
+            continue;
+        // Only below those that were all in front of it.
+        auto place = result.end();
+        while (place != result.begin()
+               && std::ranges::find(above, *std::prev(place)) != above.end())
+            --place;
+        result.insert(place, window);
+    }
+    return result;
 }
 
 std::vector<xcb_window_t> WindowStacker::ordinaryFrontToBack()

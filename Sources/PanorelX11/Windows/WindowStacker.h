@@ -27,6 +27,9 @@ private:
     bool isStacked(const std::vector<xcb_window_t> &ordinary,
                    const std::vector<xcb_window_t> &backToFront) const;
     void awaitStacking(const std::vector<xcb_window_t> &backToFront);
+    /// A window that is shown full-screen is not restored and never raised for itself, yet it must
+    /// not sink behind what it covers.
+    std::vector<xcb_window_t> withFullScreenWindows(const std::vector<xcb_window_t> &backToFront);
     void raiseByActivating(const std::vector<xcb_window_t> &backToFront);
 
     EventPump &m_pump;
