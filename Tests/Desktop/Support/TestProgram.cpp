@@ -1,8 +1,8 @@
 #include "Desktop/Support/TestProgram.h"
 
+#include "Desktop/Support/TestServer.h"
 #include "Support/TestHome.h"
 
-#include "Desktop/Support/TestServer.h"
 #include <QJsonDocument>
 #include <QSettings>
 #include <QTest>

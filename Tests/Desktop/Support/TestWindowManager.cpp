@@ -19,8 +19,12 @@ constexpr ManagerKind managers[] = {
     {.name = "mutter",
      .arguments = "--x11",
      .resetsOutputs = true,
-     .keepsFramesOnOneMonitor = true},
-    {.name = "muffin", .resetsOutputs = true, .keepsFramesOnOneMonitor = true},
+     .keepsFramesOnOneMonitor = true,
+     .raisesBesideFullScreen = true},
+    {.name = "muffin",
+     .resetsOutputs = true,
+     .keepsFramesOnOneMonitor = true,
+     .raisesBesideFullScreen = true},
     {.name = "kwin_x11"},
 };
 

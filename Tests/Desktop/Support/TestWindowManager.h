@@ -13,6 +13,8 @@ struct ManagerKind {
     bool resetsOutputs = false; ///< as it starts, to what it finds best
     /// No decorated frame can lie across two monitors or beyond their edge.
     bool keepsFramesOnOneMonitor = false;
+    /// Maximising one window brings it before a full-screen one on another monitor.
+    bool raisesBesideFullScreen = false;
 };
 
 std::span<const ManagerKind> knownManagers();

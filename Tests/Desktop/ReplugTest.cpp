@@ -1,0 +1,74 @@
+#include "Desktop/Support/DesktopSession.h"
+#include "Desktop/Support/TestProgram.h"
+
+#include <QTest>
+
+#include <algorithm>
+#include <csignal>
+
+using namespace Panorel;
+using namespace Panorel::Desktop;
+
+/// The program itself, and a display that is pulled out and plugged in again and again.
+class ReplugTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase_data() { forEachChosenManager(); }
+    void everyReplugBringsTheWholeDeskBack();
+};
+
+void ReplugTest::everyReplugBringsTheWholeDeskBack()
+{
+    DesktopSession desk(managerOfThisRun());
+    const DesktopProbe &probe = desk.probe;
+    desk.server.setEdid(0, QStringLiteral("Left"), 11);
+    desk.server.setEdid(1, QStringLiteral("Right"), 12);
+    TestProgram::setSettleSeconds(0.5);
+    desk.openEveryKind();
+    const TestClient &big = desk.open(ClientKind::Plain, "big", {2300, 300, 500, 400});
+    const TestClient &film = desk.open(ClientKind::Plain, "film", {900, 200, 600, 400});
+    const TestClient &aside = desk.open(ClientKind::Plain, "aside", {300, 300, 500, 400});
+    desk.setStateAndWait(big, true, vertically, horizontally);
+    desk.setStateAndWait(film, true, fullScreen);
+    desk.minimiseAndWait(aside);
+    const TestClient &covered = *std::next(desk.clients.begin(), 6); // by the film
+    const TestClient &focused = *std::next(desk.clients.begin(), 4);
+    desk.probe.activate(focused.window()); // the film may stay above it
+    require([&] { return probe.activeWindow() == focused.window(); }, "the focus");
+    const QStringList before = desk.frames();
+    const auto shownOrder = [&] {
+        std::vector<xcb_window_t> windows = probe.stacking();
+        std::erase(windows, aside.window()); // wherever a minimised window counts
+        if (desk.manager->kind().raisesBesideFullScreen)
+            std::erase(windows, film.window());
+        return windows;
+    };
+    const std::vector<xcb_window_t> order = shownOrder();
+
+    TestProgram program;
+    program.awaitLogged(1, "learned layout: 9 windows"); // all but the film and what is aside
+    for (int cycle = 1; cycle <= cyclesOfThisRun(); ++cycle) {
+        desk.server.plug({{.output = 0}});
+        program.awaitLogged(cycle, "display settled: 1 displays");
+        desk.frames(); // at rest
+        const qsizetype logged = program.logSize();
+        desk.server.plug(sideBySide());
+        const QByteArray report = program.awaitRestore(logged, 2);
+        QVERIFY2(report.contains("9/9 restored, 0 failed"), report);
+        QCOMPARE(desk.frames(), before);
+        QTRY_COMPARE(shownOrder(), order);
+        const std::vector<xcb_window_t> all = probe.stacking();
+        QVERIFY(std::ranges::find(all, film.window()) > std::ranges::find(all, covered.window()));
+        QCOMPARE(probe.activeWindow(), std::optional(focused.window()));
+        QVERIFY(probe.hasState(big.window(), vertically));
+        QVERIFY(probe.hasState(film.window(), fullScreen));
+        QVERIFY(desk.isMinimised(aside));
+        if (cycle % 10 == 0)
+            qInfo("%d cycles", cycle);
+    }
+    program.endCleanly(SIGTERM);
+}
+
+QTEST_GUILESS_MAIN(ReplugTest)
+#include "ReplugTest.moc"
