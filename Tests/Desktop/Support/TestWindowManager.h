@@ -11,6 +11,8 @@ struct ManagerKind {
     const char *name; ///< of its program
     const char *arguments = "";
     bool resetsOutputs = false; ///< as it starts, to what it finds best
+    /// Crashes now and then where the number of desktops is changed just after its start.
+    bool mayDieOfDesktopCount = false;
     /// No decorated frame can lie across two monitors or beyond their edge.
     bool keepsFramesOnOneMonitor = false;
     /// Maximising one window brings it before a full-screen one on another monitor.
