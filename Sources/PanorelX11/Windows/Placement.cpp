@@ -18,6 +18,9 @@ constexpr auto longestPatience = 640ms;
 
 /// Clients that decorate themselves animate their shadow, and with it where their frame lies.
 constexpr auto selfDecoratedCalm = 80ms;
+/// How long such a client may take to notice that it is no longer maximised. Before its shadow is
+/// back it still lays itself out for the old state, and may yet return to a size of its own.
+constexpr auto shadowPatience = 400ms;
 /// Decorations follow a change of state a little later.
 constexpr auto stateChangeCalm = 40ms;
 /// After this long a maximised window that does not fill the work area never will: the window
@@ -200,10 +203,12 @@ void Placement::judgeUnmaximizing(const ClientReading &reading, TimePoint now)
         // What is to be maximised again has to have its own size back first, or it would lose it;
         // how its shadow grows meanwhile does not matter.
         const TimePoint calm = m_area ? m_resized + stateChangeCalm : calmTime(reading);
-        if (now >= calm)
-            startMoving(reading, now);
-        else
+        if (now < calm) {
             m_nextLook = calm;
+            return;
+        }
+        m_maximizedShadow.reset(); // has been waited for
+        startMoving(reading, now);
     } else if (m_isDue) {
         sendState(false, now, reading);
     }
@@ -276,6 +281,7 @@ void Placement::sendState(bool maximized, TimePoint now, const ClientReading &re
 {
     m_windowManager.setMaximized(m_window, maximized);
     m_stateChanged = true;
+    m_maximizedShadow = maximized ? std::nullopt : reading.geometry.shadow;
     // Calm is counted from here: the extents of before are not yet those that go with the state.
     m_resized = m_stableSince = now;
     countRequest(now, reading);
@@ -321,7 +327,9 @@ bool Placement::isAlreadyThere(const ClientReading &reading) const
 Placement::TimePoint Placement::calmTime(const ClientReading &reading) const
 {
     if (reading.geometry.decoratesItself())
-        return m_stableSince + selfDecoratedCalm;
+        return m_stableSince
+               + (reading.geometry.shadow == m_maximizedShadow ? shadowPatience
+                                                               : selfDecoratedCalm);
     return m_stateChanged ? m_stableSince + stateChangeCalm : m_stableSince;
 }
 
