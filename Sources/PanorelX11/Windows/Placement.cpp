@@ -19,8 +19,11 @@ constexpr auto longestPatience = 640ms;
 /// Clients that decorate themselves animate their shadow, and with it where their frame lies.
 constexpr auto selfDecoratedCalm = 80ms;
 /// How long such a client may take to notice that it is no longer maximised. Before its shadow is
-/// back it still lays itself out for the old state, and may yet return to a size of its own.
-constexpr auto shadowPatience = 400ms;
+/// back it still lays itself out for the old state, and may yet return to a size of its own. It
+/// may be slow, for it waits for the compositor between two of its frames; where there is none,
+/// no shadow comes and a client is quick.
+constexpr auto shadowPatience = 1200ms;
+constexpr auto patienceWithoutShadow = 400ms;
 /// Decorations follow a change of state a little later.
 constexpr auto stateChangeCalm = 40ms;
 /// After this long a maximised window that does not fill the work area never will: the window
@@ -282,6 +285,8 @@ void Placement::sendState(bool maximized, TimePoint now, const ClientReading &re
     m_windowManager.setMaximized(m_window, maximized);
     m_stateChanged = true;
     m_maximizedShadow = maximized ? std::nullopt : reading.geometry.shadow;
+    if (m_maximizedShadow)
+        m_shadowPatience = m_windowManager.isComposited() ? shadowPatience : patienceWithoutShadow;
     // Calm is counted from here: the extents of before are not yet those that go with the state.
     m_resized = m_stableSince = now;
     countRequest(now, reading);
@@ -328,7 +333,7 @@ Placement::TimePoint Placement::calmTime(const ClientReading &reading) const
 {
     if (reading.geometry.decoratesItself())
         return m_stableSince
-               + (reading.geometry.shadow == m_maximizedShadow ? shadowPatience
+               + (reading.geometry.shadow == m_maximizedShadow ? m_shadowPatience
                                                                : selfDecoratedCalm);
     return m_stateChanged ? m_stableSince + stateChangeCalm : m_stableSince;
 }

@@ -89,6 +89,7 @@ private:
     WindowManager::Aspect m_aspect = WindowManager::Aspect::PositionAndSize;
     int m_requests = 0; ///< sent in this phase
     bool m_stateChanged = false;
+    std::chrono::milliseconds m_shadowPatience{};
     std::optional<Extents> m_maximizedShadow; ///< absent: it was not un-maximised, or has none
 
     TimePoint m_sent{};

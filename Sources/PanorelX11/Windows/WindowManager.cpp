@@ -72,6 +72,14 @@ bool WindowManager::supports(const char *atom) const
     return m_supported->contains(m_connection.atom(atom));
 }
 
+bool WindowManager::isComposited() const
+{
+    xcb_connection_t *c = m_connection.get();
+    const XOwned<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+        c, xcb_get_selection_owner(c, m_connection.atom("_NET_WM_CM_S0")), nullptr));
+    return reply && reply->owner != XCB_WINDOW_NONE;
+}
+
 void WindowManager::place(xcb_window_t window, const PixelRect &client, Aspect aspect,
                           const Extents &decorations, std::uint32_t windowGravity) const
 {

@@ -26,6 +26,9 @@ public:
     /// Whether it lists the atom among what it supports.
     bool supports(const char *atom) const;
 
+    /// Whether the screen is composited: only then do windows have shadows.
+    bool isComposited() const;
+
     /// Asks for a client rectangle, meaning the frame around it with these decorations: the way
     /// that serves every window.
     void place(xcb_window_t window, const PixelRect &client, Aspect aspect,
