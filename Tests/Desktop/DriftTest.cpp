@@ -1,5 +1,6 @@
 #include "Desktop/Support/DesktopSession.h"
 
+#include <QElapsedTimer>
 #include <QTest>
 
 #include <random>
@@ -38,8 +39,14 @@ void DriftTest::roundTripsLoseNoPixel()
         TestClient &focused = *std::next(session.clients.begin(), random() % 8);
         session.activateAndWait(focused);
 
+        QElapsedTimer time;
+        time.start();
         const RestoreReport report = session.restore(learned);
-        QVERIFY2(report.restored == 8 && report.failed == 0, qPrintable(report.summary()));
+        QVERIFY2(report.restored == 8 && report.failed == 0,
+                 qPrintable(QStringLiteral("round %1, %2 ms: %3")
+                                .arg(round)
+                                .arg(time.elapsed())
+                                .arg(report.notes.join(u' '))));
         QCOMPARE(session.frames(), before);
         QTRY_COMPARE(session.probe.stacking(), order);
         QCOMPARE(session.probe.activeWindow(), std::optional(focused.window()));
