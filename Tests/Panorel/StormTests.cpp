@@ -40,6 +40,10 @@ public:
                 m_learnedLast = true;
                 if (m_isWaiting && !mayBeUsersWish)
                     return QStringLiteral("a layout that waits for the user was overwritten");
+                if (m_isEnding && !mayBeUsersWish)
+                    return QStringLiteral("a layout was overwritten while the session ended");
+            } else if (says("session: it goes on")) {
+                m_isEnding = false;
             } else if (says("learn: waiting")) {
                 m_isWaiting = true;
             } else if (says("display settled") || says("restore report")
@@ -54,10 +58,12 @@ public:
     /// Whether nothing else is known to have happened since the last thing learned.
     bool hasLearnedLast() const { return m_learnedLast; }
     bool hasRestored() const { return m_restored; }
-    void forget() { m_isWaiting = false; }
+    void sessionEnds() { m_isEnding = true; }
+    void programStarts() { m_isWaiting = m_isEnding = false; }
 
 private:
     bool m_isWaiting = false;
+    bool m_isEnding = false;
     bool m_learnedLast = false;
     bool m_restored = false;
 };
@@ -147,6 +153,8 @@ private:
     QString brokenPromise(bool isUsersWish)
     {
         TestDataDir &dir = m_program.dir;
+        if (m_learnedInRestore)
+            return QStringLiteral("a layout was overwritten in the middle of a restore");
         if (m_watch.hasLearnedLast() && !isUsersWish && !m_program.watcher->isSettling()) {
             const auto displays = m_program.watcher->currentDisplays();
             if (displays.empty() || displays != m_program.watcher->displays())
@@ -226,7 +234,12 @@ private:
     {
         desktop().duringMove = [this] {
             desktop().duringMove = {};
+            const QByteArray before = m_program.dir.read(layoutsFile);
             isLucky() ? undock() : wakeEarly();
+            // Windows are moved for other reasons, too.
+            const bool isRestoring = m_trace.last() == QLatin1String("restore")
+                                     || m_trace.last() == QLatin1String("undo");
+            m_learnedInRestore |= isRestoring && m_program.dir.read(layoutsFile) != before;
         };
     }
 
@@ -369,11 +382,15 @@ private:
         m_program.prefs->setHideOthersOnSwitch(isLucky());
         m_program.prefs->setPlaceNewApps(isLucky());
     }
-    void endTheSession() { controller().prepareToEnd(); }
+    void endTheSession()
+    {
+        controller().prepareToEnd();
+        m_watch.sessionEnds();
+    }
     void startAnew()
     {
         m_program.start();
-        m_watch.forget();
+        m_watch.programStarts();
         m_stashed.clear();
         m_returnUntil = {};
         chooseTheSettleDelay();
@@ -391,6 +408,7 @@ private:
     qsizetype m_logRead = 0;
     std::set<ProcessIdentifier> m_stashed; ///< hidden with the desk
     Instant m_returnUntil;
+    bool m_learnedInRestore = false;
     std::chrono::milliseconds m_settleDelay{};
     QStringList m_trace;
 };

@@ -2,9 +2,8 @@
 
 soak_tsan() {
     # shellcheck disable=SC2086 # lists of words
-    install_packages $PACKAGES_BUILD $PACKAGES_DESKTOP $PACKAGES_TEST $PACKAGES_SOAK
+    install_packages $PACKAGES_BUILD $PACKAGES_DESKTOP $PACKAGES_TEST
     cmake --preset tsan
     cmake --build --preset tsan
-    TSAN_OPTIONS=suppressions=$PWD/scripts/lib/tsan.supp:second_deadlock_stack=1 \
-        ctest --preset tsan
+    TSAN_OPTIONS=second_deadlock_stack=1 ctest --preset tsan
 }
