@@ -1,3 +1,4 @@
+#include "PanorelX11/Session/GObjectOwned.h"
 #include "PanorelX11/Settings/IniUserDefaults.h"
 #include "PanorelX11/Settings/XdgLoginItem.h"
 #include "Support/TestDataDir.h"
@@ -45,6 +46,7 @@ private Q_SLOTS:
     {
         m_home = std::make_unique<QTemporaryDir>();
         qputenv("XDG_CONFIG_HOME", m_home->path().toUtf8());
+        qputenv("XDG_CONFIG_DIRS", m_home->filePath(QStringLiteral("everybody")).toUtf8());
     }
 
     void valuesSurviveTheProcess()
@@ -146,20 +148,43 @@ private Q_SLOTS:
         item.setRegistered(true);
         // GIO undoes the escapes as a desktop session does, and refuses a program that is not
         // there.
-        GDesktopAppInfo *entry = g_desktop_app_info_new_from_filename(file.toUtf8().constData());
+        const GOwned<GDesktopAppInfo> entry(
+            g_desktop_app_info_new_from_filename(file.toUtf8().constData()));
         QVERIFY(entry);
         char **arguments = nullptr;
-        QVERIFY(g_shell_parse_argv(g_app_info_get_commandline(G_APP_INFO(entry)), nullptr,
+        QVERIFY(g_shell_parse_argv(g_app_info_get_commandline(G_APP_INFO(entry.get())), nullptr,
                                    &arguments, nullptr));
         QCOMPARE(QString::fromUtf8(arguments[0]), program);
         QVERIFY(!arguments[1]);
         g_strfreev(arguments);
-        g_object_unref(entry);
 
         XdgLoginItem(QStringLiteral("/opt/$x 50%f/panorel")).setRegistered(true);
         QVERIFY(readFile(file).contains("Exec=\"/opt/\\\\$x 50%%f/panorel\"\n"));
         item.setRegistered(false);
         QVERIFY(!QFile::exists(file));
+    }
+
+    /// A user who does not want what the administrator starts for everybody.
+    void theLoginItemCanBeOffForOneUser()
+    {
+        const QString name = QStringLiteral("autostart/org.panorel.Panorel.desktop");
+        const QString everybodys = m_home->filePath(QStringLiteral("everybody/") + name);
+        QVERIFY(QDir().mkpath(QFileInfo(everybodys).path()));
+        const QByteArray entry = "[Desktop Entry]\nType=Application\nName=P\nExec=/bin/true\n";
+        writeFile(everybodys, entry);
+        const auto isHidden = [file = m_home->filePath(name).toUtf8()] {
+            const GOwned<GDesktopAppInfo> own(
+                g_desktop_app_info_new_from_filename(file.constData()));
+            return own && g_desktop_app_info_get_is_hidden(own.get());
+        };
+        XdgLoginItem item(QStringLiteral("/bin/true"));
+        item.setRegistered(false);
+        QVERIFY(isHidden());
+        item.setRegistered(true);
+        QVERIFY(QFile::exists(m_home->filePath(name)) && !isHidden());
+        item.setRegistered(false);
+        QVERIFY(isHidden());
+        QCOMPARE(readFile(everybodys), entry);
     }
 
 private:
