@@ -20,6 +20,18 @@ if(PANOREL_SANITIZE)
     target_link_options(panorel_options INTERFACE ${flags})
 endif()
 
+option(PANOREL_HARDEN "Build as for strangers' computers: what a fault could do is bounded" OFF)
+if(PANOREL_HARDEN AND NOT APPLE)
+    include(CheckPIESupported)
+    check_pie_supported()
+    set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+    target_compile_options(panorel_options INTERFACE
+        -fstack-protector-strong -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2
+        -Wformat -Werror=format-security
+        -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.) # the same code gives the same program
+    target_link_options(panorel_options INTERFACE -Wl,-z,relro,-z,now)
+endif()
+
 # panorel_module(NAME LINKS target... [EXCLUDE file or folder...]): a static library of all other
 # sources below the current folder. LINKS is the whole of what the module may depend on.
 function(panorel_module name)
