@@ -19,7 +19,7 @@ function(panorel_bundle target)
     set(icon ${CMAKE_CURRENT_BINARY_DIR}/Panorel.icns)
     set(drawing ${packaging}/icons/org.panorel.Panorel.svg)
     add_custom_command(OUTPUT ${icon}
-        COMMAND render-icons ${drawing} ${iconset}
+        COMMAND render-icons iconset ${drawing} ${iconset}
         COMMAND iconutil --convert icns --output ${icon} ${iconset}
         DEPENDS render-icons ${drawing} VERBATIM)
     set_source_files_properties(${icon} PROPERTIES MACOSX_PACKAGE_LOCATION Resources)

@@ -151,7 +151,10 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const QString drawing = source("Packaging/icons/org.panorel.Panorel.svg");
         const QString tool = QStringLiteral(PANOREL_RENDER_ICONS);
-        QCOMPARE(QProcess::execute(tool, {drawing, folder.path()}), 0);
+        const auto draw = [&](const char *form, const QString &file) {
+            return QProcess::execute(tool, {QLatin1String(form), file, folder.path()});
+        };
+        QCOMPARE(draw("iconset", drawing), 0);
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 10);
         for (const int points : {16, 32, 128, 256, 512}) {
             for (const int scale : {1, 2}) {
@@ -165,8 +168,16 @@ private Q_SLOTS:
                 QVERIFY2(image.pixelColor(onWindow).alpha() == 255, qPrintable(name));
             }
         }
-        const QString absent = folder.filePath(QStringLiteral("absent.svg"));
-        QVERIFY(QProcess::execute(tool, {absent, folder.path()}) != 0);
+        QCOMPARE(draw("hicolor", drawing), 0);
+        for (const int pixels : {16, 22, 24, 32, 48, 64, 128, 256, 512}) {
+            const QString name = QStringLiteral("%1x%1/apps/org.panorel.Panorel.png").arg(pixels);
+            const QImage image(folder.filePath(name));
+            QCOMPARE(image.size(), QSize(pixels, pixels));
+            // A theme's icon fills its place: the drawing's own edges are a thirty-second.
+            QVERIFY2(image.pixelColor(pixels / 12, pixels / 3).alpha() == 255, qPrintable(name));
+        }
+        QVERIFY(draw("iconset", folder.filePath(QStringLiteral("absent.svg"))) != 0);
+        QVERIFY(draw("other", drawing) != 0);
     }
 };
 
