@@ -1,6 +1,6 @@
-#include <QDir>
+#include "Support/TestHome.h"
+
 #include <QDirIterator>
-#include <QFile>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -9,11 +9,9 @@ namespace {
 const QString root = QStringLiteral(PANOREL_SOURCES "/");
 const QString port = root + QStringLiteral("Sources/PanorelMac/");
 
-/// Null where there is no such file.
 QString contents(const QString &path)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    return QString::fromUtf8(Panorel::readFile(path));
 }
 
 bool mentions(const QString &text, const QString &word)
