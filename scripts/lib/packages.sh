@@ -12,13 +12,20 @@ PACKAGES_DESKTOP="xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils x
 
 PACKAGES_TEST="clang-format libasan8 libubsan1 libxcb-icccm4-dev libxcb-xtest0-dev tzdata
     gsettings-desktop-schemas cinnamon-desktop-data mate-desktop-common
-    evolution-data-server
+    evolution-data-server desktop-file-utils appstream groff-base zsh fish
     clang libclang-rt-14-dev libgnustep-base-dev libobjc-12-dev"
 
 # Every window manager whose exactness is known, and what it is compared with. KWin draws
 # decorations only with a theme; without its desktop's data marco and muffin don't start.
 PACKAGES_SOAK="marco mate-settings-daemon-common mate-desktop-common mutter muffin
     cinnamon-settings-daemon kwin-x11 kwin-style-breeze wmctrl xdotool"
+
+PACKAGES_PACKAGE="dpkg-dev lintian desktop-file-utils appstream git"
+
+# Those that make a system of their own to try the packages in, and what runs there beside them.
+PACKAGES_TRIAL="debootstrap"
+PACKAGES_TRIED_WITH="xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils xkb-data
+    dbus-daemon openbox trayer xterm x11-utils libglib2.0-bin"
 
 PACKAGES_DEMO="x11-utils x11-apps wmctrl imagemagick geany galculator l3afpad linguist-qt6 jq
     xdotool adwaita-icon-theme hicolor-icon-theme"

@@ -1,0 +1,301 @@
+#include "Panorel/Bus/Present/BusService.h"
+#include "Panorel/Commands/CommandLine.h"
+#include "Panorel/Commands/Verbs.h"
+#include "PanorelCore/Stores/SceneStore.h"
+#include "Support/TestDataDir.h"
+#include "Support/TestHome.h"
+
+#include <QMetaMethod>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QTest>
+
+namespace Panorel {
+
+namespace {
+
+const QString linuxFiles = QStringLiteral(PANOREL_SOURCES "/Packaging/linux/");
+
+QString text(const QString &path)
+{
+    return QString::fromUtf8(readFile(path));
+}
+
+/// What the expression captures, wherever it is found.
+QStringList captured(const QString &text, const char *expression)
+{
+    const QRegularExpression form(QString::fromUtf8(expression),
+                                  QRegularExpression::MultilineOption);
+    QStringList found;
+    for (auto match = form.globalMatch(text); match.hasNext();)
+        found << match.next().captured(1);
+    return found;
+}
+
+QStringList sorted(QStringList list)
+{
+    list.removeDuplicates();
+    list.sort();
+    return list;
+}
+
+template <typename Parsed> bool isUnderstood(const QStringList &arguments)
+{
+    return std::holds_alternative<Parsed>(CommandLine::parse(arguments));
+}
+
+QStringList verbNames()
+{
+    QStringList names;
+    for (const Verb &verb : verbs)
+        names << QLatin1String(verb.name);
+    return names;
+}
+
+/// Those of the help that the verb takes.
+QStringList optionsOf(const Verb &verb)
+{
+    const auto isTaken = [&](const QString &option) {
+        QStringList words{QLatin1String(verb.name), option};
+        if (*verb.argument)
+            words << QStringLiteral("x");
+        return isUnderstood<CommandLine::RunCommand>(words);
+    };
+    QStringList options;
+    for (const QString &option : captured(CommandLine::help(), "(--[a-z-]+)")) {
+        if (isTaken(option))
+            options << option;
+    }
+    return sorted(options);
+}
+
+const QStringList generalOptions{QStringLiteral("--help"), QStringLiteral("--version"),
+                                 QStringLiteral("-h"), QStringLiteral("-v")};
+
+/// A program's output; fatal where it can't be run or fails.
+QString outputOf(const QString &program, const QStringList &arguments)
+{
+    QProcess process;
+    process.start(program, arguments);
+    if (!process.waitForFinished(60'000) || process.exitCode() != 0)
+        qFatal("%s: %s%s", qPrintable(program), qPrintable(process.errorString()),
+               process.readAllStandardError().constData());
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+/// For each line what the shell offers at its end, sorted.
+QList<QStringList> offers(const QString &shell, const QStringList &lines)
+{
+    const QString folder = linuxFiles + QStringLiteral("completions");
+    static const QMap<QString, QStringList> commands = {
+        {QStringLiteral("bash"),
+         {QStringLiteral("--norc"), QStringLiteral("-c"),
+          QStringLiteral(
+              "source $0/panorel.bash; for line; do IFS=' ' read -ra COMP_WORDS <<<$line; "
+              "[[ $line != *' ' ]] || COMP_WORDS+=(''); "
+              "COMP_CWORD=$((${#COMP_WORDS[@]} - 1)); _panorel; "
+              "printf '%s\\n' \"${COMPREPLY[@]}\" ''; done")}},
+        {QStringLiteral("fish"),
+         {QStringLiteral("--no-config"), QStringLiteral("-c"),
+          QStringLiteral("source $argv[1]/panorel.fish; for line in $argv[2..]; "
+                         "complete -C $line | string replace -r '\\t.*' ''; echo; end")}},
+        {QStringLiteral("zsh"),
+         {QStringLiteral("-f"), QStringLiteral(PANOREL_SOURCES "/Tests/Packaging/complete.zsh")}},
+    };
+    const QString output = outputOf(shell, commands.value(shell) + QStringList{folder} + lines);
+    QList<QStringList> offered;
+    QStringList answer;
+    for (QString word : output.split(u'\n')) {
+        if (word.isEmpty()) {
+            offered << sorted(std::exchange(answer, {}));
+        } else {
+            answer << word.remove(u'\\');
+        }
+    }
+    return offered;
+}
+
+/// The sections of the manual page that begin with a line, as their source.
+QString manualSection(const char *heading)
+{
+    const QString page = text(linuxFiles + QStringLiteral("panorel.1.in"));
+    return page.section(QStringLiteral(".SH %1\n").arg(QLatin1String(heading)), 1)
+        .section(QStringLiteral("\n.SH "), 0, 0)
+        .remove(u'\\');
+}
+
+} // namespace
+
+/// What is installed beside the program says of it what is true.
+class LinuxPackageTests : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        qputenv("PATH", PANOREL_PROGRAM_FOLDER ":" + qgetenv("PATH"));
+        qputenv("LC_ALL", "C.UTF-8");
+        qputenv("XDG_RUNTIME_DIR", m_home.path().toUtf8());
+        writeFile(m_home.path(QStringLiteral("backup.json")), "{}");
+        QDir::setCurrent(m_home.path());
+    }
+
+    void everyShellOffersExactlyWhatThereIs_data()
+    {
+        QTest::addColumn<QString>("shell");
+        for (const char *shell : {"bash", "fish", "zsh"})
+            QTest::newRow(shell) << QString::fromLatin1(shell);
+    }
+
+    void everyShellOffersExactlyWhatThereIs()
+    {
+        QFETCH(QString, shell);
+        QStringList lines{QStringLiteral("panorel "), QStringLiteral("panorel --json "),
+                          QStringLiteral("panorel -")};
+        QList<QStringList> expected{sorted(verbNames()), sorted(verbNames()), generalOptions};
+        for (const Verb &verb : verbs) {
+            lines << QStringLiteral("panorel %1 -").arg(QLatin1String(verb.name));
+            expected << optionsOf(verb);
+        }
+        for (const char *verb : {"export", "import"}) { // and nothing behind a file
+            lines << QStringLiteral("panorel %1 ba").arg(QLatin1String(verb))
+                  << QStringLiteral("panorel %1 x ba").arg(QLatin1String(verb));
+            expected << QStringList{QStringLiteral("backup.json")} << QStringList{};
+        }
+        const auto offered = offers(shell, lines);
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            QVERIFY2(offered.value(i) == expected[i],
+                     qPrintable(lines[i] + QStringLiteral(": ") + offered.value(i).join(u' ')));
+        }
+    }
+
+    void everyShellOffersTheScenes_data() { everyShellOffersExactlyWhatThereIs_data(); }
+
+    void everyShellOffersTheScenes()
+    {
+        QFETCH(QString, shell);
+        TestDataDir data;
+        const QString apply = QStringLiteral("panorel apply ");
+        QCOMPARE(offers(shell, {apply}).front(), QStringList());
+
+        SceneRecord scene;
+        scene.id = QUuid(QStringLiteral("{6f1c1d3a-3c11-4c0e-9b7b-0d5c3a7f2e10}"));
+        scene.name = QStringLiteral("Größe \"x\" $HOME");
+        SceneStore(data.log, data.clock).add(scene);
+        const QString id = QStringLiteral("6F1C1D3A-3C11-4C0E-9B7B-0D5C3A7F2E10");
+        const auto offered =
+            offers(shell, {apply, apply + QStringLiteral("6F1C"), apply + QStringLiteral("x "),
+                           QStringLiteral("panorel --json apply ")});
+        QVERIFY2(offered[0].contains(scene.name), qPrintable(offered[0].join(u'|')));
+        QCOMPARE(offered[1], QStringList{id});
+        QVERIFY(!offered[2].contains(scene.name) && !offered[2].contains(id));
+        QVERIFY(offered[3].contains(scene.name));
+    }
+
+    void theManualHasEveryVerbWithItsOptions()
+    {
+        const QString section = manualSection("VERBS");
+        static const QRegularExpression form(QStringLiteral("^\\.BR ([a-z]+) \"? ?(.*)$"),
+                                             QRegularExpression::MultilineOption);
+        QStringList described;
+        for (auto match = form.globalMatch(section); match.hasNext();) {
+            const auto found = match.next();
+            const Verb *verb = findVerb(found.captured(1));
+            if (!verb)
+                continue; // of the running text
+            QString rest = found.captured(2);
+            const QStringList options = captured(rest, "(--[a-z-]+)");
+            QCOMPARE(sorted(options), optionsOf(*verb));
+            rest.remove(QStringLiteral("fI")).remove(QStringLiteral("fP"));
+            QCOMPARE(captured(rest, "^([A-Z|]+)").value(0), QLatin1String(verb->argument));
+            described << found.captured(1);
+        }
+        QCOMPARE(sorted(described), sorted(verbNames()));
+    }
+
+    void theManualHasEveryOptionAndExitStatus()
+    {
+        QStringList all = generalOptions;
+        for (const Verb &verb : verbs)
+            all += optionsOf(verb);
+        QCOMPARE(sorted(captured(manualSection("OPTIONS"), "^\\.BR? .*?(--[a-z-]+)$")
+                        + captured(manualSection("OPTIONS"), "^\\.BR (-[a-z]) ")),
+                 sorted(all));
+        for (const QString &option : generalOptions)
+            QVERIFY(isUnderstood<CommandLine::ShowHelp>({option})
+                    || isUnderstood<CommandLine::ShowVersion>({option}));
+        QStringList numbers;
+        for (int status = 0; status <= int(ExitStatus::NoAnswer); ++status)
+            numbers << QString::number(status);
+        QCOMPARE(captured(manualSection("EXIT STATUS"), "^\\.B ([0-9]+)$"), numbers);
+        QCOMPARE(captured(CommandLine::help().section(QStringLiteral("Exit status:"), 1),
+                          "\\b([0-9]) [a-zP]"),
+                 numbers);
+    }
+
+    void theManualHasEveryMethodOfTheBus()
+    {
+        QStringList methods;
+        const QMetaObject &adaptor = CommandsAdaptor::staticMetaObject;
+        for (int i = adaptor.methodOffset(); i < adaptor.methodCount(); ++i) {
+            QStringList parameters;
+            for (const QByteArray &name : adaptor.method(i).parameterNames())
+                parameters << QString::fromUtf8(name);
+            methods << QString::fromUtf8(adaptor.method(i).name()) + u'('
+                           + parameters.join(QStringLiteral(", ")) + u')';
+        }
+        QString section = manualSection("D-BUS");
+        section.remove(QRegularExpression(QStringLiteral("\"[sb] |(?<=, )[sb] |\""))).remove(u' ');
+        QStringList described = captured(section, "^\\.BI?([A-Z][a-z]+\\(.*\\))$");
+        described.replaceInStrings(QStringLiteral(","), QStringLiteral(", "));
+        QCOMPARE(sorted(described), sorted(methods));
+    }
+
+    void theManualIsWellFormed()
+    {
+        QProcess groff;
+        groff.setProcessChannelMode(QProcess::MergedChannels);
+        groff.start(QStringLiteral("groff"),
+                    {QStringLiteral("-man"), QStringLiteral("-ww"), QStringLiteral("-Tutf8"),
+                     QStringLiteral("-z"), QStringLiteral(PANOREL_MANUAL)});
+        QVERIFY(groff.waitForFinished());
+        QCOMPARE(groff.readAll(), QByteArray());
+        QVERIFY(!readFile(QStringLiteral(PANOREL_MANUAL)).contains('@'));
+    }
+
+    void theDesktopFileOffersActionsThatAreVerbs()
+    {
+        const QString path = linuxFiles + QStringLiteral("org.panorel.Panorel.desktop");
+        const QString entry = text(path);
+        const QStringList actions =
+            captured(entry, "^Actions=(.*);$").value(0).split(u';', Qt::SkipEmptyParts);
+        QCOMPARE(captured(entry, "^\\[Desktop Action (.*)\\]$"), actions);
+        QCOMPARE(captured(entry, "^Exec=panorel (.+)$"), actions);
+        for (const QString &action : actions)
+            QVERIFY2(isUnderstood<CommandLine::RunCommand>({action}), qPrintable(action));
+        QCOMPARE(captured(manualSection("D-BUS").section(QStringLiteral("the actions are"), 1),
+                          "^\\.BR? ([a-z]+)"),
+                 actions);
+        outputOf(QStringLiteral("desktop-file-validate"), {path});
+    }
+
+    void theVersionIsThatOfTheProgram()
+    {
+        const QString version = QStringLiteral(PANOREL_VERSION);
+        const QString metainfo = linuxFiles + QStringLiteral("org.panorel.Panorel.metainfo.xml");
+        QCOMPARE(captured(text(metainfo), "<release version=\"([^\"]*)\"").value(0), version);
+        const QString changes = text(linuxFiles + QStringLiteral("debian/changelog"));
+        QCOMPARE(captured(changes, "^panorel \\((.*)-0panorel1\\)").value(0), version);
+        outputOf(QStringLiteral("appstreamcli"),
+                 {QStringLiteral("validate"), QStringLiteral("--no-net"), metainfo});
+    }
+
+private:
+    TestHome m_home;
+};
+
+} // namespace Panorel
+
+QTEST_GUILESS_MAIN(Panorel::LinuxPackageTests)
+#include "LinuxPackageTests.moc"
