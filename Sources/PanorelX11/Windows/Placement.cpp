@@ -15,6 +15,8 @@ constexpr double areaTolerance = 3;
 constexpr auto firstPatience = 40ms;
 constexpr auto firstPatienceOfSelfDecorated = 120ms;
 constexpr auto longestPatience = 640ms;
+/// How long a window that has answered may be on its way.
+constexpr auto longestDoubt = 1s;
 
 /// Clients that decorate themselves animate their shadow, and with it where their frame lies.
 constexpr auto selfDecoratedCalm = 80ms;
@@ -109,11 +111,7 @@ void Placement::judge(const std::optional<ClientReading> &reading, TimePoint now
         m_stableSince = now;
     m_lastGeometry = geometry;
 
-    // It moves a window in steps: the first that is seen need not be the last. A window that never
-    // stops changing does not hold this up for ever.
-    const TimePoint calm = std::min(m_changed + firstPatience, m_sent + longestPatience);
-    const bool isAnswered = m_changed > m_sent;
-    const TimePoint due = std::max(mendingTime(), isAnswered ? calm : busyUntil);
+    const TimePoint due = mendingTime(busyUntil);
     m_isDue = now >= due;
     m_nextLook = due;
     switch (m_phase) {
@@ -137,6 +135,15 @@ void Placement::noteChange(TimePoint now)
 {
     m_changed = now;
     m_hasChanged = true;
+}
+
+Placement::TimePoint Placement::mendingTime(TimePoint busyUntil) const
+{
+    // A window is moved in steps: the first that is seen need not be the last. One that never
+    // stops changing does not hold this up for ever.
+    const bool isAnswered = m_changed > m_sent;
+    return std::max(m_sent + m_patience,
+                    isAnswered ? std::min(busyUntil, m_sent + longestDoubt) : busyUntil);
 }
 
 void Placement::chooseArea(const ClientReading &reading, const std::vector<Rect> &workAreas)
@@ -300,7 +307,7 @@ void Placement::countRequest(TimePoint now, const ClientReading &reading)
                                                      longestPatience);
     m_requests += 1;
     m_sent = now;
-    m_nextLook = mendingTime();
+    m_nextLook = m_sent + m_patience;
 }
 
 bool Placement::isPositionRight(const ClientReading &reading) const

@@ -51,7 +51,7 @@ public:
     /// When to judge the next reading even if no event comes.
     TimePoint nextLook() const { return m_nextLook; }
     /// When the current request counts as unanswered or wrongly answered.
-    TimePoint mendingTime() const { return m_sent + m_patience; }
+    TimePoint mendingTime(TimePoint busyUntil) const;
 
 private:
     enum class Phase {

@@ -78,7 +78,6 @@ void WindowPlacer::place(xcb_window_t window, const PlacementTarget &target)
     Placement placement(window, target, m_windowManager,
                         now + (displaysChanged ? patienceAfterDisplayChange : patience));
     placement.begin(*reading, workAreas, isUnsure, now);
-    m_connection.flush();
     if (placement.isDone())
         return;
     m_lastActivity = std::max(m_lastActivity, now); // it has been given something to do
@@ -161,24 +160,24 @@ void WindowPlacer::look()
         return entry.second.displayChanges != m_monitors.changeCount();
     });
     const auto now = std::chrono::steady_clock::now();
+    const TimePoint busyUntil =
+        m_lastActivity + busyPatience + busyPatienceEach * std::ssize(m_pending);
     std::vector<xcb_window_t> windows;
     bool isMending = false;
     for (const auto &[window, pending] : m_pending) {
         if (!pending.placement.hasChanged() && pending.placement.nextLook() > now)
             continue;
         windows.push_back(window);
-        isMending = isMending || pending.placement.mendingTime() <= now;
+        isMending = isMending || pending.placement.mendingTime(busyUntil) <= now;
     }
     if (windows.empty())
         return;
 
-    const TimePoint busyUntil =
-        m_lastActivity + busyPatience + busyPatienceEach * std::ssize(m_pending);
     const auto pointer = isMending ? pointerWithButtonDown() : std::nullopt;
     const auto readings = m_reader.read(windows);
     for (std::size_t i = 0; i < windows.size(); ++i) {
         Placement &placement = m_pending.at(windows[i]).placement;
-        const bool isHeld = pointer && readings[i] && placement.mendingTime() <= now
+        const bool isHeld = pointer && readings[i] && placement.mendingTime(busyUntil) <= now
                             && contains(readings[i]->geometry.visibleFrame(), *pointer);
         if (isHeld)
             placement.giveUp();

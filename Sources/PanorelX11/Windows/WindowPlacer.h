@@ -14,7 +14,7 @@ namespace Panorel::X11 {
 
 /// Places windows: many at a time, each until it is in place, has gone, or its time is over.
 ///
-/// place() sends at once and waits for no window. What it began goes on whenever somebody waits
+/// place() asks and waits for no window. What it began goes on whenever somebody waits
 /// for a frame or calls processEvents(), and ends for good with the next change of the displays,
 /// with a newer request for the window, and when the user takes hold of it.
 class WindowPlacer {
@@ -25,6 +25,8 @@ public:
     WindowPlacer(const XConnection &connection, EventPump &pump, const ClientReader &reader,
                  RecentReadings &readings, const WindowManager &windowManager, Monitors &monitors);
 
+    /// Sent with the next wait, so that a window manager that draws between two requests has all of
+    /// them before it draws.
     void place(xcb_window_t window, const PlacementTarget &target);
 
     /// The visible frame where the window came to rest; while it is being placed, waits for that.
