@@ -109,6 +109,21 @@ def stacking(series):
                   "rounds with a wrong stacking"], rows)
 
 
+def traffic(series):
+    rows = []
+    for manager, windows in series.cases("restore"):
+        def both(measure):
+            return " / ".join(spread(series.get("restore", manager, windows, way, measure))
+                              for way in ("panorel", "floor"))
+        work = [spread(series.get("restore", manager, windows, "floor", f"{who}'s processor ms"))
+                for who in ("manager", "server")]
+        rows.append([MANAGERS[manager], str(windows), both("messages"), both("requests"),
+                     both("round trips"), *work])
+    return table(["window manager", "windows", "messages, ours / floor", "requests",
+                  "round trips", "the manager's work for the floor, ms",
+                  "the display server's, ms"], rows)
+
+
 def settle(series):
     rows = [[MANAGERS[manager], str(windows)]
             + [spread(series.get("settle", manager, windows, "panorel", measure))
@@ -192,6 +207,7 @@ def main():
     folder, document = sys.argv[1:3]
     series = Series(folder)
     tables = {"machine": machine(), "restore": restore(series), "stacking": stacking(series),
+              "traffic": traffic(series),
               "settle": settle(series), "learn": learn(series), "start": start(series),
               "core": core(folder)}
     with open(document, encoding="utf-8") as file:

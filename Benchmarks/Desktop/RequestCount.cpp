@@ -48,7 +48,11 @@ std::uint64_t xcb_send_request64(xcb_connection_t *c, int flags, iovec *vector,
     static const auto real = next<decltype(xcb_send_request64)>("xcb_send_request64");
     counted.requests += 1;
     counted.messages += !request->ext && request->opcode == XCB_SEND_EVENT;
-    return connections[c].sent = real(c, flags, vector, request);
+    const std::uint64_t sequence = real(c, flags, vector, request);
+    Connection &known = connections[c];
+    if (sequence < known.sent) // another connection in the place of one that was closed
+        known.waited = 0;
+    return known.sent = sequence;
 }
 
 void *xcb_wait_for_reply(xcb_connection_t *c, unsigned int request, xcb_generic_error_t **error)

@@ -38,6 +38,8 @@ public:
     /// that set-edid knows.
     void setEdid(int output, const QString &name, int serial, const QString &flaw = {});
 
+    qint64 processID() const { return m_process->processID(); }
+
     /// The server goes away under everybody's feet.
     void kill();
 
