@@ -86,8 +86,9 @@ def restore(series):
                times(ratio(ours, floor)), number(statistics.median(ours) / windows)]
         for tool in ("wmctrl", "xdotool"):
             off = get(tool, "off")
-            missed = f"; {sum(one > 0 for one in off)} of {len(off)} rounds never" \
-                if any(off) else ""
+            missed = f" in {sum(one > 0 for one in off)} of {len(off)} rounds, " \
+                f"{number(statistics.median(off))} windows off" if any(off) else ""
+            missed = f"; never{missed}" if missed and get(tool) else missed
             faster = ratio(get(tool), ours)
             row.append(spread(get(tool)) + missed
                        + (f", {times(faster)} times ours" if faster else ""))
@@ -125,10 +126,13 @@ def traffic(series):
 
 
 def settle(series):
-    rows = [[MANAGERS[manager], str(windows)]
-            + [spread(series.get("settle", manager, windows, "panorel", measure))
-               for measure in ("frames ms", "all ms")]
-            for manager, windows in series.cases("settle")]
+    rows = []
+    for manager, windows in series.cases("settle"):
+        frames, everything = (series.get("settle", manager, windows, "panorel", measure)
+                              for measure in ("frames ms", "all ms"))
+        # Before the delay is over the program does nothing.
+        placed = "by the window manager itself" if max(frames) < 0 else spread(frames)
+        rows.append([MANAGERS[manager], str(windows), placed, spread(everything)])
     return table(["window manager", "windows", "last window in place, ms",
                   "stacked as well, ms"], rows)
 
@@ -172,19 +176,11 @@ def core(folder):
     return table(["", "time", "processor time"], rows)
 
 
-def first_line(command):
-    """Of what the command prints, absent where it can't be run."""
-    try:
-        done = subprocess.run(command, capture_output=True, text=True, check=False)
-    except OSError:
-        return None
-    lines = (done.stdout + done.stderr).strip().splitlines()
-    return next((line for line in lines if re.search(r"\d", line)), None)
-
-
-def version(command):
-    line = first_line(command)
-    found = re.search(r"\d+(\.\d+)+", line or "")
+def version(package):
+    """Of an installed package, absent where it is not."""
+    done = subprocess.run(["dpkg-query", "-W", "-f", "${Version}", package],
+                          capture_output=True, text=True, check=False)
+    found = re.search(r"\d+(\.\d+)+", done.stdout)
     return found.group(0) if found else None
 
 
@@ -193,9 +189,9 @@ def machine():
         model = re.search(r"^model name\s*: (.*)$", file.read(), re.MULTILINE)
     with open("/proc/meminfo", encoding="utf-8") as file:
         memory = int(re.search(r"MemTotal:\s+(\d+)", file.read()).group(1)) / 1024 / 1024
-    programs = {"Xorg": ["/usr/lib/xorg/Xorg", "-version"], "openbox": ["openbox", "--version"],
-                "xfwm4": ["xfwm4", "--version"], "kwin": ["kwin_x11", "--version"]}
-    versions = {name: version(command) for name, command in programs.items()}
+    packages = {"Xorg": "xserver-xorg-core", "openbox": "openbox", "xfwm4": "xfwm4",
+                "kwin": "kwin-x11"}
+    versions = {name: version(package) for name, package in packages.items()}
     return "\n".join([
         f"{model.group(1) if model else platform.machine()}, {os.cpu_count()} cores, "
         f"{memory:.0f} GB of memory; Linux {platform.release()}; "
