@@ -17,6 +17,7 @@ private Q_SLOTS:
     void everyStateAndDesktopIsLeftAsItIs();
     void aWindowThatDiesOnTheWayHoldsUpNoOther();
     void aCrowdIsInPlaceAndInOrderWhenTheRestoreIsOver();
+    void whatHasJustMovedIsLearnedAsItIsNow();
     void hostileTitlesAreKeptAndMatched();
     void withoutAWindowManagerNothingIsTouched();
 };
@@ -135,10 +136,23 @@ void RestoreTest::aCrowdIsInPlaceAndInOrderWhenTheRestoreIsOver()
     session.frames(); // at rest
     const RestoreReport report = session.restore(learned);
     QVERIFY2(report.restored == 201, qPrintable(report.summary()));
-    QTRY_COMPARE(probe.stacking(), order);
+    QCOMPARE(probe.stacking(), order); // already now
     QCOMPARE(session.frames(), before);
     // Not with one whose turn came only after the focus had been given back.
     QCOMPARE(probe.activeWindow(), std::optional(focused.window()));
+}
+
+void RestoreTest::whatHasJustMovedIsLearnedAsItIsNow()
+{
+    EngineSession session(managerOfThisRun());
+    const TestClient &client = session.open(ClientKind::Plain, "restless", {100, 100, 400, 300});
+    for (double step = 1; step <= 10; ++step) {
+        const Rect place{100 + 50 * step, 100, 400 + step, 300};
+        session.capture(); // what was read here may serve again only while it is true
+        session.probe.move(client.window(), place);
+        require([&] { return session.isAt(client, place); }, "a moved window");
+        QCOMPARE(session.capture().windows.at(0).frame, place);
+    }
 }
 
 void RestoreTest::hostileTitlesAreKeptAndMatched()
