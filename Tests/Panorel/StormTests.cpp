@@ -89,19 +89,20 @@ public:
             const auto &[name, isUsersWish, happen] = happenings[choice];
             m_trace << QString::fromUtf8(name);
             (this->*happen)();
-            if (const QString promise = m_watch.read(newLogLines(), isUsersWish);
-                !promise.isEmpty())
-                return broken(promise);
-            if (m_watch.hasRestored())
-                m_returnUntil = {}; // the restore came instead of the rest of the return
-            const bool isUntouched = isUsersWish || m_program.dir.read(layoutsFile) == before;
-            // A settle that is over by now may have restored, and learned what it restored.
-            if (wasSettling && m_program.watcher->isSettling() && !isUntouched)
-                return broken(
-                    QStringLiteral("a layout was overwritten while the displays settled"));
-            if (wasAway && isDeskAway() && !isUntouched)
-                return broken(QStringLiteral("a layout was overwritten while the desk was away"));
-            if (const QString promise = brokenPromise(isUsersWish); !promise.isEmpty())
+            const bool isUntouched = m_program.dir.read(layoutsFile) == before;
+            // The log is written on another thread: it is waited for only where it matters.
+            if (!isUntouched || wasAway || isUsersWish) {
+                if (const QString promise = readLog(isUsersWish); !promise.isEmpty())
+                    return broken(promise);
+            }
+            if (!isUntouched && !isUsersWish) {
+                if (const QString promise = brokenPromiseOfLearning(wasSettling, wasAway);
+                    !promise.isEmpty())
+                    return broken(promise);
+            }
+            if (happen == &Storm::wakeEarly)
+                m_returnUntil = {}; // that may have been it
+            if (const QString promise = brokenPromise(); !promise.isEmpty())
                 return broken(promise);
         }
         return {};
@@ -150,16 +151,35 @@ private:
         return lines;
     }
 
-    QString brokenPromise(bool isUsersWish)
+    QString readLog(bool mayBeUsersWish = true)
     {
-        TestDataDir &dir = m_program.dir;
+        const QString broken = m_watch.read(newLogLines(), mayBeUsersWish);
+        if (m_watch.hasRestored())
+            m_returnUntil = {}; // the restore came instead of the rest of the return
+        return broken;
+    }
+
+    /// A layout was overwritten in this step, and not by the user.
+    QString brokenPromiseOfLearning(bool wasSettling, bool wasAway)
+    {
+        const DisplayWatcher &watcher = *m_program.watcher;
+        // A settle that is over by now may have restored, and learned what it restored.
+        if (wasSettling && watcher.isSettling())
+            return QStringLiteral("a layout was overwritten while the displays settled");
+        if (wasAway && isDeskAway())
+            return QStringLiteral("a layout was overwritten while the desk was away");
+        const auto displays = watcher.currentDisplays();
+        if (m_watch.hasLearnedLast() && !watcher.isSettling()
+            && (displays.empty() || displays != watcher.displays()))
+            return QStringLiteral("a desk was learned whose displays are gone");
+        return {};
+    }
+
+    QString brokenPromise()
+    {
         if (m_learnedInRestore)
             return QStringLiteral("a layout was overwritten in the middle of a restore");
-        if (m_watch.hasLearnedLast() && !isUsersWish && !m_program.watcher->isSettling()) {
-            const auto displays = m_program.watcher->currentDisplays();
-            if (displays.empty() || displays != m_program.watcher->displays())
-                return QStringLiteral("a desk was learned whose displays are gone");
-        }
+        TestDataDir &dir = m_program.dir;
         const LayoutStore layouts(dir.log, dir.clock);
         for (const Layout &layout : layouts.allLayouts()) {
             if (layout.windows.empty())
@@ -236,6 +256,7 @@ private:
             desktop().duringMove = {};
             const QByteArray before = m_program.dir.read(layoutsFile);
             isLucky() ? undock() : wakeEarly();
+            m_returnUntil = {};
             // Windows are moved for other reasons, too.
             const bool isRestoring = m_trace.last() == QLatin1String("restore")
                                      || m_trace.last() == QLatin1String("undo");
@@ -311,11 +332,7 @@ private:
         m_program.dir.clock.advance(-std::chrono::minutes(below(60)));
         m_program.scheduler.advance(1ms);
     }
-    void wakeEarly()
-    {
-        m_program.scheduler.runNextEarly();
-        m_returnUntil = {}; // that may have been it
-    }
+    void wakeEarly() { m_program.scheduler.runNextEarly(); }
 
     // The user.
     void restore() { controller().restoreNow(); }
@@ -378,18 +395,20 @@ private:
     void changePreferences()
     {
         m_program.prefs->setEnabled(below(4) > 0);
-        m_program.prefs->setRestoreAutomatically(below(4) > 0);
+        m_program.prefs->setRestoreAutomatically(isLucky());
         m_program.prefs->setHideOthersOnSwitch(isLucky());
         m_program.prefs->setPlaceNewApps(isLucky());
     }
     void endTheSession()
     {
+        readLog();
         controller().prepareToEnd();
         m_watch.sessionEnds();
     }
     void startAnew()
     {
         m_program.start();
+        readLog();
         m_watch.programStarts();
         m_stashed.clear();
         m_returnUntil = {};
