@@ -54,7 +54,8 @@ struct CommandedProgram : Program {
     }
     Rect learnedFrame(const char *title)
     {
-        for (const WindowRecord &window : layouts().at(0).windows) {
+        const std::vector<Layout> stored = layouts();
+        for (const WindowRecord &window : stored.at(0).windows) {
             if (window.title == word(title))
                 return window.frame;
         }
