@@ -14,6 +14,9 @@ import statistics
 import subprocess
 import sys
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "Core"))
+import growth
+
 MANAGERS = {"openbox": "openbox", "xfwm4": "xfwm4", "kwin_x11": "kwin"}
 
 
@@ -169,11 +172,7 @@ def core(folder):
     if not os.path.exists(path):
         return None
     with open(path, encoding="utf-8") as file:
-        benchmarks = json.load(file)["benchmarks"]
-    rows = [[one["name"], f"{number(one['real_time'])} {one['time_unit']}",
-             f"{number(one['cpu_time'])} {one['time_unit']}"]
-            for one in benchmarks if "real_time" in one]
-    return table(["", "time", "processor time"], rows)
+        return growth.markdown(json.load(file))
 
 
 def version(package):
