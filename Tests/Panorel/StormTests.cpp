@@ -31,13 +31,15 @@ public:
     /// The first thing learned that should not have been, in what was logged since the last call.
     QString read(const QStringList &lines, bool mayBeUsersWish)
     {
-        m_learnedLast = m_restored = false;
+        m_learnedLast = m_restored = m_learnedBeforeSettled = false;
+        bool hasSettled = false;
         for (const QString &line : lines) {
             const auto says = [&](const char *begin) {
                 return line.startsWith(QLatin1String(begin));
             };
             if (says("learned layout: ")) {
                 m_learnedLast = true;
+                m_learnedBeforeSettled |= !hasSettled;
                 if (m_isWaiting && !mayBeUsersWish)
                     return QStringLiteral("a layout that waits for the user was overwritten");
                 if (m_isEnding && !mayBeUsersWish)
@@ -50,6 +52,7 @@ public:
                        || says("hotkey: layout saved")) {
                 m_isWaiting = m_learnedLast = false;
                 m_restored |= says("restore report");
+                hasSettled |= says("display settled");
             }
         }
         return {};
@@ -57,6 +60,8 @@ public:
 
     /// Whether nothing else is known to have happened since the last thing learned.
     bool hasLearnedLast() const { return m_learnedLast; }
+    /// Whether something was learned before the displays settled, if they did.
+    bool hasLearnedBeforeSettled() const { return m_learnedBeforeSettled; }
     bool hasRestored() const { return m_restored; }
     void sessionEnds() { m_isEnding = true; }
     void programStarts() { m_isWaiting = m_isEnding = false; }
@@ -65,6 +70,7 @@ private:
     bool m_isWaiting = false;
     bool m_isEnding = false;
     bool m_learnedLast = false;
+    bool m_learnedBeforeSettled = false;
     bool m_restored = false;
 };
 
@@ -88,6 +94,8 @@ public:
             const bool wasAway = isDeskAway();
             const auto &[name, isUsersWish, happen] = happenings[choice];
             m_trace << QString::fromUtf8(name);
+            if (wasSettling)
+                readLog(); // so that it tells of this step alone
             (this->*happen)();
             const bool isUntouched = m_program.dir.read(layoutsFile) == before;
             // The log is written on another thread: it is waited for only where it matters.
@@ -163,8 +171,9 @@ private:
     QString brokenPromiseOfLearning(bool wasSettling, bool wasAway)
     {
         const DisplayWatcher &watcher = *m_program.watcher;
-        // A settle that is over by now may have restored, and learned what it restored.
-        if (wasSettling && watcher.isSettling())
+        // A settle that is over by now may have restored, and learned what it restored; another one
+        // may have begun since.
+        if (wasSettling && watcher.isSettling() && m_watch.hasLearnedBeforeSettled())
             return QStringLiteral("a layout was overwritten while the displays settled");
         if (wasAway && isDeskAway())
             return QStringLiteral("a layout was overwritten while the desk was away");
