@@ -140,6 +140,11 @@ private:
     /// An application that was hidden with the desk still is, or the desk is on its way back.
     bool isDeskAway()
     {
+        // One that the user has brought back is the stash's no more, whoever hides it again.
+        for (const RunningApplication &each : desktop().runningApplications()) {
+            if (!each.isHidden)
+                m_stashed.erase(each.pid);
+        }
         if (m_program.dir.clock.now() < m_returnUntil)
             return true;
         return m_program.panel.isStashed()
