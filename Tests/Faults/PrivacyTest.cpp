@@ -93,8 +93,11 @@ private Q_SLOTS:
                 },
                 what);
         };
-        desk.keyboard.press(saveKey);
-        step("a saved layout", [&] { return desk.log().contains("hotkey: layout saved"); });
+        // Until it was heard: the program takes its keys after it has learned the desk.
+        step("a saved layout", [&] {
+            desk.keyboard.press(saveKey);
+            return waitUntil([&] { return desk.log().contains("hotkey: layout saved"); }, 1'000);
+        });
         desk.keyboard.press(stashKey);
         step("a stashed desk", [&] { return desk.isMinimised(desk.client); });
         desk.keyboard.press(stashKey);
