@@ -50,7 +50,7 @@ void DriftTest::roundTripsLoseNoPixel()
         QCOMPARE(session.frames(), before);
         QTRY_COMPARE(session.probe.stacking(), order);
         QCOMPARE(session.probe.activeWindow(), std::optional(focused.window()));
-        QVERIFY(session.capture().windows == learned.windows);
+        QTRY_VERIFY(session.capture().windows == learned.windows); // a shadow may still grow
         if (round % 100 == 0)
             qInfo("%d rounds", round);
     }

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void aWindowThatDiesOnTheWayHoldsUpNoOther();
     void aCrowdIsInPlaceAndInOrderWhenTheRestoreIsOver();
     void whatHasJustMovedIsLearnedAsItIsNow();
+    void aShadowThatGrowsLateMovesNoFrame();
     void hostileTitlesAreKeptAndMatched();
     void withoutAWindowManagerNothingIsTouched();
 };
@@ -153,6 +154,29 @@ void RestoreTest::whatHasJustMovedIsLearnedAsItIsNow()
         require([&] { return session.isAt(client, place); }, "a moved window");
         QCOMPARE(session.capture().windows.at(0).frame, place);
     }
+}
+
+void RestoreTest::aShadowThatGrowsLateMovesNoFrame()
+{
+    EngineSession session(managerOfThisRun());
+    TestClient &client = session.open(ClientKind::Plain, "slow", {300, 200, 500, 400});
+    DesktopProbe &probe = session.probe;
+    probe.setShadow(client.window(), 20);
+    const Layout layout = session.capture();
+    const Rect learned = layout.windows.at(0).frame;
+
+    session.moveAndWait(client, {900, 500, 450, 350});
+    QCOMPARE(session.restore(layout).restored, 1);
+    for (std::uint32_t width = 22; width <= 26; width += 2) {
+        probe.setShadow(client.window(), width);
+        QTRY_COMPARE(probe.frame(client.window()), std::optional(learned));
+    }
+    // Whom the user has moved meanwhile is left alone.
+    session.moveAndWait(client, {900, 500, 450, 350});
+    const Rect moved = probe.restingFrame(client.window());
+    probe.setShadow(client.window(), 20);
+    QCOMPARE(probe.restingFrame(client.window()),
+             (Rect{moved.x - 6, moved.y - 6, moved.width + 12, moved.height + 12}));
 }
 
 void RestoreTest::hostileTitlesAreKeptAndMatched()

@@ -14,6 +14,9 @@ constexpr auto patience = 2s;
 constexpr auto patienceAfterDisplayChange = 6s;
 constexpr auto recentDisplayChange = 10s;
 
+/// How long the shadow of a window that is in place may go on changing.
+constexpr auto shadowTime = 3s;
+
 /// How long a window manager may be silent that has windows to place.
 constexpr auto busyPatience = 40ms;
 constexpr auto busyPatienceEach = 3ms;
@@ -65,7 +68,14 @@ WindowPlacer::WindowPlacer(const XConnection &connection, EventPump &pump,
 
 void WindowPlacer::place(xcb_window_t window, const PlacementTarget &target)
 {
+    begin(window, target, std::chrono::steady_clock::now() + patience + shadowTime);
+}
+
+void WindowPlacer::begin(xcb_window_t window, const PlacementTarget &target,
+                         TimePoint lookAfterUntil)
+{
     const auto &workAreas = m_monitors.workAreas();
+    m_placed.erase(window);
     m_restFrames.erase(window);
     m_unread.insert(window);
     const bool isUnsure = m_pending.erase(window) > 0;
@@ -81,12 +91,14 @@ void WindowPlacer::place(xcb_window_t window, const PlacementTarget &target)
     if (placement.isDone())
         return;
     m_lastActivity = std::max(m_lastActivity, now); // it has been given something to do
-    m_pending.emplace(window, Pending{std::move(placement), m_monitors.changeCount()});
+    m_pending.emplace(
+        window, Pending{std::move(placement), target, m_monitors.changeCount(), lookAfterUntil});
 }
 
 std::optional<PixelRect> WindowPlacer::awaitFrame(xcb_window_t window)
 {
     m_pump.drain();
+    lookAtPlaced();
     while (m_pending.contains(window)) {
         look();
         if (m_pending.contains(window))
@@ -123,13 +135,13 @@ void WindowPlacer::processEvents()
 
 std::optional<WindowPlacer::TimePoint> WindowPlacer::nextLook() const
 {
-    if (m_pending.empty())
-        return std::nullopt;
     TimePoint earliest = TimePoint::max();
     for (const auto &[window, pending] : m_pending)
         earliest = std::min(
             earliest, pending.placement.hasChanged() ? TimePoint{} : pending.placement.nextLook());
-    return earliest;
+    for (const auto &[window, placed] : m_placed)
+        earliest = placed.hasChanged ? TimePoint{} : earliest;
+    return earliest == TimePoint::max() ? std::nullopt : std::optional(earliest);
 }
 
 void WindowPlacer::noteEvent(const xcb_generic_event_t &event)
@@ -138,6 +150,9 @@ void WindowPlacer::noteEvent(const xcb_generic_event_t &event)
     if (window == XCB_WINDOW_NONE)
         return;
     m_restFrames.erase(window);
+    const auto placed = m_placed.find(window);
+    if (placed != m_placed.end())
+        placed->second.hasChanged = true;
     const auto pending = m_pending.find(window);
     if (pending == m_pending.end())
         return;
@@ -154,6 +169,12 @@ std::optional<ClientReading> WindowPlacer::readingToStartFrom(xcb_window_t windo
 }
 
 void WindowPlacer::look()
+{
+    lookAtPlaced();
+    lookAtPending();
+}
+
+void WindowPlacer::lookAtPending()
 {
     // What was asked for on the displays of before is not what the user wants on these.
     std::erase_if(m_pending, [&](const auto &entry) {
@@ -183,9 +204,48 @@ void WindowPlacer::look()
             placement.giveUp();
         else
             placement.judge(readings[i], now, busyUntil);
+        if (placement.isDone() && readings[i])
+            lookAfter(windows[i], *readings[i]);
     }
     m_connection.flush();
     std::erase_if(m_pending, [](const auto &entry) { return entry.second.placement.isDone(); });
+}
+
+void WindowPlacer::lookAfter(xcb_window_t window, const ClientReading &reading)
+{
+    const Pending &pending = m_pending.at(window);
+    const Rect frame = reading.geometry.visibleFrame().toRect();
+    const bool isInPlace = pending.target.position.value_or(frame.origin()) == frame.origin()
+                           && pending.target.size.value_or(frame.size()) == frame.size();
+    if (isInPlace && reading.geometry.decoratesItself() && !reading.isPartlyMaximized())
+        m_placed.insert_or_assign(window, Placed{pending.target, reading.geometry,
+                                                 pending.displayChanges, pending.lookAfterUntil});
+}
+
+void WindowPlacer::lookAtPlaced()
+{
+    const auto now = std::chrono::steady_clock::now();
+    std::erase_if(m_placed, [&](const auto &entry) {
+        return now >= entry.second.lookAfterUntil
+               || entry.second.displayChanges != m_monitors.changeCount();
+    });
+    std::vector<xcb_window_t> changed;
+    for (auto &[window, placed] : m_placed) {
+        if (std::exchange(placed.hasChanged, false))
+            changed.push_back(window);
+    }
+    if (changed.empty())
+        return;
+    const auto readings = m_reader.read(changed);
+    for (std::size_t i = 0; i < changed.size(); ++i) {
+        const Placed placed = m_placed.at(changed[i]);
+        // Whoever moves the window, or gives it another state, moves its client.
+        if (!readings[i] || readings[i]->geometry.client != placed.geometry.client)
+            m_placed.erase(changed[i]);
+        else if (readings[i]->geometry.visibleFrame() != placed.geometry.visibleFrame())
+            begin(changed[i], placed.target, placed.lookAfterUntil);
+    }
+    m_connection.flush();
 }
 
 std::optional<Point> WindowPlacer::pointerWithButtonDown() const

@@ -17,6 +17,9 @@ namespace Panorel::X11 {
 /// place() asks and waits for no window. What it began goes on whenever somebody waits
 /// for a frame or calls processEvents(), and ends for good with the next change of the displays,
 /// with a newer request for the window, and when the user takes hold of it.
+///
+/// A window that decorates itself is looked after for some seconds more: its shadow grows back in
+/// steps after it was un-maximised, and a late step carries the visible frame off the place.
 class WindowPlacer {
 public:
     using TimePoint = EventPump::TimePoint;
@@ -43,9 +46,23 @@ public:
 private:
     struct Pending {
         Placement placement;
+        PlacementTarget target;
         std::uint64_t displayChanges; ///< as many as there had been at the sending
+        TimePoint lookAfterUntil;
+    };
+    /// In place, with a shadow that may yet change.
+    struct Placed {
+        PlacementTarget target;
+        FrameGeometry geometry;
+        std::uint64_t displayChanges;
+        TimePoint lookAfterUntil;
+        bool hasChanged = false; ///< since it was last read
     };
 
+    void begin(xcb_window_t window, const PlacementTarget &target, TimePoint lookAfterUntil);
+    void lookAfter(xcb_window_t window, const ClientReading &reading);
+    void lookAtPlaced();
+    void lookAtPending();
     void noteEvent(const xcb_generic_event_t &event);
     std::optional<ClientReading> readingToStartFrom(xcb_window_t window, bool isUnsure);
     void readAtRest(xcb_window_t window);
@@ -59,6 +76,7 @@ private:
     const WindowManager &m_windowManager;
     Monitors &m_monitors;
     std::map<xcb_window_t, Pending> m_pending;
+    std::map<xcb_window_t, Placed> m_placed;
     std::set<xcb_window_t> m_unread; ///< placed, and its frame not asked for
     std::unordered_map<xcb_window_t, PixelRect> m_restFrames; ///< read and unchanged since
     TimePoint m_lastActivity{}; ///< when a window was last seen to change or asked to

@@ -7,6 +7,7 @@
 #include <xcb/xtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <cstring>
 
@@ -164,6 +165,14 @@ void DesktopProbe::setTitle(xcb_window_t window, const QByteArray &title)
     xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, atom("_NET_WM_NAME"),
                         atom("UTF8_STRING"), 8, static_cast<std::uint32_t>(title.size()),
                         title.constData());
+    xcb_flush(m_connection.get());
+}
+
+void DesktopProbe::setShadow(xcb_window_t window, std::uint32_t width)
+{
+    const std::array sides{width, width, width, width};
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window,
+                        atom("_GTK_FRAME_EXTENTS"), XCB_ATOM_CARDINAL, 32, 4, sides.data());
     xcb_flush(m_connection.get());
 }
 

@@ -42,6 +42,8 @@ public:
     void minimise(xcb_window_t window);
 
     void setTitle(xcb_window_t window, const QByteArray &title);
+    /// The same on every side, as a client does that decorates itself.
+    void setShadow(xcb_window_t window, std::uint32_t width);
 
     /// Asks the window manager, without waiting.
     void move(xcb_window_t window, const Rect &frame);
