@@ -4,6 +4,9 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include <csignal>
+#include <thread>
+
 using namespace Panorel;
 using namespace Panorel::Desktop;
 
@@ -19,6 +22,7 @@ private Q_SLOTS:
     void aCrowdIsInPlaceAndInOrderWhenTheRestoreIsOver();
     void whatHasJustMovedIsLearnedAsItIsNow();
     void aShadowThatGrowsLateMovesNoFrame();
+    void aLateAnswerToASecondRequestMovesNoWindow();
     void hostileTitlesAreKeptAndMatched();
     void withoutAWindowManagerNothingIsTouched();
 };
@@ -177,6 +181,34 @@ void RestoreTest::aShadowThatGrowsLateMovesNoFrame()
     probe.setShadow(client.window(), 20);
     QCOMPARE(probe.restingFrame(client.window()),
              (Rect{moved.x - 6, moved.y - 6, moved.width + 12, moved.height + 12}));
+}
+
+void RestoreTest::aLateAnswerToASecondRequestMovesNoWindow()
+{
+    using namespace std::chrono_literals;
+    EngineSession session(managerOfThisRun());
+    DesktopProbe &probe = session.probe;
+    TestClient &client = session.open(ClientKind::Increments, "terminal", {2300, 100, 640, 420});
+    const TestClient &marker = session.open(ClientKind::Plain, "marker", {100, 600, 400, 300});
+    const Layout learned = session.capture();
+    const Rect home = probe.restingFrame(client.window());
+    session.moveAndWait(client, {700, 450, 450, 350});
+    const auto manager = static_cast<pid_t>(session.manager->processID());
+    kill(manager, SIGSTOP);
+    std::thread later([&] {
+        std::this_thread::sleep_for(300ms); // till it has been asked again
+        kill(manager, SIGCONT);
+    });
+    QCOMPARE(session.restore(learned).restored, 2);
+    later.join();
+    QCOMPARE(probe.frame(client.window()), std::optional(home));
+    // As openbox answers one of the wordings for a terminal. When the marker has moved, it has.
+    probe.move(client.window(), {home.x + 1, home.y + 1, home.width, home.height});
+    session.moveAndWait(marker, {100, 300, 400, 300});
+    QTRY_COMPARE(probe.frame(client.window()), std::optional(home));
+    // Whoever moves it further means it.
+    session.moveAndWait(client, {700, 450, 450, 350});
+    QVERIFY(probe.restingFrame(client.window()) != home);
 }
 
 void RestoreTest::hostileTitlesAreKeptAndMatched()

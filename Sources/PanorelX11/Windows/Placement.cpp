@@ -35,7 +35,6 @@ constexpr auto maximizedCalm = 300ms;
 constexpr int requestsForSize = 3;
 constexpr int requestsForSizeUnanswered = 5;
 constexpr int requestsForMaximizing = 4;
-constexpr int nudge = 8;
 
 /// Whether an edge lies where the area's does. `outwards` is how far it lies beyond: some window
 /// managers push the borders of a maximised window out of the area.
@@ -305,6 +304,7 @@ void Placement::countRequest(TimePoint now, const ClientReading &reading)
         reading.geometry.decoratesItself() ? firstPatienceOfSelfDecorated : firstPatience;
     m_patience = std::min<std::chrono::milliseconds>(first * (1 << std::min(m_requests, 4)),
                                                      longestPatience);
+    m_hasRepeated = m_hasRepeated || m_requests > 0;
     m_requests += 1;
     m_sent = now;
     m_nextLook = m_sent + m_patience;

@@ -25,6 +25,9 @@ class Placement {
 public:
     using TimePoint = EventPump::TimePoint;
 
+    /// So many pixels a window is led away that its window manager believes to be in place.
+    static constexpr int nudge = 8;
+
     /// The window manager outlives it.
     Placement(xcb_window_t window, const PlacementTarget &target,
               const WindowManager &windowManager, TimePoint deadline);
@@ -46,6 +49,9 @@ public:
     void giveUp() { m_phase = Phase::Done; }
 
     bool isDone() const { return m_phase == Phase::Done; }
+    /// Whether a request was sent before the answer to the one before it was known, so that the
+    /// window may yet be moved once more, and for a moment elsewhere.
+    bool hasRepeated() const { return m_hasRepeated; }
     /// Whether a change was noted that no reading has been judged for.
     bool hasChanged() const { return m_hasChanged; }
     /// When to judge the next reading even if no event comes.
@@ -88,6 +94,7 @@ private:
     PixelRect m_rectangle;      ///< the visible frame wanted while moving
     WindowManager::Aspect m_aspect = WindowManager::Aspect::PositionAndSize;
     int m_requests = 0; ///< sent in this phase
+    bool m_hasRepeated = false;
     bool m_stateChanged = false;
     std::chrono::milliseconds m_shadowPatience{};
     std::optional<Extents> m_maximizedShadow; ///< absent: it was not un-maximised, or has none

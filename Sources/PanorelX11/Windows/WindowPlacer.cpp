@@ -16,6 +16,8 @@ constexpr auto recentDisplayChange = 10s;
 
 /// How long the shadow of a window that is in place may go on changing.
 constexpr auto shadowTime = 3s;
+/// How much later than the first answer that to a repeated request may come.
+constexpr auto echoTime = 2s;
 
 /// How long a window manager may be silent that has windows to place.
 constexpr auto busyPatience = 40ms;
@@ -53,6 +55,17 @@ bool contains(const PixelRect &rect, const Point &point)
 {
     return point.x >= rect.x && point.x < rect.x + rect.width && point.y >= rect.y
            && point.y < rect.y + rect.height;
+}
+
+/// Whether the client came to `now` by another wording of the request that brought it to `before`:
+/// no two of them differ by more than the decorations.
+bool isEchoOfARequest(const FrameGeometry &before, const FrameGeometry &now)
+{
+    const Extents &sides = before.decorations;
+    const int most = std::max({sides.left, sides.right, sides.top, sides.bottom, Placement::nudge});
+    return now.client.width == before.client.width && now.client.height == before.client.height
+           && std::abs(now.client.x - before.client.x) <= most
+           && std::abs(now.client.y - before.client.y) <= most;
 }
 
 } // namespace
@@ -213,13 +226,17 @@ void WindowPlacer::lookAtPending()
 
 void WindowPlacer::lookAfter(xcb_window_t window, const ClientReading &reading)
 {
-    const Pending &pending = m_pending.at(window);
+    const auto &[placement, target, displayChanges, until] = m_pending.at(window);
     const Rect frame = reading.geometry.visibleFrame().toRect();
-    const bool isInPlace = pending.target.position.value_or(frame.origin()) == frame.origin()
-                           && pending.target.size.value_or(frame.size()) == frame.size();
-    if (isInPlace && reading.geometry.decoratesItself() && !reading.isPartlyMaximized())
-        m_placed.insert_or_assign(window, Placed{pending.target, reading.geometry,
-                                                 pending.displayChanges, pending.lookAfterUntil});
+    const bool isInPlace = target.position.value_or(frame.origin()) == frame.origin()
+                           && target.size.value_or(frame.size()) == frame.size();
+    if (!isInPlace || reading.isPartlyMaximized())
+        return;
+    if (!placement.hasRepeated() && !reading.geometry.decoratesItself())
+        return;
+    const auto now = std::chrono::steady_clock::now();
+    m_placed.insert_or_assign(window, Placed{target, reading.geometry, displayChanges, until,
+                                             placement.hasRepeated() ? now + echoTime : now});
 }
 
 void WindowPlacer::lookAtPlaced()
@@ -239,10 +256,15 @@ void WindowPlacer::lookAtPlaced()
     const auto readings = m_reader.read(changed);
     for (std::size_t i = 0; i < changed.size(); ++i) {
         const Placed placed = m_placed.at(changed[i]);
-        // Whoever moves the window, or gives it another state, moves its client.
-        if (!readings[i] || readings[i]->geometry.client != placed.geometry.client)
+        const auto &reading = readings[i];
+        const bool isOurs =
+            reading && !reading->isPartlyMaximized()
+            && (reading->geometry.client == placed.geometry.client
+                || (now < placed.echoUntil && isEchoOfARequest(placed.geometry, reading->geometry)
+                    && !pointerWithButtonDown()));
+        if (!isOurs)
             m_placed.erase(changed[i]);
-        else if (readings[i]->geometry.visibleFrame() != placed.geometry.visibleFrame())
+        else if (reading->geometry.visibleFrame() != placed.geometry.visibleFrame())
             begin(changed[i], placed.target, placed.lookAfterUntil);
     }
     m_connection.flush();

@@ -18,8 +18,9 @@ namespace Panorel::X11 {
 /// for a frame or calls processEvents(), and ends for good with the next change of the displays,
 /// with a newer request for the window, and when the user takes hold of it.
 ///
-/// A window that decorates itself is looked after for some seconds more: its shadow grows back in
-/// steps after it was un-maximised, and a late step carries the visible frame off the place.
+/// Some are looked after for a while longer. The shadow of a window that decorates itself grows
+/// back in steps after it was un-maximised, and a late step carries the visible frame off the
+/// place. And a slow window manager that was asked twice answers twice, once to each wording.
 class WindowPlacer {
 public:
     using TimePoint = EventPump::TimePoint;
@@ -50,12 +51,13 @@ private:
         std::uint64_t displayChanges; ///< as many as there had been at the sending
         TimePoint lookAfterUntil;
     };
-    /// In place, with a shadow that may yet change.
+    /// In place, and may yet leave it by itself.
     struct Placed {
         PlacementTarget target;
         FrameGeometry geometry;
         std::uint64_t displayChanges;
         TimePoint lookAfterUntil;
+        TimePoint echoUntil;     ///< till then a repeated request may still be answered
         bool hasChanged = false; ///< since it was last read
     };
 
