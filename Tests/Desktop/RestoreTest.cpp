@@ -21,7 +21,7 @@ private Q_SLOTS:
     void aWindowThatDiesOnTheWayHoldsUpNoOther();
     void aCrowdIsInPlaceAndInOrderWhenTheRestoreIsOver();
     void whatHasJustMovedIsLearnedAsItIsNow();
-    void aShadowThatGrowsLateMovesNoFrame();
+    void whatNoticesLateThatItIsNoLongerMaximisedStaysInPlace();
     void aLateAnswerToASecondRequestMovesNoWindow();
     void hostileTitlesAreKeptAndMatched();
     void withoutAWindowManagerNothingIsTouched();
@@ -160,21 +160,25 @@ void RestoreTest::whatHasJustMovedIsLearnedAsItIsNow()
     }
 }
 
-void RestoreTest::aShadowThatGrowsLateMovesNoFrame()
+void RestoreTest::whatNoticesLateThatItIsNoLongerMaximisedStaysInPlace()
 {
     EngineSession session(managerOfThisRun());
     TestClient &client = session.open(ClientKind::Plain, "slow", {300, 200, 500, 400});
+    const TestClient &marker = session.open(ClientKind::Plain, "marker", {100, 600, 400, 300});
     DesktopProbe &probe = session.probe;
     probe.setShadow(client.window(), 20);
     const Layout layout = session.capture();
-    const Rect learned = layout.windows.at(0).frame;
+    const Rect learned = probe.restingFrame(client.window());
 
-    session.moveAndWait(client, {900, 500, 450, 350});
-    QCOMPARE(session.restore(layout).restored, 1);
-    for (std::uint32_t width = 22; width <= 26; width += 2) {
+    session.setStateAndWait(client, true, vertically, horizontally);
+    QCOMPARE(session.restore(layout).restored, 2);
+    for (const std::uint32_t width : {23, 26}) {
         probe.setShadow(client.window(), width);
         QTRY_COMPARE(probe.frame(client.window()), std::optional(learned));
     }
+    probe.move(client.window(), {learned.x, learned.y, 434, 453});
+    session.moveAndWait(marker, {100, 300, 400, 300}); // by then the other was resized
+    QTRY_COMPARE(probe.frame(client.window()), std::optional(learned));
     // Whom the user has moved meanwhile is left alone.
     session.moveAndWait(client, {900, 500, 450, 350});
     const Rect moved = probe.restingFrame(client.window());

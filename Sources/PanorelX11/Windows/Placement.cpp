@@ -290,6 +290,7 @@ void Placement::sendState(bool maximized, TimePoint now, const ClientReading &re
 {
     m_windowManager.setMaximized(m_window, maximized);
     m_stateChanged = true;
+    m_hasUnmaximized = !maximized;
     m_maximizedShadow = maximized ? std::nullopt : reading.geometry.shadow;
     if (m_maximizedShadow)
         m_shadowPatience = m_windowManager.isComposited() ? shadowPatience : patienceWithoutShadow;

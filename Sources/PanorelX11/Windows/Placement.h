@@ -52,6 +52,7 @@ public:
     /// Whether a request was sent before the answer to the one before it was known, so that the
     /// window may yet be moved once more, and for a moment elsewhere.
     bool hasRepeated() const { return m_hasRepeated; }
+    bool hasUnmaximized() const { return m_hasUnmaximized; }
     /// Whether a change was noted that no reading has been judged for.
     bool hasChanged() const { return m_hasChanged; }
     /// When to judge the next reading even if no event comes.
@@ -95,6 +96,7 @@ private:
     WindowManager::Aspect m_aspect = WindowManager::Aspect::PositionAndSize;
     int m_requests = 0; ///< sent in this phase
     bool m_hasRepeated = false;
+    bool m_hasUnmaximized = false;
     bool m_stateChanged = false;
     std::chrono::milliseconds m_shadowPatience{};
     std::optional<Extents> m_maximizedShadow; ///< absent: it was not un-maximised, or has none

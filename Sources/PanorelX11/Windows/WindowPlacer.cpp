@@ -14,10 +14,8 @@ constexpr auto patience = 2s;
 constexpr auto patienceAfterDisplayChange = 6s;
 constexpr auto recentDisplayChange = 10s;
 
-/// How long the shadow of a window that is in place may go on changing.
-constexpr auto shadowTime = 3s;
-/// How much later than the first answer that to a repeated request may come.
-constexpr auto echoTime = 2s;
+/// How much longer than its placement a client may take to notice that it was un-maximised.
+constexpr auto noticingTime = 5s;
 
 /// How long a window manager may be silent that has windows to place.
 constexpr auto busyPatience = 40ms;
@@ -57,17 +55,6 @@ bool contains(const PixelRect &rect, const Point &point)
            && point.y < rect.y + rect.height;
 }
 
-/// Whether the client came to `now` by another wording of the request that brought it to `before`:
-/// no two of them differ by more than the decorations.
-bool isEchoOfARequest(const FrameGeometry &before, const FrameGeometry &now)
-{
-    const Extents &sides = before.decorations;
-    const int most = std::max({sides.left, sides.right, sides.top, sides.bottom, Placement::nudge});
-    return now.client.width == before.client.width && now.client.height == before.client.height
-           && std::abs(now.client.x - before.client.x) <= most
-           && std::abs(now.client.y - before.client.y) <= most;
-}
-
 } // namespace
 
 WindowPlacer::WindowPlacer(const XConnection &connection, EventPump &pump,
@@ -81,14 +68,13 @@ WindowPlacer::WindowPlacer(const XConnection &connection, EventPump &pump,
 
 void WindowPlacer::place(xcb_window_t window, const PlacementTarget &target)
 {
-    begin(window, target, std::chrono::steady_clock::now() + patience + shadowTime);
+    begin(window, target, std::chrono::steady_clock::now() + patience + noticingTime);
 }
 
-void WindowPlacer::begin(xcb_window_t window, const PlacementTarget &target,
-                         TimePoint lookAfterUntil)
+void WindowPlacer::begin(xcb_window_t window, const PlacementTarget &target, TimePoint heldUntil)
 {
     const auto &workAreas = m_monitors.workAreas();
-    m_placed.erase(window);
+    m_watch.remove(window);
     m_restFrames.erase(window);
     m_unread.insert(window);
     const bool isUnsure = m_pending.erase(window) > 0;
@@ -104,8 +90,8 @@ void WindowPlacer::begin(xcb_window_t window, const PlacementTarget &target,
     if (placement.isDone())
         return;
     m_lastActivity = std::max(m_lastActivity, now); // it has been given something to do
-    m_pending.emplace(
-        window, Pending{std::move(placement), target, m_monitors.changeCount(), lookAfterUntil});
+    m_pending.emplace(window,
+                      Pending{std::move(placement), {target, heldUntil, m_monitors.changeCount()}});
 }
 
 std::optional<PixelRect> WindowPlacer::awaitFrame(xcb_window_t window)
@@ -152,8 +138,8 @@ std::optional<WindowPlacer::TimePoint> WindowPlacer::nextLook() const
     for (const auto &[window, pending] : m_pending)
         earliest = std::min(
             earliest, pending.placement.hasChanged() ? TimePoint{} : pending.placement.nextLook());
-    for (const auto &[window, placed] : m_placed)
-        earliest = placed.hasChanged ? TimePoint{} : earliest;
+    if (m_watch.hasChanged())
+        earliest = TimePoint{};
     return earliest == TimePoint::max() ? std::nullopt : std::optional(earliest);
 }
 
@@ -163,9 +149,7 @@ void WindowPlacer::noteEvent(const xcb_generic_event_t &event)
     if (window == XCB_WINDOW_NONE)
         return;
     m_restFrames.erase(window);
-    const auto placed = m_placed.find(window);
-    if (placed != m_placed.end())
-        placed->second.hasChanged = true;
+    m_watch.noteChange(window);
     const auto pending = m_pending.find(window);
     if (pending == m_pending.end())
         return;
@@ -191,7 +175,7 @@ void WindowPlacer::lookAtPending()
 {
     // What was asked for on the displays of before is not what the user wants on these.
     std::erase_if(m_pending, [&](const auto &entry) {
-        return entry.second.displayChanges != m_monitors.changeCount();
+        return entry.second.place.displayChanges != m_monitors.changeCount();
     });
     const auto now = std::chrono::steady_clock::now();
     const TimePoint busyUntil =
@@ -218,54 +202,23 @@ void WindowPlacer::lookAtPending()
         else
             placement.judge(readings[i], now, busyUntil);
         if (placement.isDone() && readings[i])
-            lookAfter(windows[i], *readings[i]);
+            m_watch.add(windows[i], m_pending.at(windows[i]).place, placement, *readings[i], now);
     }
     m_connection.flush();
     std::erase_if(m_pending, [](const auto &entry) { return entry.second.placement.isDone(); });
 }
 
-void WindowPlacer::lookAfter(xcb_window_t window, const ClientReading &reading)
-{
-    const auto &[placement, target, displayChanges, until] = m_pending.at(window);
-    const Rect frame = reading.geometry.visibleFrame().toRect();
-    const bool isInPlace = target.position.value_or(frame.origin()) == frame.origin()
-                           && target.size.value_or(frame.size()) == frame.size();
-    if (!isInPlace || reading.isPartlyMaximized())
-        return;
-    if (!placement.hasRepeated() && !reading.geometry.decoratesItself())
-        return;
-    const auto now = std::chrono::steady_clock::now();
-    m_placed.insert_or_assign(window, Placed{target, reading.geometry, displayChanges, until,
-                                             placement.hasRepeated() ? now + echoTime : now});
-}
-
 void WindowPlacer::lookAtPlaced()
 {
     const auto now = std::chrono::steady_clock::now();
-    std::erase_if(m_placed, [&](const auto &entry) {
-        return now >= entry.second.lookAfterUntil
-               || entry.second.displayChanges != m_monitors.changeCount();
-    });
-    std::vector<xcb_window_t> changed;
-    for (auto &[window, placed] : m_placed) {
-        if (std::exchange(placed.hasChanged, false))
-            changed.push_back(window);
-    }
+    const auto changed = m_watch.changed(m_monitors.changeCount(), now);
     if (changed.empty())
         return;
+    const bool isHeld = pointerWithButtonDown().has_value();
     const auto readings = m_reader.read(changed);
     for (std::size_t i = 0; i < changed.size(); ++i) {
-        const Placed placed = m_placed.at(changed[i]);
-        const auto &reading = readings[i];
-        const bool isOurs =
-            reading && !reading->isPartlyMaximized()
-            && (reading->geometry.client == placed.geometry.client
-                || (now < placed.echoUntil && isEchoOfARequest(placed.geometry, reading->geometry)
-                    && !pointerWithButtonDown()));
-        if (!isOurs)
-            m_placed.erase(changed[i]);
-        else if (reading->geometry.visibleFrame() != placed.geometry.visibleFrame())
-            begin(changed[i], placed.target, placed.lookAfterUntil);
+        if (const auto place = m_watch.judge(changed[i], readings[i], isHeld, now))
+            begin(changed[i], place->target, place->heldUntil);
     }
     m_connection.flush();
 }

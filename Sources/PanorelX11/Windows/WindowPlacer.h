@@ -2,7 +2,7 @@
 
 #include "PanorelX11/Windows/ClientReader.h"
 #include "PanorelX11/Windows/Monitors.h"
-#include "PanorelX11/Windows/Placement.h"
+#include "PanorelX11/Windows/PlacementWatch.h"
 #include "PanorelX11/Windows/RecentReadings.h"
 #include "PanorelX11/Windows/WindowManager.h"
 
@@ -18,9 +18,7 @@ namespace Panorel::X11 {
 /// for a frame or calls processEvents(), and ends for good with the next change of the displays,
 /// with a newer request for the window, and when the user takes hold of it.
 ///
-/// Some are looked after for a while longer. The shadow of a window that decorates itself grows
-/// back in steps after it was un-maximised, and a late step carries the visible frame off the
-/// place. And a slow window manager that was asked twice answers twice, once to each wording.
+/// What leaves its place afterwards by nobody's wish is put back.
 class WindowPlacer {
 public:
     using TimePoint = EventPump::TimePoint;
@@ -47,22 +45,10 @@ public:
 private:
     struct Pending {
         Placement placement;
-        PlacementTarget target;
-        std::uint64_t displayChanges; ///< as many as there had been at the sending
-        TimePoint lookAfterUntil;
-    };
-    /// In place, and may yet leave it by itself.
-    struct Placed {
-        PlacementTarget target;
-        FrameGeometry geometry;
-        std::uint64_t displayChanges;
-        TimePoint lookAfterUntil;
-        TimePoint echoUntil;     ///< till then a repeated request may still be answered
-        bool hasChanged = false; ///< since it was last read
+        PlacementWatch::Place place;
     };
 
-    void begin(xcb_window_t window, const PlacementTarget &target, TimePoint lookAfterUntil);
-    void lookAfter(xcb_window_t window, const ClientReading &reading);
+    void begin(xcb_window_t window, const PlacementTarget &target, TimePoint heldUntil);
     void lookAtPlaced();
     void lookAtPending();
     void noteEvent(const xcb_generic_event_t &event);
@@ -78,7 +64,7 @@ private:
     const WindowManager &m_windowManager;
     Monitors &m_monitors;
     std::map<xcb_window_t, Pending> m_pending;
-    std::map<xcb_window_t, Placed> m_placed;
+    PlacementWatch m_watch;
     std::set<xcb_window_t> m_unread; ///< placed, and its frame not asked for
     std::unordered_map<xcb_window_t, PixelRect> m_restFrames; ///< read and unchanged since
     TimePoint m_lastActivity{}; ///< when a window was last seen to change or asked to
