@@ -6,8 +6,6 @@
 #include "PanorelEngine/Displays/DisplayWatcher.h"
 #include "PanorelEngine/Windows/WindowSnapshotter.h"
 
-#include <algorithm>
-
 namespace Panorel {
 
 DeskLearner::DeskLearner(WindowSnapshotter &snapshotter, DisplayWatcher &watcher,
@@ -22,7 +20,7 @@ bool DeskLearner::learn()
     Layout layout = capture(QStringLiteral("Default"));
     if (layout.windows.empty())
         return false;
-    if (!displaysAreCurrent()) {
+    if (!m_watcher.isCurrent()) {
         // The windows may be where the change has thrown them, and its event is still unread.
         m_watcher.scheduleSettle();
         return false;
@@ -55,14 +53,6 @@ Layout DeskLearner::capture(const QString &layoutName)
     layout.displays = m_watcher.displays();
     layout.windows = m_snapshotter.snapshot(layout.displays);
     return layout;
-}
-
-bool DeskLearner::displaysAreCurrent() const
-{
-    const auto same = [](const DisplayInfo &a, const DisplayInfo &b) {
-        return a.uuid == b.uuid && a.edidUUID == b.edidUUID && a.frame == b.frame;
-    };
-    return std::ranges::equal(m_watcher.currentDisplays(), m_watcher.displays(), same);
 }
 
 void DeskLearner::save(Layout layout)

@@ -35,7 +35,6 @@ public:
     Layout capture(const QString &layoutName);
 
 private:
-    bool displaysAreCurrent() const;
     void save(Layout layout);
 
     WindowSnapshotter &m_snapshotter;

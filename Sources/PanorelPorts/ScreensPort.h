@@ -39,6 +39,10 @@ public:
     /// no display is connected or none can be read.
     virtual std::vector<Screen> screens() = 0;
 
+    /// The same, but the visible frames may be the whole ones: for who asks often, where to find
+    /// out about panels is expensive.
+    virtual std::vector<Screen> screensIgnoringPanels() { return screens(); }
+
     /// Of a number that screens() gave. All values zero and absent for a display that has left.
     virtual DisplayIdentity identity(DisplayNumber display) = 0;
 

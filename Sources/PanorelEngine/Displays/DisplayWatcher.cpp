@@ -64,7 +64,19 @@ void DisplayWatcher::scheduleSettle()
 
 std::vector<DisplayInfo> DisplayWatcher::currentDisplays() const
 {
-    const std::vector<Screen> screens = m_screens.screens();
+    return displaysOf(m_screens.screens());
+}
+
+bool DisplayWatcher::isCurrent() const
+{
+    const auto same = [](const DisplayInfo &a, const DisplayInfo &b) {
+        return a.uuid == b.uuid && a.edidUUID == b.edidUUID && a.frame == b.frame;
+    };
+    return std::ranges::equal(displaysOf(m_screens.screensIgnoringPanels()), m_displays, same);
+}
+
+std::vector<DisplayInfo> DisplayWatcher::displaysOf(const std::vector<Screen> &screens) const
+{
     std::vector<DisplayInfo> displays;
     if (screens.empty())
         return displays;

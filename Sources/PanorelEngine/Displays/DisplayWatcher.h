@@ -41,6 +41,10 @@ public:
     /// What is connected at this moment, in the platform's order; the watcher's own list stays.
     std::vector<DisplayInfo> currentDisplays() const;
 
+    /// Whether the displays are those of the last refresh. They are not where a change has not been
+    /// announced yet because its event is unread.
+    bool isCurrent() const;
+
     /// As of the last refresh. Frames are in the top-left space.
     const std::vector<DisplayInfo> &displays() const { return m_displays; }
     const QString &configID() const { return m_configID; } ///< empty before start()
@@ -52,6 +56,7 @@ public:
     void setOnDeskSettled(DeskSettled callback) { m_onDeskSettled = std::move(callback); }
 
 private:
+    std::vector<DisplayInfo> displaysOf(const std::vector<Screen> &screens) const;
     void settle();
 
     ScreensPort &m_screens;

@@ -33,6 +33,11 @@ std::vector<Screen> X11Screens::screens()
     return screenList(std::move(monitors));
 }
 
+std::vector<Screen> X11Screens::screensIgnoringPanels()
+{
+    return screenList(m_randr.monitors());
+}
+
 DisplayIdentity X11Screens::identity(DisplayNumber display)
 {
     const auto output = m_randr.output(display);

@@ -15,6 +15,7 @@ public:
     ~X11Screens() override;
 
     std::vector<Screen> screens() override;
+    std::vector<Screen> screensIgnoringPanels() override;
     DisplayIdentity identity(DisplayNumber display) override;
     void setChangeCallback(std::function<void()> changed) override;
 

@@ -14,7 +14,11 @@ namespace Panorel::X11 {
 
 namespace {
 
+using namespace std::chrono_literals;
+
 constexpr std::uint32_t maximumClientListBytes = 64 * 1024;
+/// Longer than a pass over a crowded desk that waits for nothing.
+constexpr auto longestPass = 100ms;
 
 struct TypeLayer {
     const char *type;
@@ -147,6 +151,8 @@ ClientRegistry::ClientRegistry(const XConnection &connection, EventPump &pump)
 
 std::optional<std::vector<ClientRegistry::Client>> ClientRegistry::frontToBack()
 {
+    m_ofThisPass.reset();
+    m_readAt = std::chrono::steady_clock::now();
     const auto windows = readList();
     // After the list, so that what the events take back is not believed for this one.
     m_pump.drain();
@@ -167,13 +173,19 @@ std::optional<std::vector<ClientRegistry::Client>> ClientRegistry::frontToBack()
         if (facts != m_facts.end())
             clients.push_back({window, facts->second});
     }
+    m_ofThisPass = clients;
     return clients;
 }
 
 std::vector<xcb_window_t> ClientRegistry::ordinaryWindows(ProcessIdentifier application)
 {
+    m_pump.drain();
+    if (!m_ofThisPass || std::chrono::steady_clock::now() - m_readAt > longestPass)
+        frontToBack();
     std::vector<xcb_window_t> windows;
-    for (const Client &client : frontToBack().value_or(std::vector<Client>{})) {
+    if (!m_ofThisPass)
+        return windows;
+    for (const Client &client : *m_ofThisPass) {
         if (client.facts.application == application && client.facts.isOrdinary())
             windows.push_back(client.window);
     }
@@ -192,6 +204,8 @@ bool ClientRegistry::isAffectedBy(const xcb_generic_event_t &event) const
 
 void ClientRegistry::forget(const xcb_generic_event_t &event)
 {
+    if (isAffectedBy(event) || eventCode(event) == XCB_DESTROY_NOTIFY)
+        m_ofThisPass.reset();
     if (eventCode(event) == XCB_DESTROY_NOTIFY) {
         m_facts.erase(reinterpret_cast<const xcb_destroy_notify_event_t &>(event).window);
     } else if (eventCode(event) == XCB_PROPERTY_NOTIFY) {

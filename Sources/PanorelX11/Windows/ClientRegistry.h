@@ -41,8 +41,12 @@ public:
     /// or their facts have changed. Absent where nobody keeps a list.
     std::optional<std::vector<Client>> frontToBack();
 
-    /// The ordinary windows of one application, front to back.
+    /// The ordinary windows of one application, front to back. No round trip for a list that was
+    /// read within the same pass over the desk, unless an event has told of a change since.
     std::vector<xcb_window_t> ordinaryWindows(ProcessIdentifier application);
+
+    /// The event loop runs: what is asked next belongs to another pass.
+    void endPass() { m_ofThisPass.reset(); }
 
     /// Whether the event may be news to who knows the clients of before.
     bool isAffectedBy(const xcb_generic_event_t &event) const;
@@ -57,6 +61,8 @@ private:
     ApplicationIdentifier m_identifier;
     ApplicationNumbers m_numbers;
     std::unordered_map<xcb_window_t, ClientFacts> m_facts;
+    std::optional<std::vector<Client>> m_ofThisPass; ///< absent: to be read
+    EventPump::TimePoint m_readAt{};
 };
 
 } // namespace Panorel::X11

@@ -21,8 +21,8 @@ public:
     RecentReadings(const XConnection &connection, EventPump &pump, const ClientReader &reader);
 
     /// One for each window, in their order; absent for a window that has gone. What was read
-    /// within the last tenth of a second is taken from there, the rest read together. After a
-    /// round trip whose events were handed out: a change before it would not be known.
+    /// within the last tenth of a second is taken from there, the rest read together. After the
+    /// events were handed out: a change before them would not be known.
     std::vector<std::optional<Described>> describe(const std::vector<xcb_window_t> &windows);
 
     /// The window's last reading, however old, which is forgotten; absent where there is none or

@@ -36,6 +36,7 @@ void WindowSystem::processEvents()
 /// What a port began or noticed in passing is gone on with from the timer.
 void WindowSystem::prepareToWait()
 {
+    m_registry.endPass();
     m_connection.flush();
     m_pump.drainQueued();
     auto next = m_placer.nextLook();
