@@ -13,6 +13,25 @@ using namespace std::chrono_literals;
 /// How much later than the first answer that to a repeated request may come.
 constexpr auto echoTime = 2s;
 
+/// Whether the client has moved as one that makes room for its shadow: to the top left, by no more
+/// than its width, or not at all.
+bool makesRoomForShadow(const PixelRect &was, const FrameGeometry &is)
+{
+    const Extents shadow = is.shadow.value_or(Extents{});
+    return is.client.x <= was.x && is.client.x >= was.x - shadow.left && is.client.y <= was.y
+           && is.client.y >= was.y - shadow.top;
+}
+
+/// Whether another wording of the request that brought it to `was` may have moved it: no two of
+/// them differ by more than the decorations.
+bool isAnswerToOtherWording(const PixelRect &was, const FrameGeometry &is)
+{
+    const auto &[left, right, top, bottom] = is.decorations;
+    const int most = std::max({left, right, top, bottom, Placement::nudge});
+    return is.client.width == was.width && is.client.height == was.height
+           && std::abs(is.client.x - was.x) <= most && std::abs(is.client.y - was.y) <= most;
+}
+
 } // namespace
 
 void PlacementWatch::add(xcb_window_t window, const Place &place, const Placement &placement,
@@ -21,12 +40,13 @@ void PlacementWatch::add(xcb_window_t window, const Place &place, const Placemen
     const Rect frame = reading.geometry.visibleFrame().toRect();
     const bool isInPlace = place.target.position.value_or(frame.origin()) == frame.origin()
                            && place.target.size.value_or(frame.size()) == frame.size();
-    const bool decoratesItself = reading.geometry.decoratesItself();
-    if (!isInPlace || reading.isPartlyMaximized() || !(placement.hasRepeated() || decoratesItself))
+    const bool hasReason =
+        placement.hasRepeated() || placement.hasUnmaximized() || reading.geometry.decoratesItself();
+    if (!isInPlace || !hasReason || reading.isPartlyMaximized())
         return;
     m_windows.insert_or_assign(window, Watched{place, reading.geometry,
                                                placement.hasRepeated() ? now + echoTime : now,
-                                               decoratesItself && placement.hasUnmaximized()});
+                                               placement.hasUnmaximized()});
 }
 
 void PlacementWatch::noteChange(xcb_window_t window)
@@ -77,17 +97,13 @@ bool PlacementWatch::isNobodysDoing(const Watched &watched, const ClientReading 
                                     bool isHeld, TimePoint now)
 {
     const PixelRect &was = watched.geometry.client;
-    const PixelRect &is = reading.geometry.client;
     if (reading.isPartlyMaximized() || reading.isFullScreen)
         return false;
-    if (is == was) // whoever moves a window moves its client
+    if (reading.geometry.client == was) // whoever moves a window moves its client
         return true;
-    // No two wordings of a request differ by more than the decorations.
-    const Extents &sides = watched.geometry.decorations;
-    const int most = std::max({sides.left, sides.right, sides.top, sides.bottom, Placement::nudge});
-    const bool isNear = std::abs(is.x - was.x) <= most && std::abs(is.y - was.y) <= most;
-    const bool isEcho = now < watched.echoUntil && is.width == was.width && is.height == was.height;
-    return isNear && (isEcho || watched.mayResizeItself) && !isHeld;
+    return !isHeld
+           && ((watched.mayResizeItself && makesRoomForShadow(was, reading.geometry))
+               || (now < watched.echoUntil && isAnswerToOtherWording(was, reading.geometry)));
 }
 
 } // namespace Panorel::X11

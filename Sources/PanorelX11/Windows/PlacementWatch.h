@@ -9,10 +9,11 @@ namespace Panorel::X11 {
 
 /// Windows that are in place and may leave it by nobody's wish, for a while after their placing.
 ///
-/// One that decorates itself may notice late that it was un-maximised: its shadow grows back in
-/// steps, which carries the visible frame off the place, and it may return to a size of its own.
-/// And a slow window manager that was asked twice answers twice, once to each wording. Whatever
-/// else happens to such a window is the user's doing, and ends the watch.
+/// A client may notice late that it was un-maximised: it returns to a size of its own, or, where
+/// it decorates itself, makes room for its shadow, which grows back in steps. The shadow carries
+/// the visible frame off the place. And a slow window manager that was asked twice answers twice,
+/// once to each wording. Whatever else happens to such a window is the user's doing, and ends the
+/// watch.
 class PlacementWatch {
 public:
     using TimePoint = Placement::TimePoint;
