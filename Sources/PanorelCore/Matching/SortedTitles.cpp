@@ -7,8 +7,7 @@ namespace Panorel {
 SortedTitles::SortedTitles(std::vector<QStringView> titles) : m_titles(std::move(titles))
 {
     std::ranges::sort(m_titles);
-    const auto repeated = std::ranges::unique(m_titles);
-    m_titles.erase(repeated.begin(), repeated.end());
+    m_titles.erase(std::unique(m_titles.begin(), m_titles.end()), m_titles.end());
     m_beginnings.reserve(m_titles.size());
     for (std::size_t place = 0; place < m_titles.size(); ++place)
         m_beginnings.push_back(beginningOf(m_titles[place], place));
