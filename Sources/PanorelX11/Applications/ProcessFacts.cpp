@@ -16,10 +16,7 @@ QByteArray readFile(const QString &path, qint64 maximumBytes)
 /// When the process started, in the kernel's ticks; with the pid it tells two processes apart.
 QByteArray startTime(const QString &folder)
 {
-    const QByteArray stat = readFile(folder + QStringLiteral("stat"), 4096);
-    // The second field, the program's name in parentheses, may hold blanks and parentheses.
-    const QByteArrayList fields = stat.mid(stat.lastIndexOf(')') + 2).split(' ');
-    return fields.value(19);
+    return startTimeIn(readFile(folder + QStringLiteral("stat"), 4096));
 }
 
 QString baseName(const QString &path)
@@ -50,11 +47,22 @@ std::optional<ProcessFacts> readProcessFacts(qint64 pid)
     // Launchers append their variables, so they come last in what may be a large environment.
     readLauncher(readFile(folder + QStringLiteral("environ"), 2 * 1024 * 1024), facts);
     facts.executable = programName(folder);
-    const QByteArray commandLine = readFile(folder + QStringLiteral("cmdline"), 4096);
-    facts.argument0 = baseName(QString::fromUtf8(commandLine.left(commandLine.indexOf('\0'))));
+    facts.argument0 = calledAs(readFile(folder + QStringLiteral("cmdline"), 4096));
     if (started.isEmpty() || startTime(folder) != started)
         return {};
     return facts;
+}
+
+QByteArray startTimeIn(const QByteArray &stat)
+{
+    // The second field, the program's name in parentheses, may hold blanks and parentheses.
+    const QByteArrayList fields = stat.mid(stat.lastIndexOf(')') + 2).split(' ');
+    return fields.value(19);
+}
+
+QString calledAs(const QByteArray &commandLine)
+{
+    return baseName(QString::fromUtf8(commandLine.split('\0').constFirst()));
 }
 
 void readLauncher(const QByteArray &environment, ProcessFacts &facts)

@@ -21,6 +21,12 @@ struct ProcessFacts {
 /// Absent where the process is gone, or was replaced by another while it was read.
 std::optional<ProcessFacts> readProcessFacts(qint64 pid);
 
+/// When a process started, from the text of its stat file; empty where that is cut off.
+QByteArray startTimeIn(const QByteArray &stat);
+
+/// The base name of what a process was called as, from a NUL-separated command line.
+QString calledAs(const QByteArray &commandLine);
+
 /// Takes the launcher's two variables from a NUL-separated environment.
 void readLauncher(const QByteArray &environment, ProcessFacts &facts);
 

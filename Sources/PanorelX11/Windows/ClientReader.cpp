@@ -43,7 +43,8 @@ public:
         reading.geometry.client = {origin->dst_x, origin->dst_y, geometry->width, geometry->height};
         reading.geometry.decorations =
             extentsFromValues(m_decorations.collect().values32()).value_or(Extents{});
-        reading.geometry.shadow = usableShadow(m_shadow.collect(), reading.geometry.client);
+        reading.geometry.shadow =
+            shadowFromValues(m_shadow.collect().values32(), reading.geometry.client);
         reading.hints = SizeHints::fromValues(m_hints.collect().values32());
         readStates(reading, currentDesktop);
         if (const auto opacity = m_opacity.collect().value32())
@@ -52,17 +53,6 @@ public:
     }
 
 private:
-    /// A shadow that leaves nothing of the window is none.
-    static std::optional<Extents> usableShadow(const PropertyRequest::Value &value,
-                                               const PixelRect &client)
-    {
-        const auto shadow = extentsFromValues(value.values32());
-        if (!shadow || shadow->left + shadow->right >= client.width
-            || shadow->top + shadow->bottom >= client.height)
-            return std::nullopt;
-        return shadow;
-    }
-
     void readStates(ClientReading &reading, std::optional<std::uint32_t> currentDesktop)
     {
         const auto states = m_netState.collect().values32();

@@ -52,6 +52,16 @@ std::optional<Extents> extentsFromValues(const std::vector<std::uint32_t> &value
     return Extents{int(values[0]), int(values[1]), int(values[2]), int(values[3])};
 }
 
+std::optional<Extents> shadowFromValues(const std::vector<std::uint32_t> &values,
+                                        const PixelRect &client)
+{
+    const auto shadow = extentsFromValues(values);
+    if (!shadow || shadow->left + shadow->right >= client.width
+        || shadow->top + shadow->bottom >= client.height)
+        return std::nullopt;
+    return shadow;
+}
+
 PixelRect nearestPixels(const Rect &rect)
 {
     return {bounded(rect.x, INT16_MIN, INT16_MAX), bounded(rect.y, INT16_MIN, INT16_MAX),

@@ -52,6 +52,11 @@ struct FrameGeometry {
 /// there are not four or one is not the width of any border.
 std::optional<Extents> extentsFromValues(const std::vector<std::uint32_t> &values);
 
+/// The shadow of a client in the values of _GTK_FRAME_EXTENTS. One that leaves nothing of the
+/// client is none.
+std::optional<Extents> shadowFromValues(const std::vector<std::uint32_t> &values,
+                                        const PixelRect &client);
+
 /// Nearest pixels, within what the protocol can say: positions of 16 bits, sizes from 1.
 PixelRect nearestPixels(const Rect &rect);
 
