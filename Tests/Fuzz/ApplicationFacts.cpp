@@ -36,7 +36,11 @@ void check(const QByteArray &input)
     ProcessFacts process;
     process.pid = 7;
     process.executable = QString::fromUtf8(parts.line());
-    process.argument0 = QString::fromUtf8(parts.line());
+    process.argument0 = calledAs(parts.line().replace('|', '\0'));
+    require(!process.argument0.contains(u'/'), "a program goes by its name alone");
+    require(startTimeIn("7 (" + input.left(15) + ") S" + QByteArray(" 1").repeated(18) + " 42 5")
+                == "42",
+            "no name hides when a process started");
     QByteArray environment = parts.line();
     readLauncher(environment.replace('|', '\0'), process);
     process.cgroup = parts.rest();
@@ -49,7 +53,7 @@ void check(const QByteArray &input)
     }
     const ApplicationIdentity identity = unclaimedIdentity(facts);
     require(identity.id.startsWith(QLatin1String("wmclass:")) && !identity.name.isEmpty()
-                && Fuzz::isValidText(identity.id + identity.name),
+                && (identity.id + identity.name).isValidUtf16(),
             "every window has an identity that can be stored");
 }
 

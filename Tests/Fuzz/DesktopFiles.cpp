@@ -24,7 +24,7 @@ void check(const QByteArray &input)
     g_object_unref(information);
     require(entry.id == QLatin1String("org.example.Editor") && entry.path == dir.path(name),
             "an application is known by its file");
-    require(Fuzz::isValidText(entry.name + entry.startupWMClass + entry.executable),
+    require((entry.name + entry.startupWMClass + entry.executable).isValidUtf16(),
             "every text is valid");
     require(!entry.executable.contains(u'/'), "a program goes by its name alone");
     const QByteArray wmClass = entry.startupWMClass.toUtf8();

@@ -22,7 +22,6 @@ QByteArray sealed(QByteArray bytes)
 void check(const QByteArray &input)
 {
     constexpr qsizetype blockSize = 128;
-    constexpr qsizetype longestName = 13;
     Edid::parse(input);
     const QByteArray bytes = sealed(input);
     const auto edid = Edid::parse(bytes);
@@ -31,7 +30,7 @@ void check(const QByteArray &input)
     const auto base = Edid::parse(bytes.left(blockSize));
     require(base && base->serial == edid->serial && base->name == edid->name,
             "what follows the base block plays no part");
-    require(edid->name.size() <= longestName && edid->name == edid->name.trimmed(),
+    require(edid->name.size() <= 13 && edid->name == edid->name.trimmed(),
             "a name is one line of the block");
     require(std::ranges::all_of(edid->name, [](QChar each) { return each.isPrint(); }),
             "a name can be shown");

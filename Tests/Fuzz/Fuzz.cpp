@@ -32,11 +32,6 @@ void require(bool holds, const char *promise)
         throw std::logic_error(promise);
 }
 
-bool isValidText(const QString &text)
-{
-    return text.isValidUtf16();
-}
-
 QByteArray Input::line()
 {
     const qsizetype feed = m_rest.indexOf('\n');

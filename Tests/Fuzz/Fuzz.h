@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QString>
 
 #include <cstring>
 #include <type_traits>
@@ -26,9 +25,6 @@ const std::vector<const Target *> &targets();
 /// Throws std::logic_error(promise) unless it holds.
 void require(bool holds, const char *promise);
 
-/// Whether all of it can be stored and shown: no half of a surrogate pair.
-bool isValidText(const QString &text);
-
 /// Takes an input apart, from its front. What is missing is zero or empty.
 class Input {
 public:
@@ -46,7 +42,6 @@ public:
     QByteArray line();
     QByteArray take(qsizetype count);
     QByteArray rest() { return take(m_rest.size()); }
-    bool isEmpty() const { return m_rest.isEmpty(); }
 
 private:
     QByteArray m_rest;

@@ -5,8 +5,6 @@
 #include <random>
 
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t *data, std::size_t size, std::size_t most);
-extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t size,
-                                               std::size_t most, unsigned seed);
 
 namespace {
 
@@ -49,16 +47,16 @@ QByteArray changed(QByteArray text, const std::vector<Place> &places, std::minst
                                          "4294967296", "\"\"", "[]", "{}", "[[0,0],[1,1]]"};
     const Place &place = places[random() % places.size()];
     const Place &other = places[random() % places.size()];
+    const QByteArray member = text.mid(place.member, place.end - place.member);
     const QByteArray value = text.mid(place.value, place.end - place.value);
     const auto replaced = [&](const QByteArray &by) {
         return text.replace(place.value, value.size(), by);
     };
-    const bool isLast = text.mid(place.end, 1) != ",";
     switch (random() % 6) {
     case 0:
-        return text.remove(place.member, place.end - place.member + (isLast ? 0 : 1));
+        return text.remove(place.member, member.size() + text.mid(place.end).startsWith(','));
     case 1:
-        return text.insert(place.member, text.mid(place.member, place.end - place.member) + ',');
+        return text.insert(place.member, member + ',');
     case 2:
         return replaced('[' + value + ']');
     case 3:
@@ -66,21 +64,21 @@ QByteArray changed(QByteArray text, const std::vector<Place> &places, std::minst
     case 4:
         return replaced(extremes[qsizetype(random()) % extremes.size()]);
     default:
-        constexpr std::size_t more = 16;
-        QByteArray bytes = value.startsWith('"') ? value.mid(1).chopped(1) : value;
+        QByteArray bytes =
+            value.mid(1, value.size() - 2); // of a text; or what makes a number another
         const auto size = std::size_t(bytes.size());
-        bytes.resize(bytes.size() + qsizetype(more));
+        bytes.resize(bytes.size() + 16);
         auto *data = reinterpret_cast<std::uint8_t *>(bytes.data());
-        bytes.truncate(qsizetype(LLVMFuzzerMutate(data, size, size + more)));
-        return replaced(value.startsWith('"') ? '"' + bytes + '"' : bytes);
+        bytes.truncate(qsizetype(LLVMFuzzerMutate(data, size, size + 16)));
+        return replaced(value.left(1) + bytes + value.right(1));
     }
 }
 
 } // namespace
 
 /// For a line and JSON text, which mostly stays JSON; now and then any bytes change.
-std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t size, std::size_t most,
-                                    unsigned seed)
+extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t size,
+                                               std::size_t most, unsigned seed)
 {
     Panorel::Fuzz::Input parts({reinterpret_cast<const char *>(data), qsizetype(size)});
     const QByteArray name = parts.line() + '\n';

@@ -2,11 +2,9 @@
 
 #include <cstdint>
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
-
 /// What libFuzzer calls, in a program of one target. A broken promise is an exception that nobody
 /// catches, which it takes for a crash.
-int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const QByteArray input(reinterpret_cast<const char *>(data), qsizetype(size));
     Panorel::Fuzz::targets().front()->check(input);

@@ -1,3 +1,4 @@
+#include "PanorelCore/State/StateExport.h"
 #include "PanorelCore/Stores/AppRuleStore.h"
 #include "PanorelCore/Stores/LayoutStore.h"
 #include "PanorelCore/Stores/PlacementMemory.h"
@@ -72,7 +73,7 @@ void use(TestDataDir &dir, const SceneFile &file)
     while (!store.allScenes().empty()) {
         const SceneRecord scene = store.allScenes().front();
         if (scene.hotKey)
-            require(Fuzz::isValidText(scene.hotKey->displayString() + scene.hotKey->pcString()),
+            require((scene.hotKey->displayString() + scene.hotKey->pcString()).isValidUtf16(),
                     "a key can be shown");
         store.markApplied(scene.id, scene.configID);
         require(store.lastApplied(scene.configID) == scene.id, "the last scene is known");
@@ -112,7 +113,7 @@ void use(TestDataDir &dir, const std::vector<TriggerRecord> &triggers)
 {
     const Instant now = dir.clock.now();
     for (const TriggerRecord &trigger : triggers) {
-        require(Fuzz::isValidText(trigger.kind.description()), "a trigger can be shown");
+        require(trigger.kind.description().isValidUtf16(), "a trigger can be shown");
         const TimeTrigger *time = trigger.kind.time();
         if (!time || !time->canFire())
             continue;
@@ -133,6 +134,19 @@ void checkFile(TestDataDir &dir, const QByteArray &bytes, const char *name)
         use(dir, *value);
 }
 
+void checkExport(TestDataDir &, const QByteArray &bytes, const char *)
+{
+    std::optional<SavedState> state;
+    try {
+        state = StateExport::decode(bytes);
+    } catch (const StateExport::Failure &failure) {
+        require(failure.reason().isValidUtf16(), "why it is refused can be shown");
+        return;
+    }
+    require(StateExport::decode(StateExport::encode(*state)) == *state,
+            "what was imported can be exported");
+}
+
 struct Kind {
     const char *name;
     void (*check)(TestDataDir &dir, const QByteArray &bytes, const char *name);
@@ -144,6 +158,7 @@ constexpr Kind kinds[] = {
     {"placements.json", checkFile<std::vector<AppPlacement>>},
     {"usage.json", checkFile<UsageData>},
     {"triggers.json", checkFile<std::vector<TriggerRecord>>},
+    {"export", checkExport},
 };
 
 /// The first line names the file.

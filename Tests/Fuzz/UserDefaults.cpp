@@ -44,9 +44,7 @@ std::vector<Values> valuesIn(const UserDefaultsPort &defaults)
 
 bool areKept(const std::vector<Values> &before, const std::vector<Values> &after)
 {
-    return std::ranges::equal(before, after, [](const Values &left, const Values &right) {
-        return left.areKeptIn(right);
-    });
+    return std::ranges::equal(before, after, &Values::areKeptIn);
 }
 
 void check(const QByteArray &input)

@@ -1,3 +1,4 @@
+#include "PanorelX11/Displays/WorkArea.h"
 #include "PanorelX11/Windows/SizeHints.h"
 
 #include "Fuzz/Fuzz.h"
@@ -37,16 +38,19 @@ void check(const QByteArray &bytes)
     const SizeHints hints = SizeHints::fromValues(values(input, 18));
     checkHints(hints, client);
     FrameGeometry geometry{client, extentsFromValues(values(input, 4)).value_or(Extents{}),
-                           extentsFromValues(values(input, 4))};
+                           shadowFromValues(values(input, 4), client)};
     const PixelRect frame = geometry.visibleFrame();
-    if (frame.width >= 1 && frame.height >= 1)
-        require(geometry.clientFor(frame) == client, "frame and client belong together");
+    require(geometry.clientFor(frame) == client, "frame and client belong together");
     requestedOrigin(client, geometry.decorations, hints.gravity);
     const Rect area{0, 0, 1920, 1080};
     const PixelRect moved = movedInto(area, frame);
     require(moved.x >= 0 && moved.y >= 0 && moved.x + moved.width <= 1920
                 && moved.y + moved.height <= 1080,
             "what is moved into an area is in it");
+    const Rect left = workArea(area, strutsFromValues(values(input, 12)), {3840, 1080});
+    require(left.width > 0 && left.height > 0 && left.minX() >= 0 && left.maxX() <= 1920
+                && left.minY() >= 0 && left.maxY() <= 1080,
+            "panels leave a part of every monitor");
 }
 
 const Fuzz::Target target("WindowNumbers", check);

@@ -26,7 +26,8 @@ soak_fuzz() {
         TMPDIR=$memory TZ=Europe/Berlin UBSAN_OPTIONS=print_stacktrace=1 \
             LSAN_OPTIONS=suppressions=scripts/lib/lsan.supp:print_suppressions=0 \
             "build/fuzz/Tests/Fuzz/fuzz-$name" -max_total_time="${FUZZ_SECONDS:-120}" \
-            -timeout=20 -detect_leaks=0 -max_len=8192 -print_final_stats=1 -artifact_prefix="build/fuzz/findings/$name-" \
+            -timeout=20 -detect_leaks=0 -max_len=8192 -print_final_stats=1 \
+            -artifact_prefix="build/fuzz/findings/$name-" \
             $options "build/fuzz/corpus/$name" "$target" >"build/fuzz/$name.log" 2>&1 ||
             failed="$failed $name"
         grep -E 'number_of_executed_units|ERROR|what\(\)' "build/fuzz/$name.log" || true
