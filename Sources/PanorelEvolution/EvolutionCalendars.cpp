@@ -115,8 +115,9 @@ std::vector<QByteArray> EvolutionCalendars::calendars(Instant from, Instant to,
     for (const GList *entry = enabled.get(); entry; entry = entry->next)
         sources.push_back(E_SOURCE(entry->data));
     // A calendar that uses all the time up does so after the others were read.
-    std::ranges::stable_partition(
-        sources, [this](ESource *source) { return !m_slow.contains(e_source_get_uid(source)); });
+    std::stable_partition(sources.begin(), sources.end(), [this](ESource *source) {
+        return !m_slow.contains(e_source_get_uid(source));
+    });
     const std::string query = "(occur-in-time-range? (make-time \"" + written(from)
                               + "\") (make-time \"" + written(to) + "\"))";
     std::erase_if(m_clients, [&](const auto &known) {

@@ -40,7 +40,7 @@ void DesksTab::refresh()
     const auto isCurrent = [this](const Layout *desk) {
         return desk->configID == m_model.currentConfigID();
     };
-    std::ranges::stable_partition(desks, isCurrent);
+    std::stable_partition(desks.begin(), desks.end(), isCurrent);
 
     const std::vector<LearnedDeskCard *> before = m_cards;
     std::vector<LearnedDeskCard *> old = std::exchange(m_cards, {});

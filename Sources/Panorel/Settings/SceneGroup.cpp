@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <functional>
 
 namespace Panorel {
 
@@ -22,7 +23,7 @@ std::vector<SceneGroup> sceneGroups(const SettingsModel &model)
         }
         group->scenes.push_back(scene);
     }
-    std::ranges::stable_partition(groups, &SceneGroup::isCurrent);
+    std::stable_partition(groups.begin(), groups.end(), std::mem_fn(&SceneGroup::isCurrent));
     return groups;
 }
 
