@@ -5,7 +5,8 @@
 #
 # What widens the reach is kept in build/fuzz/corpus, what breaks a promise in build/fuzz/findings.
 # To take the former over into the corpus, in as few inputs as reach as far:
-#     build/fuzz/Tests/Fuzz/fuzz-NAME -merge=1 Tests/Fuzz/Corpus/NAME build/fuzz/corpus/NAME
+#     build/fuzz/Tests/Fuzz/fuzz-NAME -set_cover_merge=1 -use_counters=0 \
+#         Tests/Fuzz/Corpus/NAME build/fuzz/corpus/NAME
 soak_fuzz() {
     # shellcheck disable=SC2086 # lists of words
     install_packages $PACKAGES_BUILD $PACKAGES_TEST
