@@ -9,16 +9,22 @@ namespace {
 using namespace std::chrono;
 using Frequency = RecurrenceRule::Frequency;
 
+void putInOrder(std::vector<int> &list)
+{
+    std::ranges::sort(list);
+    list.erase(std::unique(list.begin(), list.end()), list.end());
+}
+
+/// For lists in order, as strangers' may be long.
 bool allows(const std::vector<int> &list, int value)
 {
-    return list.empty() || std::ranges::find(list, value) != list.end();
+    return list.empty() || std::ranges::binary_search(list, value);
 }
 
 /// The same for a list that may count from the end, where `fromEnd` is -1 for the last.
 bool allows(const std::vector<int> &list, int value, int fromEnd)
 {
-    return list.empty() || std::ranges::find(list, value) != list.end()
-           || std::ranges::find(list, fromEnd) != list.end();
+    return allows(list, value) || std::ranges::binary_search(list, fromEnd);
 }
 
 local_days firstOfYear(year y)
@@ -44,6 +50,9 @@ public:
             m_to = std::min(m_to, *m_rule.until);
         supplyDay();
         supplyTimes();
+        for (auto *list : {&m_rule.monthDays, &m_rule.yearDays, &m_rule.weeks, &m_rule.months,
+                           &m_rule.positions})
+            putInOrder(*list);
     }
 
     std::vector<WallTime> run();
@@ -111,8 +120,7 @@ void Walk::supplyTimes()
         if (list.empty())
             return;
         std::erase_if(list, [end](int number) { return number < 0 || number >= end; });
-        std::ranges::sort(list);
-        list.erase(std::unique(list.begin(), list.end()), list.end());
+        putInOrder(list);
         if (list.empty()) // it was to restrict, not to let everything through
             m_to = m_from - std::chrono::seconds(1);
     };
@@ -280,8 +288,9 @@ bool Walk::matchesDayOfWeek(const year_month_day &date, local_days day) const
                                     : lastOfMonth(date.year() / date.month());
     const int fromStart = static_cast<int>((day - first).count()) / 7 + 1;
     const int fromEnd = -(static_cast<int>((final - day).count()) / 7 + 1);
+    const weekday here(day);
     return m_rule.days.empty() || std::ranges::any_of(m_rule.days, [&](const auto &wanted) {
-               return wanted.weekday == weekday(day)
+               return wanted.weekday == here
                       && (wanted.position == 0 || !positionsCount || wanted.position == fromStart
                           || wanted.position == fromEnd);
            });
