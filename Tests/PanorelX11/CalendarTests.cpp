@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QTest>
 
+#include <ctime>
 #include <sys/stat.h>
 #include <utime.h>
 
@@ -83,7 +84,7 @@ public:
     QTemporaryDir root;
     CalendarPlaces places;
     DesktopCalendar port{data.log, data.clock,
-                         CalendarPlaces{{root.filePath(u"calendars"_qs)}, {}}};
+                         CalendarPlaces{{root.filePath(u"calendars"_qs)}, {}}, 1min};
 };
 
 struct Row {
@@ -202,12 +203,11 @@ private Q_SLOTS:
                                         "DTSTART:19700101T000000")
                                      .replace("UID:a", "UID:b")
                                + vevent("DTSTART:20240513T093000Z").replace("UID:a", "UID:c")));
-        QElapsedTimer timer;
-        timer.start();
+        const std::clock_t begin = std::clock(); // what others have the machine do does not count
         const auto events = folders.read();
         QCOMPARE(events.size(), 1001U);
         folders.read();
-        QVERIFY2(timer.elapsed() < 20'000, "bounded work");
+        QVERIFY2(std::clock() - begin < 20 * CLOCKS_PER_SEC, "bounded work");
         QStringList logged = folders.data.logged();
         logged.sort();
         QCOMPARE(logged, QStringList({u"calendar: “Count” repeats too often to be followed"_qs,
