@@ -83,8 +83,8 @@ public:
     TestDataDir data;
     QTemporaryDir root;
     CalendarPlaces places;
-    DesktopCalendar port{data.log, data.clock,
-                         CalendarPlaces{{root.filePath(u"calendars"_qs)}, {}}, 1min};
+    DesktopCalendar port{data.log, data.clock, CalendarPlaces{{root.filePath(u"calendars"_qs)}, {}},
+                         1min};
 };
 
 struct Row {
