@@ -80,25 +80,20 @@ private Q_SLOTS:
                        "Exec=browser-bin --app=1\nStartupWMClass=crx_abc\n");
     }
 
-    void aWindowBelongsToAnInstalledApplication_data()
-    {
-        QTest::addColumn<Case>("row");
-        for (const Case &row : cases)
-            QTest::newRow(row.name) << row;
-    }
-
     void aWindowBelongsToAnInstalledApplication()
     {
-        QFETCH(Case, row);
         DesktopList installed;
-        ProcessFacts process;
-        process.pid = pid;
-        process.cgroup =
-            QByteArray("0::/user.slice/user@1000.service/app.slice/") + row.unit + '\n';
-        process.executable = QString::fromLatin1(row.executable);
-        const ApplicationFacts facts{row.gtkID, row.instance, row.wmClass, pid};
-        const auto *entry = resolveApplication(installed.entries(), facts, &process);
-        QCOMPARE(entry ? entry->id : unclaimedIdentity(facts).id, QString::fromUtf8(row.expected));
+        for (const Case &row : cases) {
+            ProcessFacts process;
+            process.pid = pid;
+            process.cgroup =
+                QByteArray("0::/user.slice/user@1000.service/app.slice/") + row.unit + '\n';
+            process.executable = QString::fromLatin1(row.executable);
+            const ApplicationFacts facts{row.gtkID, row.instance, row.wmClass, pid};
+            const auto *entry = resolveApplication(installed.entries(), facts, &process);
+            const QString id = entry ? entry->id : unclaimedIdentity(facts).id;
+            QVERIFY2(id == QString::fromUtf8(row.expected), row.name);
+        }
     }
 
     void theLauncherNamesTheProcessItLaunched()

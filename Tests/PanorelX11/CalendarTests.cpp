@@ -102,9 +102,7 @@ class CalendarTests : public QObject {
 private Q_SLOTS:
     void initTestCase() { qputenv("TZ", "Europe/Berlin"); }
 
-    void theEventsOfTheHourAreFound_data();
     void theEventsOfTheHourAreFound();
-    void repeatingEventsOccurWhenTheirRuleSays_data();
     void repeatingEventsOccurWhenTheirRuleSays();
 
     void aMeetingIsTold()
@@ -175,7 +173,6 @@ private Q_SLOTS:
         QTRY_VERIFY(!status());
     }
 
-    void aFileThatCannotBeReadIsReportedOnce_data();
     void aFileThatCannotBeReadIsReportedOnce();
 
     void onlyFilesAreOpenedAndNoFolderTwice()
@@ -276,7 +273,7 @@ private Q_SLOTS:
     }
 };
 
-void CalendarTests::theEventsOfTheHourAreFound_data()
+void CalendarTests::theEventsOfTheHourAreFound()
 {
     const QByteArray everyDay = "DTSTART:20240501T093000Z RRULE:FREQ=DAILY";
     const Row rows[] = {
@@ -350,28 +347,17 @@ void CalendarTests::theEventsOfTheHourAreFound_data()
         {"an event without a start does not either",
          vevent("SUMMARY:x").replace("UID:a", "UID:broken") + vevent("DTSTART:20240513T093000Z")},
     };
-    QTest::addColumn<Row>("row");
-    for (const Row &row : rows)
-        QTest::newRow(row.name) << row;
-}
-
-void CalendarTests::theEventsOfTheHourAreFound()
-{
-    QFETCH(Row, row);
-    Folders folders;
-    folders.write(u"a.ics"_qs, calendar(row.body));
-    QCOMPARE(folders.summary().join(u", "_qs), QLatin1String(row.expected));
+    for (const Row &row : rows) {
+        Folders folders;
+        folders.write(u"a.ics"_qs, calendar(row.body));
+        QVERIFY2(folders.summary().join(u", "_qs) == QLatin1String(row.expected), row.name);
+    }
 }
 
 /// Rules and what they say between 1 May 2024 and 1 June 2025, days and times in UTC.
-void CalendarTests::repeatingEventsOccurWhenTheirRuleSays_data()
+void CalendarTests::repeatingEventsOccurWhenTheirRuleSays()
 {
-    struct RuleRow {
-        const char *start;
-        const char *rule;
-        const char *expected;
-    };
-    const RuleRow rows[] = {
+    const std::tuple<const char *, const char *, const char *> rows[] = {
         {"20240513T093000Z", "FREQ=DAILY;COUNT=3", "0513 0514 0515"},
         {"19700101T093000Z", "FREQ=DAILY;INTERVAL=100", "0626 1004 0112 0422"},
         {"20240513T093000Z", "FREQ=DAILY;UNTIL=20240515T093000Z", "0513 0514 0515"},
@@ -402,61 +388,47 @@ void CalendarTests::repeatingEventsOccurWhenTheirRuleSays_data()
         {"20240513T093000Z", "FREQ=SECONDLY;BYMONTH=2;BYMONTHDAY=30", "0513"},
         {"20240513T093000Z", "FREQ=NEVER", "0513"},
     };
-    QTest::addColumn<QByteArray>("lines");
-    QTest::addColumn<QString>("expected");
-    for (const RuleRow &row : rows)
-        QTest::newRow(row.rule) << QByteArray("DTSTART:") + row.start + " RRULE:" + row.rule
-                                << QString::fromLatin1(row.expected);
-}
-
-void CalendarTests::repeatingEventsOccurWhenTheirRuleSays()
-{
-    QFETCH(QByteArray, lines);
-    QFETCH(QString, expected);
-    Folders folders;
-    folders.write(u"a.ics"_qs, calendar(vevent(lines)));
-    auto events = folders.read(instant("2024-05-01T00:00:00Z"), instant("2025-06-01T00:00:00Z"));
-    std::ranges::sort(events, {}, &CalendarEvent::start);
-    QStringList days;
-    for (const CalendarEvent &event : events)
-        days << described(event).section(u' ', 1).left(4);
-    QCOMPARE(days.join(u' '), expected);
-}
-
-void CalendarTests::aFileThatCannotBeReadIsReportedOnce_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QString>("problem");
-    const QString broken = u"is not a whole calendar"_qs;
-    QTest::newRow("empty") << QByteArray() << broken;
-    QTest::newRow("not a calendar") << QByteArray("\x00\xFF\x1B%PDF", 7) << broken;
-    QTest::newRow("cut off") << calendar(vevent("DTSTART:20240513T093000Z")).chopped(30) << broken;
-    QTest::newRow("folded in itself a million times")
-        << QByteArray("BEGIN:VCALENDAR\n") + QByteArray("BEGIN:VEVENT\nBEGIN:X\n").repeated(1 << 19)
-        << broken;
-    QTest::newRow("no times") << calendar(vevent("DTSTART:20249999T999999Z"))
-                              << u"holds 1 events that can't be read"_qs;
-    QTest::newRow("too large") << QByteArray((32 << 20) + 1, ' ')
-                               << u"is too large for a calendar"_qs;
+    for (const auto &[start, rule, expected] : rows) {
+        Folders folders;
+        const QByteArray lines = QByteArray("DTSTART:") + start + " RRULE:" + rule;
+        folders.write(u"a.ics"_qs, calendar(vevent(lines)));
+        auto events =
+            folders.read(instant("2024-05-01T00:00:00Z"), instant("2025-06-01T00:00:00Z"));
+        std::ranges::sort(events, {}, &CalendarEvent::start);
+        QStringList days;
+        for (const CalendarEvent &event : events)
+            days << described(event).section(u' ', 1).left(4);
+        QVERIFY2(days.join(u' ') == QLatin1String(expected), rule);
+    }
 }
 
 void CalendarTests::aFileThatCannotBeReadIsReportedOnce()
 {
-    QFETCH(QByteArray, text);
-    QFETCH(QString, problem);
-    Folders folders;
-    const QString name = u"broken.ics"_qs;
-    folders.write(name, text);
-    folders.write(u"fine.ics"_qs, calendar(vevent("DTSTART:20240513T093000Z")));
-    for (int i = 0; i < 3; ++i) {
-        folders.data.clock.advance(2h);
-        QCOMPARE(folders.summary(), {u"a 0513T093000"_qs});
+    const QByteArray deep = QByteArray("BEGIN:VEVENT\nBEGIN:X\n").repeated(1 << 19);
+    const QString broken = u"is not a whole calendar"_qs;
+    const std::pair<QByteArray, QString> rows[] = {
+        {QByteArray(), broken},
+        {QByteArray("\x00\xFF\x1B%PDF", 7), broken},
+        {calendar(vevent("DTSTART:20240513T093000Z")).chopped(30), broken},
+        {"BEGIN:VCALENDAR\n" + deep, broken},
+        {calendar(vevent("DTSTART:20249999T999999Z")), u"holds 1 events that can't be read"_qs},
+        {QByteArray((32 << 20) + 1, ' '), u"is too large for a calendar"_qs},
+    };
+    for (const auto &[text, problem] : rows) {
+        Folders folders;
+        const QString name = u"broken.ics"_qs;
+        folders.write(name, text);
+        folders.write(u"fine.ics"_qs, calendar(vevent("DTSTART:20240513T093000Z")));
+        for (int i = 0; i < 3; ++i) {
+            folders.data.clock.advance(2h);
+            QCOMPARE(folders.summary(), {u"a 0513T093000"_qs});
+        }
+        const QString line = u"calendar: %1 %2"_qs.arg(folders.path(name), problem);
+        QCOMPARE(folders.data.logged(), {line});
+        folders.write(name, text + "x");
+        folders.read();
+        QCOMPARE(folders.data.logged().size(), 2);
     }
-    const QString line = u"calendar: %1 %2"_qs.arg(folders.path(name), problem);
-    QCOMPARE(folders.data.logged(), {line});
-    folders.write(name, text + "x");
-    folders.read();
-    QCOMPARE(folders.data.logged().size(), 2);
 }
 
 } // namespace Panorel::X11

@@ -59,44 +59,29 @@ class DisplayTests : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void anEdidIsReadOrRefusedAsAWhole_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<bool>("accepted");
-        QTest::addColumn<QString>("name");
-        const QByteArray good = edidBlock("LG ULTRAFINE\n");
-        const QString lg = QStringLiteral("LG ULTRAFINE");
-
-        QTest::newRow("whole") << good << true << lg;
-        QTest::newRow("name in the last descriptor")
-            << edidBlock("Last\n", char(0xFC), 3) << true << QStringLiteral("Last");
-        QTest::newRow("name of full length without line feed")
-            << edidBlock("ABCDEFGHIJKLM") << true << QStringLiteral("ABCDEFGHIJKLM");
-        QTest::newRow("blank name") << edidBlock("\n") << true << QString();
-        QTest::newRow("serial text is no name")
-            << edidBlock("S/N 7\n", char(0xFF)) << true << QString();
-        QTest::newRow("name that is not text")
-            << edidBlock("A\xFF\x1b\n") << true << QStringLiteral("A\uFFFD\uFFFD");
-        QTest::newRow("extension block cut off") << good + QByteArray(20, 'x') << true << lg;
-        QTest::newRow("empty") << QByteArray() << false << QString();
-        QTest::newRow("one byte short") << good.left(127) << false << QString();
-        QTest::newRow("wrong checksum") << withByte(good, 20, 7, false) << false << QString();
-        QTest::newRow("wrong header, right checksum")
-            << withByte(good, 7, 1, true) << false << QString();
-    }
-
     void anEdidIsReadOrRefusedAsAWhole()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(bool, accepted);
-        const auto edid = Edid::parse(bytes);
-        QCOMPARE(edid.has_value(), accepted);
-        if (!edid)
-            return;
-        QCOMPARE(edid->vendor, 0x1E6D);
-        QCOMPARE(edid->model, 0x5B09);
-        QCOMPARE(edid->serial, 123456U);
-        QTEST(edid->name, "name");
+        const QByteArray good = edidBlock("LG ULTRAFINE\n");
+        const std::pair<QByteArray, QString> accepted[] = {
+            {edidBlock("Last\n", char(0xFC), 3), QStringLiteral("Last")},  // the last descriptor
+            {edidBlock("ABCDEFGHIJKLM"), QStringLiteral("ABCDEFGHIJKLM")}, // without line feed
+            {edidBlock("\n"), {}},
+            {edidBlock("S/N 7\n", char(0xFF)), {}}, // serial text is no name
+            {edidBlock("A\xFF\x1b\n"), QStringLiteral("A\uFFFD\uFFFD")},
+            {good + QByteArray(20, 'x'), QStringLiteral("LG ULTRAFINE")}, // extension cut off
+        };
+        for (const auto &[bytes, name] : accepted) {
+            const auto edid = Edid::parse(bytes);
+            QVERIFY2(edid.has_value(), qPrintable(name));
+            QCOMPARE(edid->vendor, 0x1E6D);
+            QCOMPARE(edid->model, 0x5B09);
+            QCOMPARE(edid->serial, 123456U);
+            QCOMPARE(edid->name, name);
+        }
+        const QByteArray wrongChecksum = withByte(good, 20, 7, false);
+        const QByteArray wrongHeader = withByte(good, 7, 1, true);
+        for (const QByteArray &refused : {QByteArray(), good.left(127), wrongChecksum, wrongHeader})
+            QVERIFY(!Edid::parse(refused));
     }
 
     void aDisplayKeepsItsIdentity()
@@ -130,58 +115,64 @@ private Q_SLOTS:
         QCOMPARE(output("HDMI-2").name(), QStringLiteral("HDMI-2"));
     }
 
-    void everyScreenComesBackAtItsRootPlace_data()
-    {
-        QTest::addColumn<std::vector<Monitor>>("monitors");
-        QTest::addColumn<QList<DisplayNumber>>("order");
-        using Monitors = std::vector<Monitor>;
-        const Rect left{0, 0, 1920, 1080};
-
-        QTest::newRow("order of switching on plays no part")
-            << Monitors{monitor(2, {1920, 0, 1280, 800}, "DP-2"), monitor(1, left, "DP-1")}
-            << QList<DisplayNumber>{1, 2};
-        QTest::newRow("primary right of the origin, taller")
-            << Monitors{monitor(1, left, "DP-1"), monitor(2, {1920, 0, 2560, 1440}, "DP-2", true)}
-            << QList<DisplayNumber>{2, 1};
-        QTest::newRow("nothing at the origin")
-            << Monitors{monitor(1, {0, 200, 1920, 1080}, "DP-1"),
-                        monitor(2, {1920, 0, 2560, 1440}, "DP-2", true)}
-            << QList<DisplayNumber>{2, 1};
-        QTest::newRow("nothing at the origin, a lower edge where the origin would be")
-            << Monitors{monitor(1, {1920, 0, 1920, 1080}, "DP-1", true),
-                        monitor(2, {0, 80, 1920, 1000}, "DP-2")}
-            << QList<DisplayNumber>{2, 1};
-        QTest::newRow("an overlapping one with its lower edge where the origin's is")
-            << Monitors{monitor(1, {0, 540, 960, 540}, "DP-1", true), monitor(2, left, "DP-2")}
-            << QList<DisplayNumber>{2, 1};
-        QTest::newRow("mirrored displays are one screen")
-            << Monitors{monitor(1, left, "HDMI-1"), monitor(2, left, "eDP-1", true),
-                        monitor(3, {1920, 0, 1280, 800}, "DP-1")}
-            << QList<DisplayNumber>{2, 3};
-        QTest::newRow("mirrored with another size are two")
-            << Monitors{monitor(1, {0, 0, 1920, 1200}, "eDP-1"), monitor(2, left, "HDMI-1")}
-            << QList<DisplayNumber>{2, 1};
-    }
-
     void everyScreenComesBackAtItsRootPlace()
     {
-        QFETCH(std::vector<Monitor>, monitors);
-        QFETCH(QList<DisplayNumber>, order);
+        const Rect left{0, 0, 1920, 1080};
+        const Rect right{1920, 0, 2560, 1440};
+        struct Row {
+            const char *name;
+            std::vector<Monitor> monitors;
+            QList<DisplayNumber> order;
+        };
+        const Row rows[] = {
+            {"order of switching on plays no part",
+             {monitor(2, right, "DP-2"), monitor(1, left, "DP-1")},
+             {1, 2}},
+            {"primary right of the origin, taller",
+             {monitor(1, left, "DP-1"), monitor(2, right, "DP-2", true)},
+             {2, 1}},
+            {"nothing at the origin",
+             {monitor(1, {0, 200, 1920, 1080}, "DP-1"), monitor(2, right, "DP-2", true)},
+             {2, 1}},
+            {"nothing at the origin, a lower edge where the origin would be",
+             {monitor(1, {1920, 0, 1920, 1080}, "DP-1", true),
+              monitor(2, {0, 80, 1920, 1000}, "DP-2")},
+             {2, 1}},
+            {"an overlapping one with its lower edge where the origin's is",
+             {monitor(1, {0, 540, 960, 540}, "DP-1", true), monitor(2, left, "DP-2")},
+             {2, 1}},
+            {"mirrored displays are one screen",
+             {monitor(1, left, "HDMI-1"), monitor(2, left, "eDP-1", true),
+              monitor(3, right, "DP-1")},
+             {2, 3}},
+            {"mirrored with another size are two",
+             {monitor(1, {0, 0, 1920, 1200}, "eDP-1"), monitor(2, left, "HDMI-1")},
+             {2, 1}},
+        };
+        for (const Row &row : rows) {
+            QList<DisplayNumber> order;
+            for (const DisplayInfo &display : watched(screenList(row.monitors))) {
+                order.append(display.uuid.toUInt());
+                const auto original =
+                    std::ranges::find(row.monitors, order.back(), &Monitor::display);
+                QVERIFY2(display.frame == original->frame, row.name);
+                QVERIFY2(display.visibleFrame == original->visibleFrame, row.name);
+            }
+            QVERIFY2(order == row.order, row.name);
+        }
+    }
+
+private:
+    /// As the watcher reads them; its number is the identity of each.
+    static std::vector<DisplayInfo> watched(const std::vector<Screen> &list)
+    {
         TestDataDir dataDir;
         InMemoryScreens screens;
-        for (const Screen &screen : screenList(monitors))
+        for (const Screen &screen : list)
             screens.displays.push_back(
                 {screen, {QString::number(screen.displayNumber.value()), 0, 0, 0, false}});
         FakeScheduler scheduler(dataDir.clock);
-        const auto displays = DisplayWatcher(screens, scheduler, dataDir.log).currentDisplays();
-
-        QCOMPARE(qsizetype(displays.size()), order.size());
-        for (qsizetype i = 0; i < order.size(); ++i) {
-            QCOMPARE(displays[size_t(i)].uuid, QString::number(order[i]));
-            const auto original = std::ranges::find(monitors, order[i], &Monitor::display);
-            QVERIFY(displays[size_t(i)].frame == original->frame);
-            QVERIFY(displays[size_t(i)].visibleFrame == original->visibleFrame);
-        }
+        return DisplayWatcher(screens, scheduler, dataDir.log).currentDisplays();
     }
 };
 

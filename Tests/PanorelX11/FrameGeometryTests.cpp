@@ -62,14 +62,12 @@ private Q_SLOTS:
         QVERIFY(movedInto(area, {0, 0, 5000, 400}) == (PixelRect{1920, 30, 1280, 400}));
     }
 
-    void aClientsHintsTellWhichSizeItWillTake_data()
+    void aClientsHintsTellWhichSizeItWillTake()
     {
-        QTest::addColumn<std::vector<std::uint32_t>>("values");
-        QTest::addColumn<int>("width");
-        QTest::addColumn<int>("height");
+        using Values = std::vector<std::uint32_t>;
         // Minimum, maximum and increment, then base: width and height each.
         const auto hints = [](std::uint32_t flags, const std::array<std::uint32_t, 8> &sizes) {
-            std::vector<std::uint32_t> values(18);
+            Values values(18);
             values[0] = flags;
             std::copy_n(sizes.begin(), 6, values.begin() + 5);
             std::copy_n(sizes.begin() + 6, 2, values.begin() + 15);
@@ -79,28 +77,20 @@ private Q_SLOTS:
         const std::uint32_t max = 1 << 5;
         const std::uint32_t inc = 1 << 6;
         const std::uint32_t base = 1 << 8;
-        // Asked for: 500 x 333.
-        QTest::newRow("no hints") << std::vector<std::uint32_t>{} << 500 << 333;
-        QTest::newRow("terminal") << hints(min | inc | base, {10, 17, 0, 0, 6, 13, 4, 4}) << 496
-                                  << 329;
-        QTest::newRow("steps from the minimum")
-            << hints(min | inc, {20, 20, 0, 0, 100, 100}) << 420 << 320;
-        QTest::newRow("fixed") << hints(min | max, {640, 480, 640, 480}) << 640 << 480;
-        QTest::newRow("limits that contradict each other")
-            << hints(min | max, {600, 400, 300, 200}) << 600 << 400;
-        QTest::newRow("absurd numbers")
-            << hints(min | max | inc | base, {0, 0, 0xffffffff, 0, 0, 0xfffffff0, 0x80000000, 1})
-            << 500 << 333;
-        QTest::newRow("cut short")
-            << std::vector<std::uint32_t>{min | max | inc | base, 0, 0} << 500 << 333;
-    }
-
-    void aClientsHintsTellWhichSizeItWillTake()
-    {
-        QFETCH(std::vector<std::uint32_t>, values);
-        const PixelRect taken = SizeHints::fromValues(values).constrained({0, 0, 500, 333});
-        QTEST(taken.width, "width");
-        QTEST(taken.height, "height");
+        constexpr PixelRect asked{0, 0, 500, 333};
+        const std::tuple<const char *, Values, PixelRect> rows[] = {
+            {"no hints", {}, asked},
+            {"terminal", hints(min | inc | base, {10, 17, 0, 0, 6, 13, 4, 4}), {0, 0, 496, 329}},
+            {"from the minimum", hints(min | inc, {20, 20, 0, 0, 100, 100}), {0, 0, 420, 320}},
+            {"fixed", hints(min | max, {640, 480, 640, 480}), {0, 0, 640, 480}},
+            {"contradiction", hints(min | max, {600, 400, 300, 200}), {0, 0, 600, 400}},
+            {"absurd",
+             hints(min | max | inc | base, {0, 0, 0xffffffff, 0, 0, 0xfffffff0, 0x80000000, 1}),
+             asked},
+            {"cut short", {min | max | inc | base, 0, 0}, asked},
+        };
+        for (const auto &[name, values, taken] : rows)
+            QVERIFY2(SizeHints::fromValues(values).constrained(asked) == taken, name);
     }
 };
 

@@ -55,62 +55,41 @@ private Q_SLOTS:
         QVERIFY(!keys.keyCodeOf(39 + 256)); // beyond X's keycodes
     }
 
-    void locksMakeNoDifferenceToAGrab_data()
-    {
-        QTest::addColumn<QList<int>>("variants");
-        QTest::addColumn<quint32>("modifiers");
-        QTest::addColumn<quint32>("numLock");
-        const auto row = [](const char *name, std::uint16_t modifiers, std::uint16_t numLock,
-                            const QList<int> &variants) {
-            QTest::newRow(name) << variants << quint32(modifiers) << quint32(numLock);
-        };
-        row("no NumLock", alt, 0, {alt, alt | caps});
-        row("NumLock shares the modifier", alt, alt, {alt, alt | caps});
-        row("NumLock is CapsLock", alt, caps, {alt, alt | caps});
-        row("no modifier", 0, num, {0, caps, num, caps | num});
-    }
-
     void locksMakeNoDifferenceToAGrab()
     {
-        QFETCH(quint32, modifiers);
-        QFETCH(quint32, numLock);
-        const KeyGrab grab{39, std::uint16_t(modifiers), std::uint16_t(numLock)};
-        QList<int> variants;
-        for (const std::uint16_t variant : grab.variants()) {
-            variants.append(variant);
-            QVERIFY(grab.matches(39, variant));
-            QVERIFY(grab.matches(39, variant | 0x2000 | XCB_BUTTON_MASK_1)); // group, mouse
-            QVERIFY(!grab.matches(39, variant | shift));
-            QVERIFY(!grab.matches(40, variant));
+        const std::pair<KeyGrab, QList<int>> rows[] = {
+            {{39, alt, 0}, {alt, alt | caps}},
+            {{39, alt, alt}, {alt, alt | caps}}, // NumLock shares the modifier
+            {{39, alt, caps}, {alt, alt | caps}},
+            {{39, 0, num}, {0, caps, num, caps | num}},
+        };
+        for (const auto &[grab, expected] : rows) {
+            QList<int> variants;
+            for (const std::uint16_t variant : grab.variants()) {
+                variants.append(variant);
+                QVERIFY(grab.matches(39, variant));
+                QVERIFY(grab.matches(39, variant | 0x2000 | XCB_BUTTON_MASK_1)); // group, mouse
+                QVERIFY(!grab.matches(39, variant | shift));
+                QVERIFY(!grab.matches(40, variant));
+            }
+            QCOMPARE(variants, expected);
         }
-        QTEST(variants, "variants");
-    }
-
-    void modifiersAreFoundByTheirKeys_data()
-    {
-        QTest::addColumn<QList<quint32>>("rows");
-        QTest::addColumn<QList<quint32>>("found"); // command, option, NumLock
-        using List = QList<quint32>;
-        QTest::newRow("the usual places")
-            << List{alt, 0xffe9, num, 0xff7f, super, 0xffeb, super, 0xffec}
-            << List{super, alt, num};
-        QTest::newRow("right-hand keys only")
-            << List{alt, 0xffec, super, 0xffea} << List{alt, super, 0};
-        QTest::newRow("the lowest of several")
-            << List{super, 0xffeb, num, 0xffec} << List{num, 0, 0};
-        QTest::newRow("none") << List{shift, 0xffe1} << List{0, 0, 0};
     }
 
     void modifiersAreFoundByTheirKeys()
     {
-        QFETCH(QList<quint32>, rows);
-        std::vector<ModifierKey> modifierKeys;
-        for (qsizetype i = 0; i < rows.size(); i += 2)
-            modifierKeys.push_back({std::uint16_t(rows[i]), rows[i + 1]});
-        Keyboard board = keyboard(39, 40);
-        board.setModifiers(modifierKeys);
-        QTEST((QList<quint32>{board.command, board.option, board.numLock}), "found");
-        QCOMPARE(board.find(superS).has_value(), board.command != 0);
+        const std::pair<std::vector<ModifierKey>, QList<int>> rows[] = {
+            {{{alt, 0xffe9}, {num, 0xff7f}, {super, 0xffeb}, {super, 0xffec}}, {super, alt, num}},
+            {{{alt, 0xffec}, {super, 0xffea}}, {alt, super, 0}}, // right-hand keys only
+            {{{super, 0xffeb}, {num, 0xffec}}, {num, 0, 0}},     // the lowest of several
+            {{{shift, 0xffe1}}, {0, 0, 0}},
+        };
+        for (const auto &[modifierKeys, expected] : rows) {
+            Keyboard board = keyboard(39, 40);
+            board.setModifiers(modifierKeys);
+            QCOMPARE((QList<int>{board.command, board.option, board.numLock}), expected);
+            QCOMPARE(board.find(superS).has_value(), board.command != 0);
+        }
     }
 
     void aKeymapChangeMovesOnlyWhatHasMoved()
