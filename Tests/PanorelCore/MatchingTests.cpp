@@ -46,15 +46,14 @@ constexpr Case cases[] = {
 std::vector<WindowRecord> windows(const char *text, double at)
 {
     std::vector<WindowRecord> result;
-    for (const QString &word :
-         QString::fromLatin1(text).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+    for (const QString &word : QString::fromLatin1(text).split(u' ', Qt::SkipEmptyParts)) {
         WindowRecord record;
-        record.bundleID = word.section(QLatin1Char(':'), 0, 0);
-        record.title = word.section(QLatin1Char(':'), 1).section(QLatin1Char('@'), 0, 0);
-        const QString size = word.contains(QLatin1Char('@')) ? word.section(QLatin1Char('@'), 1)
-                                                             : QStringLiteral("800x600");
-        record.frame = {at, 0, size.section(QLatin1Char('x'), 0, 0).toDouble(),
-                        size.section(QLatin1Char('x'), 1).toDouble()};
+        record.bundleID = word.section(u':', 0, 0);
+        record.title = word.section(u':', 1).section(u'@', 0, 0);
+        const QString size =
+            word.contains(u'@') ? word.section(u'@', 1) : QStringLiteral("800x600");
+        record.frame = {at, 0, size.section(u'x', 0, 0).toDouble(),
+                        size.section(u'x', 1).toDouble()};
         record.zOrder = qint64(result.size());
         result.push_back(record);
         at += 500;
@@ -68,29 +67,23 @@ class MatchingTests : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void savedWindowsFindTheirLiveOnes_data()
-    {
-        QTest::addColumn<Case>("row");
-        for (const Case &row : cases)
-            QTest::newRow(row.name) << row;
-    }
-
     void savedWindowsFindTheirLiveOnes()
     {
-        QFETCH(Case, row);
-        const auto records = windows(row.saved, 3000);
-        std::vector<LiveWindow> live;
-        for (const WindowRecord &window : windows(row.live, 0)) // ids are not positions
-            live.push_back({40 + window.zOrder, window.bundleID, window.title, window.frame});
+        for (const Case &row : cases) {
+            const auto records = windows(row.saved, 3000);
+            std::vector<LiveWindow> live;
+            for (const WindowRecord &window : windows(row.live, 0)) // ids are not positions
+                live.push_back({40 + window.zOrder, window.bundleID, window.title, window.frame});
 
-        QStringList chosen;
-        const auto results = WindowMatcher::match(records, live);
-        for (std::size_t i = 0; i < results.size(); ++i) {
-            QVERIFY(results[i].record == records.at(i));
-            const auto id = results[i].liveID;
-            chosen.append(id ? QString::number(*id - 40) : QStringLiteral("-"));
+            QStringList chosen;
+            const auto results = WindowMatcher::match(records, live);
+            for (std::size_t i = 0; i < results.size(); ++i) {
+                QVERIFY(results[i].record == records.at(i));
+                const auto id = results[i].liveID;
+                chosen.append(id ? QString::number(*id - 40) : QStringLiteral("-"));
+            }
+            QVERIFY2(chosen.join(u' ') == QLatin1String(row.chosen), row.name);
         }
-        QCOMPARE(chosen.join(QLatin1Char(' ')), QString::fromLatin1(row.chosen));
     }
 
     void aDeskIsItsDisplaysInAnyOrder()

@@ -58,40 +58,33 @@ private Q_SLOTS:
         QCOMPARE(dir.logged(), QStringList());
     }
 
-    void aFileThatIsNotUnderstoodIsKeptAside_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("reason");
-        const QByteArray rule = R"({"bundleID": "a", "ignored": true, "restoreSize": true})";
-        QTest::newRow("no length") << QByteArray() << QString();
-        QTest::newRow("another record") << QByteArray("{}") << QStringLiteral("expected an array");
-        QTest::newRow("cut off") << '[' + rule << QString();
-        QTest::newRow("one bad element among good ones")
-            << '[' + rule + R"(, {"bundleID": "b", "ignored": 0, "restoreSize": true}])"
-            << QStringLiteral("expected true or false at [1].ignored");
-        QTest::newRow("bytes that are no text")
-            << "[\"\xFF\xFE\"]" + QByteArray(8, '\0') << QString();
-        QTest::newRow("a million levels deep") << QByteArray(1'000'000, '[') << QString();
-    }
-
     void aFileThatIsNotUnderstoodIsKeptAside()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, reason);
-        TestDataDir dir;
-        dir.clock.advance(999ms); // the name takes whole seconds
-        dir.write(rules, bytes);
-        Store store(dir);
-        QVERIFY(!store.json.load());
-        QVERIFY(dir.read(aside) == bytes);
-        QVERIFY(!QFile::exists(dir.path(rules)));
-        const QStringList logged = dir.logged();
-        QCOMPARE(logged.size(), 1);
-        const QString start = QStringLiteral("store: rules.json was corrupt, moved aside (");
-        QVERIFY2(logged[0].startsWith(start + reason) && logged[0].endsWith(QLatin1Char(')')),
-                 qPrintable(logged[0]));
-        store.json.save({});
-        QCOMPARE(Store(dir).json.load(), Rules());
+        const QByteArray rule = R"({"bundleID": "a", "ignored": true, "restoreSize": true})";
+        const QByteArray bad = R"({"bundleID": "b", "ignored": 0, "restoreSize": true})";
+        const std::pair<QByteArray, const char *> rows[] = {
+            {QByteArray(), ""},
+            {"{}", "expected an array"},
+            {'[' + rule, ""},
+            {'[' + rule + ", " + bad + ']', "expected true or false at [1].ignored"},
+            {"[\"\xFF\xFE\"]" + QByteArray(8, '\0'), ""},
+            {QByteArray(1'000'000, '['), ""},
+        };
+        for (const auto &[bytes, reason] : rows) {
+            TestDataDir dir;
+            dir.clock.advance(999ms); // the name takes whole seconds
+            dir.write(rules, bytes);
+            Store store(dir);
+            QVERIFY(!store.json.load());
+            QVERIFY(dir.read(aside) == bytes);
+            QVERIFY(!QFile::exists(dir.path(rules)));
+            const QString logged = dir.logged().join(u'|');
+            const QString start = QStringLiteral("store: rules.json was corrupt, moved aside (");
+            QVERIFY2(logged.startsWith(start + QLatin1String(reason)), qPrintable(logged));
+            QVERIFY2(logged.endsWith(u')') && !logged.contains(u'|'), qPrintable(logged));
+            store.json.save({});
+            QCOMPARE(Store(dir).json.load(), Rules());
+        }
     }
 
     void twoCorruptFilesInOneSecond()
@@ -107,49 +100,42 @@ private Q_SLOTS:
         QCOMPARE(Store(dir).json.load(), Rules());
     }
 
-    void whatCannotBeReadIsMovedAsideBeforeTheFirstSave_data()
-    {
-        QTest::addColumn<bool>("isFolder");
-        QTest::addColumn<bool>("isAsideTaken");
-        QTest::newRow("a folder") << true << false;
-        QTest::newRow("a pipe, which nobody writes to") << false << false;
-        QTest::newRow("a folder that can't be moved") << true << true;
-    }
-
     void whatCannotBeReadIsMovedAsideBeforeTheFirstSave()
     {
-        QFETCH(bool, isFolder);
-        QFETCH(bool, isAsideTaken);
-        TestDataDir dir;
-        const QByteArray path = dir.path(rules).toUtf8();
-        QCOMPARE(isFolder ? mkdir(path, 0700) : mkfifo(path, 0600), 0);
-        const QString inside = rules + QStringLiteral("/precious");
-        if (isFolder)
-            dir.write(inside, "kept");
-        if (isAsideTaken)
-            dir.write(aside, "older");
+        for (const bool isFolder : {true, false}) { // or a pipe, which nobody writes to
+            TestDataDir dir;
+            const QByteArray path = dir.path(rules).toUtf8();
+            QCOMPARE(isFolder ? mkdir(path, 0700) : mkfifo(path, 0600), 0);
+            if (isFolder)
+                dir.write(rules + QStringLiteral("/precious"), "kept");
+            Store store(dir);
+            QVERIFY(!store.json.load());
+            QCOMPARE(dir.logged(), QStringList()); // unreadable is as good as missing, so far
+            const Rules value{{QStringLiteral("a"), true, true}};
+            store.json.save(value);
+            QCOMPARE(Store(dir).json.load(), value);
+            QVERIFY(QFile::exists(dir.path(aside)));
+            QCOMPARE(dir.read(aside + QStringLiteral("/precious")).contains("kept"), isFolder);
+            const auto line = QStringLiteral("store: rules.json could not be read, moved aside");
+            QCOMPARE(dir.logged(), QStringList{line});
+            store.json.save({});
+            QCOMPARE(Store(dir).json.load(), Rules());
+        }
+    }
 
+    void whatCannotBeMovedAsideIsNotOverwritten()
+    {
+        TestDataDir dir;
+        const QString inside = rules + QStringLiteral("/precious");
+        dir.write(inside, "kept");
+        dir.write(aside, "older");
         Store store(dir);
         QVERIFY(!store.json.load());
-        QCOMPARE(dir.logged(), QStringList()); // unreadable is as good as missing, so far
-        const Rules value{{QStringLiteral("a"), true, true}};
-        store.json.save(value);
-        if (isAsideTaken) {
-            QCOMPARE(dir.read(inside), QByteArray("kept"));
-            QCOMPARE(dir.read(aside), QByteArray("older"));
-            QCOMPARE(dir.logged().size(), 1);
-            QVERIFY(
-                dir.logged()[0].startsWith(QLatin1String("store: failed to save rules.json: ")));
-            return;
-        }
-        QCOMPARE(Store(dir).json.load(), value);
-        QVERIFY(QFile::exists(dir.path(aside)));
-        if (isFolder)
-            QCOMPARE(dir.read(aside + QStringLiteral("/precious")), QByteArray("kept"));
-        QCOMPARE(dir.logged(),
-                 QStringList{QStringLiteral("store: rules.json could not be read, moved aside")});
         store.json.save({});
-        QCOMPARE(Store(dir).json.load(), Rules());
+        QCOMPARE(dir.read(inside), "kept");
+        QCOMPARE(dir.read(aside), "older");
+        QCOMPARE(dir.logged().size(), 1);
+        QVERIFY(dir.logged()[0].startsWith(u"store: failed to save rules.json: "));
     }
 
     void aValueWithoutAFormLeavesTheFile()
