@@ -11,6 +11,10 @@ namespace {
 constexpr OSType signature = 0x504E524C; // "PNRL"
 constexpr quint32 lastKeyCode = 0x7f;    // virtual key codes are of seven bits
 
+// Combinations are stored with the system's own flags.
+static_assert(HotKeyCombo::command == cmdKey && HotKeyCombo::shift == shiftKey
+              && HotKeyCombo::option == optionKey && HotKeyCombo::control == controlKey);
+
 } // namespace
 
 /// The system's hot key for one combination, held while it lives.

@@ -14,6 +14,7 @@ CfRef<CFStringRef> toCfString(const QString &text)
 QString toQString(CFStringRef string)
 {
     QString text(CFStringGetLength(string), Qt::Uninitialized);
+    static_assert(sizeof(UniChar) == sizeof(QChar));
     CFStringGetCharacters(string, CFRangeMake(0, text.size()),
                           reinterpret_cast<UniChar *>(text.data()));
     return validText(text);
