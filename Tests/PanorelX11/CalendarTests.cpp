@@ -211,24 +211,6 @@ private Q_SLOTS:
                                       u"calendar: “Tick” repeats too often to be followed"_qs}));
     }
 
-    void tenThousandEventsAreReadInTime()
-    {
-        Folders folders;
-        QByteArray body = officeZone;
-        for (int i = 0; i < 10'000; ++i) {
-            body += vevent("DTSTART;TZID=Office:20200101T110000 SUMMARY:x RRULE:FREQ=WEEKLY"
-                           + QByteArray(i % 1000 == 0 ? ";BYDAY=MO" : ";BYDAY=TU"))
-                        .replace("UID:a", "UID:" + QByteArray::number(i));
-        }
-        folders.write(u"a.ics"_qs, calendar(body));
-        QElapsedTimer timer;
-        timer.start();
-        QCOMPARE(folders.read().size(), 10U);
-        qInfo("first %lld ms", timer.restart());
-        QCOMPARE(folders.read().size(), 10U);
-        qInfo("again %lld ms", timer.elapsed());
-    }
-
     void aQueryMayEndWithTheCalendar()
     {
         TestDataDir data;
