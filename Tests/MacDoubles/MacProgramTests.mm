@@ -1,4 +1,4 @@
-#include "MacDoubles/LedgerTests.h"
+#include "MacDoubles/MacTests.h"
 #include "Panorel/AppController.h"
 #include "Panorel/PanelModel.h"
 #include "Panorel/Prefs.h"
@@ -21,19 +21,17 @@ const QString layoutsFile = QStringLiteral("layouts.json");
 /// Two displays, an editor on the left one and a mail program on the right one; then the program.
 struct Desk {
     InMemoryPlatform &mac = desktop().platform;
-    ProcessIdentifier mailPID = 0;
-    int editor = 0;
-    int mail = 0;
+    int editor = open(QStringLiteral("editor"), leftPlace);
+    int mail = open(QStringLiteral("mail"), rightPlace);
 
     Desk()
     {
         mac.display.plug(QStringLiteral("Built-in"), {0, 0, 1440, 900}, 0);
         plugDock();
-        const auto editorPID =
-            mac.desktop.launch(QStringLiteral("editor"), QStringLiteral("Editor"));
-        mailPID = mac.desktop.launch(QStringLiteral("mail"), QStringLiteral("Mail"));
-        editor = mac.desktop.open(editorPID, QStringLiteral("Notes"), leftPlace);
-        mail = mac.desktop.open(mailPID, QStringLiteral("Inbox"), rightPlace);
+    }
+    int open(const QString &application, const Rect &place)
+    {
+        return mac.desktop.open(mac.desktop.launch(application, {}), application, place);
     }
     void plugDock() { mac.display.plug(QStringLiteral("Dock"), {1440, 0, 1920, 1080}, 9); }
     Rect &mailFrame() { return mac.desktop.window(mail).frame; }
@@ -77,7 +75,7 @@ struct Program : Desk {
 } // namespace
 
 /// The whole program on the macOS port.
-class MacProgramTests : public LedgerTests {
+class MacProgramTests : public MacTests {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -100,96 +98,21 @@ private Q_SLOTS:
     /// At the lock screen no application lists a window, while the window server still shows them.
     void nothingLearnedIsLostAtTheLockScreen()
     {
-        for (const bool isServerBlank : {false, true}) {
-            resetDesktop();
-            Program program;
-            const QByteArray learned = program.learned();
-            QVERIFY(!learned.isEmpty());
-            desktop().manners.isBlank = true;
-            for (const int window : {program.editor, program.mail})
-                program.mac.desktop.window(window).isOnScreen = !isServerBlank;
-            program.scheduler.advance(1h);
-            program.controller->saveLayoutNow();
-            QCOMPARE(program.learned(), learned);
-
-            // The displays woke up first.
-            QVERIFY(program.settle(1h));
-            QCOMPARE(program.learned(), learned);
-            desktop().manners.isBlank = false;
-            for (const int window : {program.editor, program.mail})
-                program.mac.desktop.window(window).isOnScreen = true;
-            program.mailFrame() = clampedPlace;
-            program.controller->restoreNow();
-            QVERIFY(program.mailFrame() == rightPlace);
-        }
-    }
-
-    void aPermissionTakenAwayCostsNothingButTheWait()
-    {
         Program program;
-        program.panel.onStash();
-        QVERIFY(!program.mac.desktop.window(program.mail).isVisible());
-        program.panel.onStash();
-        QVERIFY(program.mac.desktop.window(program.mail).isVisible());
-        program.scheduler.advance(1min);
         const QByteArray learned = program.learned();
-        program.mac.desktop.trusted = false;
-        program.mailFrame() = clampedPlace;
+        QVERIFY(!learned.isEmpty());
+        desktop().manners.isBlank = true;
         program.scheduler.advance(1h);
         program.controller->saveLayoutNow();
-        QVERIFY(program.settle(1h));
-        program.controller->restoreNow();
-        QVERIFY(program.mailFrame() == clampedPlace);
+        QVERIFY(program.settle(1h)); // the displays woke up first
         QCOMPARE(program.learned(), learned);
-        QVERIFY(!program.panel.hasPermission());
 
-        program.mac.desktop.trusted = true;
-        program.controller->restoreNow();
-        QVERIFY(program.mailFrame() == rightPlace);
-        QVERIFY(program.panel.hasPermission());
-    }
-
-    void anApplicationThatHangsDoesNotKeepTheOthersFromTheirPlaces()
-    {
-        Program program;
-        const QByteArray learned = program.learned();
+        desktop().manners.isBlank = false;
         program.mailFrame() = clampedPlace;
-        program.mac.desktop.window(program.editor).frame = clampedPlace;
-        desktop().manners.hung = {program.mailPID};
-        program.controller->restoreNow();
-        QVERIFY(program.mac.desktop.window(program.editor).frame == leftPlace);
-        QCOMPARE(program.panel.lastAction(), QStringLiteral("Put back 1 of 2 windows"));
-        QCOMPARE(program.learned(), learned);
-        desktop().manners.hung.clear();
         program.controller->restoreNow();
         QVERIFY(program.mailFrame() == rightPlace);
-    }
-
-    void aStartedProgramOpensWhereItLives()
-    {
-        Program program;
-        program.mac.desktop.quit(program.mailPID);
-        program.scheduler.advance(10min);
-        const auto pid = program.mac.desktop.add(QStringLiteral("mail"), QStringLiteral("Mail"));
-        const int window = program.mac.desktop.open(pid, QStringLiteral("Inbox"), clampedPlace);
-        program.mac.desktop.announceLaunch(pid);
-        QVERIFY(QTest::qWaitFor([&] {
-            program.scheduler.advance(250ms);
-            return program.mac.desktop.window(window).frame == rightPlace;
-        }));
     }
 };
 
-int main(int argc, char **argv)
-{
-    const QCoreApplication application(argc, argv);
-    int failures = 0;
-    for (const bool isSecondPass : {false, true}) {
-        LedgerTests::isSecondPass = isSecondPass;
-        MacProgramTests tests;
-        failures += QTest::qExec(&tests, argc, argv);
-    }
-    return failures;
-}
-
+QTEST_GUILESS_MAIN(MacProgramTests)
 #include "MacProgramTests.moc"

@@ -7,8 +7,7 @@
 namespace Panorel::MacDoubles {
 
 /// Runs a contract suite on a fresh desktop; what it leaves behind fails it as well.
-template <typename Contract, typename Rig>
-int runOnTheMac(const std::function<QStringList()> &remains = takeRemains)
+template <typename Contract, typename Rig> int runOnTheMac()
 {
     resetDesktop();
     int failures = 0;
@@ -17,7 +16,7 @@ int runOnTheMac(const std::function<QStringList()> &remains = takeRemains)
         Contract contract(rig);
         failures = QTest::qExec(&contract);
     }
-    for (const QString &left : remains()) {
+    for (const QString &left : takeRemains()) {
         qCritical("left behind: %s", qPrintable(left));
         ++failures;
     }

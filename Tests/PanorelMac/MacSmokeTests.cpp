@@ -91,12 +91,6 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitFor([&] { return hasRung; }));
     }
 
-    void calendarsSayWhetherTheyMayBeRead()
-    {
-        const int status = int(m_platform->calendar().authorization());
-        QVERIFY(status >= 0 && status <= int(CalendarAuthorization::WriteOnly));
-    }
-
     void theStatusItemShowsInTheMenuBar()
     {
         StatusItemPort &item = *m_platform->statusItem();

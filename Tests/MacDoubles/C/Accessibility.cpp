@@ -1,6 +1,7 @@
 #include "MacDoubles/C/CfObjects.h"
 
-#include <QRectF>
+#include <QPointF>
+#include <QSizeF>
 
 #include <algorithm>
 #include <cstring>
@@ -120,7 +121,7 @@ AXError setOfApplication(ProcessIdentifier pid, const QString &attribute, CFType
 {
     const auto main = desktop().manners.mainWindows.find(pid);
     if (attribute != u"AXFrontmost" || value != kCFBooleanTrue)
-        return kAXErrorAttributeUnsupported;
+        return kAXErrorIllegalArgument;
     if (main != desktop().manners.mainWindows.end())
         windows().focus(InMemoryDesktop::element(main->second));
     return kAXErrorSuccess;
@@ -129,31 +130,25 @@ AXError setOfApplication(ProcessIdentifier pid, const QString &attribute, CFType
 /// The type of variant that holds such a value: of the same layout.
 QMetaType metaTypeOf(AXValueType type)
 {
-    if (type == kAXValueTypeCGPoint)
-        return QMetaType(QMetaType::QPointF);
-    return QMetaType(type == kAXValueTypeCGSize ? QMetaType::QSizeF : QMetaType::QRectF);
+    return QMetaType(type == kAXValueTypeCGPoint ? QMetaType::QPointF : QMetaType::QSizeF);
 }
 
 AXError setOfWindow(AXUIElementRef element, const QString &attribute, CFTypeRef value)
 {
     const auto [pid, number] = elementOf(element);
     const auto window = InMemoryDesktop::element(number);
-    if (attribute == u"AXMain" && value == kCFBooleanTrue) {
+    CGPoint point;
+    CGSize size;
+    if (attribute == u"AXMain" && value == kCFBooleanTrue)
         desktop().manners.mainWindows[pid] = number;
-        return kAXErrorSuccess;
-    }
-    if (attribute != u"AXPosition" && attribute != u"AXSize")
-        return kAXErrorAttributeUnsupported;
-    const bool isPosition = attribute == u"AXPosition";
-    const QVariant &packed = objectOf(value, CfType::Value).value;
-    if (packed.typeId() != (isPosition ? QMetaType::QPointF : QMetaType::QSizeF))
-        return kAXErrorIllegalArgument;
-    const QPointF point = packed.toPointF();
-    const QSizeF size = packed.toSizeF();
-    if (isPosition)
-        windows().apply(window, Point{point.x(), point.y()}, {});
+    else if (attribute == u"AXPosition"
+             && AXValueGetValue(AXValueRef(value), kAXValueTypeCGPoint, &point))
+        windows().apply(window, Point{point.x, point.y}, {});
+    else if (attribute == u"AXSize"
+             && AXValueGetValue(AXValueRef(value), kAXValueTypeCGSize, &size))
+        windows().apply(window, {}, Size{size.width, size.height});
     else
-        windows().apply(window, {}, Size{size.width(), size.height()});
+        return kAXErrorIllegalArgument;
     return kAXErrorSuccess;
 }
 
@@ -238,7 +233,7 @@ AXError AXUIElementPerformAction(AXUIElementRef element, CFStringRef action)
     if (const AXError error = reach(element, textOf(action)))
         return error;
     if (number == 0 || textOf(action) != u"AXRaise")
-        return kAXErrorActionUnsupported;
+        return kAXErrorIllegalArgument;
     windows().raise({InMemoryDesktop::element(number)});
     return kAXErrorSuccess;
 }

@@ -1,61 +1,38 @@
 #include "MacDoubles/C/CfObjects.h"
 
 #include <QDebug>
-#include <QTest>
 
-#include <csignal>
-#include <cstdio>
-#include <cstdlib>
 #include <map>
 #include <memory>
-#include <mutex>
 
 namespace Panorel::MacDoubles {
 
 namespace {
 
 /// The dead are kept until the test is over, so that no new object gets their address.
-struct Ledger {
-    std::recursive_mutex lock;
-    std::map<CFTypeRef, std::unique_ptr<CfObject>> objects;
-};
-
-Ledger &ledger()
+std::map<CFTypeRef, std::unique_ptr<CfObject>> &ledger()
 {
-    static Ledger all;
+    static std::map<CFTypeRef, std::unique_ptr<CfObject>> all;
     return all;
 }
 
 } // namespace
 
-void stopTest(const QString &reason)
-{
-    // Past Qt Test's own handling of a crash, which may wait for what this call holds.
-    const char *test = QTest::currentTestFunction();
-    std::fprintf(stderr, "%s: double: %s\n", test ? test : "", qPrintable(reason));
-    std::signal(SIGABRT, SIG_DFL);
-    std::abort();
-}
-
 CFTypeRef makeObject(CfType type, const QVariant &value, std::vector<CFTypeRef> members)
 {
-    const std::lock_guard lock(ledger().lock);
-    std::unique_ptr<CfObject> object(new CfObject{type, value, std::move(members)});
+    auto object = std::make_unique<CfObject>(type, value, std::move(members));
     const CFTypeRef reference = object.get();
-    ledger().objects[reference] = std::move(object);
+    ledger()[reference] = std::move(object);
     return reference;
 }
 
 CfObject &objectOf(CFTypeRef reference)
 {
-    const std::lock_guard lock(ledger().lock);
-    if (!reference)
-        stopTest(QStringLiteral("no object was given"));
-    const auto found = ledger().objects.find(reference);
-    if (found == ledger().objects.end())
-        stopTest(QStringLiteral("a foreign object was given"));
+    const auto found = ledger().find(reference);
+    if (found == ledger().end())
+        qFatal("a null or foreign object was given");
     if (found->second->references == 0)
-        stopTest(QStringLiteral("a dead object was given: ") + found->second->description());
+        qFatal("a dead object was given: %s", qPrintable(found->second->description()));
     return *found->second;
 }
 
@@ -63,19 +40,18 @@ const CfObject &objectOf(CFTypeRef reference, CfType type)
 {
     const CfObject &object = objectOf(reference);
     if (object.type != type)
-        stopTest(QStringLiteral("wrong type: ") + object.description());
+        qFatal("wrong type: %s", qPrintable(object.description()));
     return object;
 }
 
 QStringList takeLeaks()
 {
-    const std::lock_guard lock(ledger().lock);
     QStringList leaks;
-    for (const auto &[reference, object] : ledger().objects) {
+    for (const auto &[reference, object] : ledger()) {
         if (!object->isConstant && object->references > 0)
             leaks << object->description();
     }
-    std::erase_if(ledger().objects, [](const auto &entry) { return !entry.second->isConstant; });
+    std::erase_if(ledger(), [](const auto &entry) { return !entry.second->isConstant; });
     return leaks;
 }
 
@@ -118,7 +94,6 @@ CFTypeRef toCf(const QVariant &value)
         return makeObject(CfType::String, value);
     case QMetaType::QPointF:
     case QMetaType::QSizeF:
-    case QMetaType::QRectF:
         return makeObject(CfType::Value, value);
     case QMetaType::QByteArray:
         return makeObject(CfType::Data, value);
@@ -141,7 +116,7 @@ QVariant fromCf(CFTypeRef object)
 {
     const CfObject &held = objectOf(object);
     if (!held.value.isValid())
-        stopTest(QStringLiteral("the double can't store this: ") + held.description());
+        qFatal("the double can't store this: %s", qPrintable(held.description()));
     return held.value;
 }
 

@@ -4,7 +4,6 @@
 
 #include <ApplicationServices/ApplicationServices.h>
 
-#include <atomic>
 #include <vector>
 
 namespace Panorel::MacDoubles {
@@ -28,7 +27,7 @@ struct CfObject {
     CfType type;
     QVariant value;                 ///< of what has no members; a string may hold lone surrogates
     std::vector<CFTypeRef> members; ///< held; a dictionary's keys and values by turns
-    std::atomic<long> references = 1;
+    long references = 1;
     bool isConstant = false; ///< never counted
 
     QString description() const;
@@ -44,13 +43,12 @@ Ref make(CfType type, const QVariant &value, std::vector<CFTypeRef> members = {}
     return static_cast<Ref>(makeObject(type, value, std::move(members)));
 }
 
-[[noreturn]] void stopTest(const QString &reason);
 CfObject &objectOf(CFTypeRef reference);
 const CfObject &objectOf(CFTypeRef reference, CfType type);
 QString textOf(CFStringRef string);
 
 /// The object that a value stands for, for the caller to release; null for an invalid value. A
-/// QPointF, QSizeF or QRectF is a value of the accessibility interface, nullptr is CFNull.
+/// QPointF or QSizeF is a value of the accessibility interface, nullptr is CFNull.
 CFTypeRef toCf(const QVariant &value);
 QVariant fromCf(CFTypeRef object);
 

@@ -3,8 +3,7 @@
 #include <dispatch/dispatch.h>
 
 #include <algorithm>
-#include <memory>
-#include <vector>
+#include <list>
 
 using namespace Panorel;
 using namespace Panorel::MacDoubles;
@@ -25,34 +24,26 @@ struct Source final : dispatch_source_s {
 };
 
 dispatch_queue_s mainQueue;
-std::vector<std::unique_ptr<Source>> sources;
+std::list<Source> sources;
 
 Source &sourceOf(dispatch_object_t object, const char *call)
 {
     expectMainThread(call);
     const auto found =
-        std::ranges::find_if(sources, [=](const auto &source) { return source.get() == object; });
-    if (found == sources.end() || (*found)->isReleased)
-        stopTest(QLatin1String(call) + QStringLiteral(" of a source that is gone"));
-    return **found;
-}
-
-Source *dueBy(dispatch_time_t now)
-{
-    const auto due = std::ranges::find_if(sources, [=](const auto &source) {
-        return source->isResumed && !source->isCancelled && source->start <= now;
-    });
-    return due == sources.end() ? nullptr : due->get();
+        std::ranges::find_if(sources, [=](const Source &source) { return &source == object; });
+    if (found == sources.end() || found->isReleased)
+        qFatal("%s of a source that is gone", call);
+    return *found;
 }
 
 void finishCancelled()
 {
-    for (const auto &source : sources) {
-        if (source->isCancelled && source->cancelled)
-            std::exchange(source->cancelled, nullptr)(source->context);
+    for (Source &source : sources) {
+        if (source.isCancelled && source.cancelled)
+            std::exchange(source.cancelled, nullptr)(source.context);
     }
     std::erase_if(sources,
-                  [](const auto &source) { return source->isCancelled && source->isReleased; });
+                  [](const Source &source) { return source.isCancelled && source.isReleased; });
 }
 
 } // namespace
@@ -60,9 +51,11 @@ void finishCancelled()
 void Panorel::MacDoubles::runMainQueueUntil(Instant now)
 {
     const auto time = std::chrono::nanoseconds(now.time_since_epoch()).count();
-    while (Source *due = dueBy(dispatch_time_t(time))) {
-        due->start = DISPATCH_TIME_FOREVER; // the interval is forever, too
-        due->event(due->context);
+    for (Source &source : sources) { // an event may add another to the list's end
+        if (!source.isResumed || source.isCancelled || source.start > dispatch_time_t(time))
+            continue;
+        source.start = DISPATCH_TIME_FOREVER; // the interval is forever, too
+        source.event(source.context);
     }
     finishCancelled();
 }
@@ -71,8 +64,8 @@ QStringList Panorel::MacDoubles::takeSources()
 {
     finishCancelled();
     QStringList left;
-    for (const auto &source : std::exchange(sources, {}))
-        left << QStringLiteral("dispatch source for %1").arg(source->start);
+    for (const Source &source : std::exchange(sources, {}))
+        left << QStringLiteral("dispatch source for %1").arg(source.start);
     return left;
 }
 
@@ -96,8 +89,7 @@ dispatch_source_t dispatch_source_create(dispatch_source_type_t type, uintptr_t,
 {
     if (type != DISPATCH_SOURCE_TYPE_TIMER || queue != &mainQueue)
         return nullptr;
-    sources.push_back(std::make_unique<Source>());
-    return sources.back().get();
+    return &sources.emplace_back();
 }
 
 void dispatch_set_context(dispatch_object_t object, void *context)

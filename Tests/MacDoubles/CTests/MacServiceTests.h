@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MacDoubles/Desktop/MacDesktop.h"
+#include "MacDoubles/MacTests.h"
 #include "PanorelMac/Displays/DisplayIdentities.h"
 #include "PanorelMac/Displays/ReconfigurationCallback.h"
 #include "PanorelMac/HotKeys/MacHotKeys.h"
@@ -8,19 +8,13 @@
 #include "PanorelMac/Settings/MacUserDefaults.h"
 #include "PanorelMac/Settings/Preferences.h"
 
-#include <QTest>
-
 namespace Panorel::MacDoubles {
 
 /// Displays, hot keys, preferences and alarms, beyond what the contracts ask of every platform.
-class MacServiceTests : public QObject {
+class MacServiceTests : public MacTests {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { resetDesktop(); }
-
-    void cleanup() { QCOMPARE(takeRemains(), QStringList()); }
-
     void aDisplayIsToldByItsNumbersAndNothingIsKnownOfOneThatLeft()
     {
         auto &displays = desktop().platform.display;
@@ -97,39 +91,31 @@ private Q_SLOTS:
         QCOMPARE(port.text({1, HotKeyCombo::option | HotKeyCombo::shift}), QStringLiteral("⌥⇧S"));
     }
 
-    void aStoredValueIsReadAsItsOwnTypeOnly_data()
-    {
-        QTest::addColumn<QVariant>("stored");
-        QTest::addColumn<PreferenceValue>("asPreference");
-        QTest::addColumn<QString>("readableAs");
-        const QString one = QStringLiteral("1");
-        const auto row = [](const char *type, const QVariant &stored, PreferenceValue value) {
-            QTest::newRow(type) << stored << value << QString::fromLatin1(type);
-        };
-        row("boolean", true, true);
-        row("number", 1.5, 1.5);
-        row("text", one, one);
-        row("data", QByteArray("1"), QString());
-        row("nothing", QVariantList{true}, QString());
-        QTest::newRow("integer") << QVariant(1) << PreferenceValue(1.0) << QStringLiteral("number");
-        QTest::newRow("infinite") << QVariant(std::numeric_limits<double>::infinity())
-                                  << PreferenceValue(QString()) << QStringLiteral("nothing");
-    }
-
     void aStoredValueIsReadAsItsOwnTypeOnly()
     {
-        QFETCH(const QVariant, stored);
-        QFETCH(const PreferenceValue, asPreference);
-        QFETCH(const QString, readableAs);
+        const QString one = QStringLiteral("1");
+        const double infinite = std::numeric_limits<double>::infinity();
+        const std::tuple<QLatin1String, QVariant, PreferenceValue> rows[] = {
+            {QLatin1String("boolean"), true, true},
+            {QLatin1String("number"), 1.5, 1.5},
+            {QLatin1String("number"), 1, 1.0},
+            {QLatin1String("nothing"), infinite, QString()},
+            {QLatin1String("text"), one, one},
+            {QLatin1String("data"), QByteArray("1"), QString()},
+            {QLatin1String("nothing"), QVariantList{true}, QString()},
+        };
         const QString key = QStringLiteral("key");
-        desktop().platform.defaults.values[key] = stored;
         const Mac::MacUserDefaults defaults;
-        QVERIFY(defaults.contains(key));
-        QCOMPARE(defaults.boolean(key).has_value(), readableAs == u"boolean");
-        QCOMPARE(defaults.number(key).has_value(), readableAs == u"number");
-        QCOMPARE(defaults.text(key).has_value(), readableAs == u"text");
-        QCOMPARE(defaults.data(key).has_value(), readableAs == u"data");
-        QVERIFY(Mac::preferenceValue(QStringLiteral("org.panorel.Panorel"), key) == asPreference);
+        for (const auto &[readableAs, stored, asPreference] : rows) {
+            desktop().platform.defaults.values[key] = stored;
+            QVERIFY(defaults.contains(key));
+            QCOMPARE(defaults.boolean(key).has_value(), readableAs == u"boolean");
+            QCOMPARE(defaults.number(key).has_value(), readableAs == u"number");
+            QCOMPARE(defaults.text(key).has_value(), readableAs == u"text");
+            QCOMPARE(defaults.data(key).has_value(), readableAs == u"data");
+            const auto own = QStringLiteral("org.panorel.Panorel");
+            QVERIFY(Mac::preferenceValue(own, key) == asPreference);
+        }
     }
 
     void anotherProgramsPreferenceIsReadFromItsDomain()
@@ -138,7 +124,6 @@ private Q_SLOTS:
         desktop().platform.preferences[domain + QStringLiteral(" spans")] = true;
         QVERIFY(Mac::preferenceValue(domain, QStringLiteral("spans")) == PreferenceValue(true));
         QVERIFY(!Mac::preferenceValue(domain, QStringLiteral("other")));
-        QVERIFY(!Mac::preferenceValue(QStringLiteral("org.example"), QStringLiteral("spans")));
     }
 
     void anAlarmComesOnceAndNeverEarly()

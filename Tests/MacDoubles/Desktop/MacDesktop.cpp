@@ -38,6 +38,15 @@ QStringList takeFaults()
     return std::exchange(faults, {});
 }
 
+QStringList takeRemains()
+{
+    QStringList left =
+        takeFaults() + takeHeldHotKeys() + takeSources() + takeUnsynchronized() + takeLeaks();
+    if (std::exchange(desktop().services.observers, 0) != 0)
+        left << QStringLiteral("an observer of launches");
+    return left;
+}
+
 bool isMainThread()
 {
     return std::this_thread::get_id() == mainThread;

@@ -40,8 +40,8 @@ struct MacServices {
     int eventStores = 0;               ///< how many were opened
     std::set<QString> cancelledEvents; ///< by title
 
-    bool refusesLoginItems = false;
     bool updaterRuns = false;
+    int observers = 0; ///< of launches, not yet removed
 
     /// Of the menu bar's item, in the bottom-left space; absent where the bar has no screen.
     std::optional<Rect> statusItemFrame;
@@ -73,16 +73,13 @@ void expectMainThread(const char *call);
 void addFault(const QString &fault);
 QStringList takeFaults();
 
-/// What a test left behind, each by its description, and forgets it: hot keys and event handlers,
-/// sources of the dispatch library, preferences that were written and not handed to the system's
-/// daemon, CoreFoundation's objects.
+/// What a test left behind, each by its description, and forgets it: faults, hot keys and event
+/// handlers, sources of the dispatch library, preferences that were written and not handed to the
+/// system's daemon, CoreFoundation's objects, observers.
 QStringList takeHeldHotKeys();
 QStringList takeSources();
 QStringList takeUnsynchronized();
 QStringList takeLeaks();
-inline QStringList takeRemains()
-{
-    return takeFaults() + takeHeldHotKeys() + takeSources() + takeUnsynchronized() + takeLeaks();
-}
+QStringList takeRemains();
 
 } // namespace Panorel::MacDoubles

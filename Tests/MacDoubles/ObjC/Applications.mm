@@ -35,11 +35,6 @@ NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
 /// What it was when it was asked for; only whether it is hidden follows.
 @implementation NSRunningApplication
 
-- (const RunningApplication &)state
-{
-    return *static_cast<const RunningApplication *>(_state->get());
-}
-
 + (NSRunningApplication *)currentApplication
 {
     return [self runningApplicationWithProcessIdentifier:InMemoryDesktop::ownPID];
@@ -56,42 +51,40 @@ NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
 
 - (pid_t)processIdentifier
 {
-    return [self state].pid;
+    return valueOf<RunningApplication>(self).pid;
 }
 
 - (NSString *)bundleIdentifier
 {
-    const auto &bundleID = [self state].bundleID;
-    return bundleID ? nsText(*bundleID) : nil;
+    return nsTextOrNil(valueOf<RunningApplication>(self).bundleID);
 }
 
 - (NSString *)localizedName
 {
-    const auto &name = [self state].localizedName;
-    return name ? nsText(*name) : nil;
+    return nsTextOrNil(valueOf<RunningApplication>(self).localizedName);
 }
 
 - (NSApplicationActivationPolicy)activationPolicy
 {
-    return NSApplicationActivationPolicy([self state].policy);
+    return NSApplicationActivationPolicy(valueOf<RunningApplication>(self).policy);
 }
 
 - (BOOL)isHidden
 {
-    NSRunningApplication *now =
-        [NSRunningApplication runningApplicationWithProcessIdentifier:[self state].pid];
-    return now && [now state].isHidden;
+    NSRunningApplication *now = [NSRunningApplication
+        runningApplicationWithProcessIdentifier:valueOf<RunningApplication>(self).pid];
+    return now && valueOf<RunningApplication>(now).isHidden;
 }
 
 - (BOOL)hide
 {
-    desktop().platform.desktop.hide([self state].pid);
+    desktop().platform.desktop.hide(valueOf<RunningApplication>(self).pid);
     return [self isHidden];
 }
 
 - (BOOL)unhide
 {
-    desktop().platform.desktop.unhide([self state].pid);
+    desktop().platform.desktop.unhide(valueOf<RunningApplication>(self).pid);
     return ![self isHidden];
 }
 
@@ -131,9 +124,11 @@ NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
     @autoreleasepool {
         NSRunningApplication *launched =
             [NSRunningApplication runningApplicationWithProcessIdentifier:pid];
-        [_center postNotificationName:NSWorkspaceDidLaunchApplicationNotification
-                               object:self
-                             userInfo:@{NSWorkspaceApplicationKey : launched}];
+        [_center
+            postNotification:[NSNotification
+                                 notificationWithName:NSWorkspaceDidLaunchApplicationNotification
+                                               object:self
+                                             userInfo:@{NSWorkspaceApplicationKey : launched}]];
     }
 }
 
@@ -183,11 +178,8 @@ NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
     MacServices &services = desktop().services;
     const auto number =
         [[screen.deviceDescription objectForKey:@"NSScreenNumber"] unsignedIntValue];
-    if (services.keepingTheirPicture.contains(number)) {
-        if (error)
-            *error = [NSError errorWithDomain:NSCocoaErrorDomain code:4 userInfo:nil];
+    if (services.keepingTheirPicture.contains(number))
         return NO;
-    }
     services.pictures[number] = textOf(url.path).value();
     return YES;
 }

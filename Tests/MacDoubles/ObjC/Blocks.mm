@@ -1,5 +1,4 @@
 #include "MacDoubles/Desktop/MacDesktop.h"
-#include "MacDoubles/ObjC/ObjectLedger.h"
 
 #import <Foundation/Foundation.h>
 
@@ -10,12 +9,12 @@
 
 // The blocks runtime, by the public description of what compilers expect of one. It comes before
 // the one that Foundation's library exports here, which never copies what this compiler makes. As
-// on a Mac, a copied block keeps the objects and blocks that it captured.
+// on a Mac, a copied block keeps the objects that it captured.
 
 namespace {
 
 enum : int { countMask = 0xffff, isOnHeap = 1 << 24, hasHelpers = 1 << 25, isGlobal = 1 << 28 };
-enum : int { fieldIsObject = 3, fieldIsBlock = 7 };
+constexpr int fieldIsObject = 3;
 
 struct Descriptor {
     unsigned long reserved, size;
@@ -30,8 +29,7 @@ struct BlockLayout {
     Descriptor *descriptor;
 };
 
-std::mutex lock;
-int living = 0;
+std::recursive_mutex lock; ///< what a block holds may release another
 
 BlockLayout *layoutOf(const void *block)
 {
@@ -39,16 +37,6 @@ BlockLayout *layoutOf(const void *block)
 }
 
 } // namespace
-
-namespace Panorel::MacDoubles {
-
-int livingBlocks()
-{
-    const std::lock_guard guard(lock);
-    return living;
-}
-
-} // namespace Panorel::MacDoubles
 
 extern "C" {
 
@@ -58,20 +46,16 @@ static void *heapBlock[32];
 
 void *_Block_copy(const void *block)
 {
+    const std::lock_guard guard(lock);
     BlockLayout *original = layoutOf(block);
     if (!original || original->flags & isGlobal)
         return original;
-    BlockLayout *copy = nullptr;
-    {
-        const std::lock_guard guard(lock);
-        if (original->flags & isOnHeap) {
-            ++original->flags;
-            return original;
-        }
-        ++living;
+    if (original->flags & isOnHeap) {
+        ++original->flags;
+        return original;
     }
     const unsigned long size = original->descriptor->size;
-    copy = static_cast<BlockLayout *>(std::malloc(size));
+    auto *copy = static_cast<BlockLayout *>(std::malloc(size));
     std::memcpy(static_cast<void *>(copy), original, size);
     copy->isa = heapBlock;
     copy->flags = (original->flags & ~countMask) | isOnHeap | 1;
@@ -82,19 +66,14 @@ void *_Block_copy(const void *block)
 
 void _Block_release(const void *block)
 {
+    const std::lock_guard guard(lock);
     BlockLayout *layout = layoutOf(block);
     if (!layout || layout->flags & isGlobal)
         return;
-    {
-        const std::lock_guard guard(lock);
-        if (!(layout->flags & isOnHeap)) {
-            Panorel::MacDoubles::addFault(QStringLiteral("release of a block that is no copy"));
-            return;
-        }
-        if ((--layout->flags & countMask) != 0)
-            return;
-        --living;
-    }
+    if (!(layout->flags & isOnHeap))
+        return Panorel::MacDoubles::addFault(QStringLiteral("release of a block that is no copy"));
+    if ((--layout->flags & countMask) != 0)
+        return;
     if (layout->flags & hasHelpers)
         layout->descriptor->dispose(layout);
     std::free(layout);
@@ -102,21 +81,15 @@ void _Block_release(const void *block)
 
 void _Block_object_assign(void *to, const void *from, const int flags)
 {
-    id object = id(const_cast<void *>(from));
-    if (flags == fieldIsObject)
-        *static_cast<id *>(to) = [object retain];
-    else if (flags == fieldIsBlock)
-        *static_cast<void **>(to) = _Block_copy(from);
-    else
-        Panorel::MacDoubles::addFault(QStringLiteral("a __block or __weak capture"));
+    if (flags != fieldIsObject)
+        Panorel::MacDoubles::addFault(QStringLiteral("a block captures more than objects"));
+    *static_cast<id *>(to) = [id(const_cast<void *>(from)) retain];
 }
 
 void _Block_object_dispose(const void *captured, const int flags)
 {
     if (flags == fieldIsObject)
         [id(const_cast<void *>(captured)) release];
-    else if (flags == fieldIsBlock)
-        _Block_release(captured);
 }
 
 } // extern "C"

@@ -1,6 +1,4 @@
 #include "MacDoubles/Desktop/MacDesktop.h"
-#include "PanorelMac/Support/NsText.h"
-
 #import <EventKit/EventKit.h>
 
 #include <Block.h>
@@ -9,14 +7,8 @@
 
 using namespace Panorel;
 using namespace Panorel::MacDoubles;
-using Panorel::Mac::nsText;
 
 namespace {
-
-NSString *nsTextOrNil(const std::optional<QString> &text)
-{
-    return text ? nsText(*text) : nil;
-}
 
 Instant instantOf(NSDate *date)
 {
@@ -37,47 +29,42 @@ Instant instantOf(NSDate *date)
 /// The in-memory event's identifier stands for that of the whole series.
 @implementation EKEvent
 
-- (const CalendarEvent &)state
-{
-    return *static_cast<const CalendarEvent *>(_state->get());
-}
-
 - (NSString *)eventIdentifier
 {
-    return nsTextOrNil([self state].identifier);
+    return nsTextOrNil(valueOf<CalendarEvent>(self).identifier);
 }
 
 - (NSString *)title
 {
-    return nsTextOrNil([self state].title);
+    return nsTextOrNil(valueOf<CalendarEvent>(self).title);
 }
 
 - (NSString *)location
 {
-    return nsTextOrNil([self state].location);
+    return nsTextOrNil(valueOf<CalendarEvent>(self).location);
 }
 
 - (NSString *)notes
 {
-    return nsTextOrNil([self state].notes);
+    return nsTextOrNil(valueOf<CalendarEvent>(self).notes);
 }
 
 - (NSURL *)URL
 {
-    NSString *url = nsTextOrNil([self state].url);
-    return url ? [NSURL URLWithString:url] : nil;
+    const auto &url = valueOf<CalendarEvent>(self).url;
+    return url ? [NSURL URLWithString:nsTextOrNil(url)] : nil;
 }
 
 - (NSDate *)startDate
 {
-    const auto &start = [self state].start;
+    const auto &start = valueOf<CalendarEvent>(self).start;
     return start ? [NSDate dateWithTimeIntervalSince1970:start->time_since_epoch().count() / 1e3]
                  : nil;
 }
 
 - (EKEventStatus)status
 {
-    const QString title = [self state].title.value_or(QString());
+    const QString title = valueOf<CalendarEvent>(self).title.value_or(QString());
     return desktop().services.cancelledEvents.contains(title) ? EKEventStatusCanceled
                                                               : EKEventStatusConfirmed;
 }
@@ -113,8 +100,7 @@ Instant instantOf(NSDate *date)
     EKEventStoreRequestAccessCompletionHandler held = Block_copy(completion);
     std::thread([=] {
         @autoreleasepool {
-            NSError *denied = [NSError errorWithDomain:@"EKErrorDomain" code:29 userInfo:nil];
-            held(isGranted, isGranted ? nil : denied);
+            held(isGranted, nil);
             Block_release(held);
         }
     }).join();

@@ -28,29 +28,24 @@ NSRect nsRect(const Rect &rect)
     return all;
 }
 
-- (const Screen &)state
-{
-    return *static_cast<const Screen *>(_state->get());
-}
-
 - (NSRect)frame
 {
-    return nsRect([self state].frame);
+    return nsRect(valueOf<Screen>(self).frame);
 }
 
 - (NSRect)visibleFrame
 {
-    return nsRect([self state].visibleFrame);
+    return nsRect(valueOf<Screen>(self).visibleFrame);
 }
 
 - (NSString *)localizedName
 {
-    return nsText([self state].localizedName);
+    return nsText(valueOf<Screen>(self).localizedName);
 }
 
 - (NSDictionary *)deviceDescription
 {
-    const std::optional<DisplayNumber> number = [self state].displayNumber;
+    const std::optional<DisplayNumber> number = valueOf<Screen>(self).displayNumber;
     if (!number)
         return @{};
     id value = [NSNumber numberWithUnsignedInt:*number];

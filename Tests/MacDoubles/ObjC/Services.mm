@@ -12,25 +12,16 @@ using namespace Panorel::MacDoubles;
     return [[[self alloc] init] autorelease];
 }
 
-- (BOOL)setRegistered:(bool)registered error:(NSError **)error
-{
-    if (!desktop().services.refusesLoginItems) {
-        desktop().platform.loginItem().setRegistered(registered);
-        return YES;
-    }
-    if (error)
-        *error = [NSError errorWithDomain:@"SMAppServiceErrorDomain" code:1 userInfo:nil];
-    return NO;
-}
-
 - (BOOL)registerAndReturnError:(NSError **)error
 {
-    return [self setRegistered:true error:error];
+    desktop().platform.loginItem().setRegistered(true);
+    return YES;
 }
 
 - (BOOL)unregisterAndReturnError:(NSError **)error
 {
-    return [self setRegistered:false error:error];
+    desktop().platform.loginItem().setRegistered(false);
+    return YES;
 }
 
 @end

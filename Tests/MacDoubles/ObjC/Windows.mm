@@ -6,21 +6,18 @@
 using namespace Panorel;
 using namespace Panorel::MacDoubles;
 
-@interface NSView (MovesToWindow)
-- (void)moveToWindow:(NSWindow *)window;
-@end
-
 @implementation NSWindow
 
-@synthesize frame = _frame, level = _level, collectionBehavior = _collectionBehavior,
-            hidesOnDeactivate = _hidesOnDeactivate, releasedWhenClosed = _releasedWhenClosed;
+@synthesize contentView = _contentView, frame = _frame, styleMask = _styleMask, level = _level,
+            collectionBehavior = _collectionBehavior, hidesOnDeactivate = _hidesOnDeactivate,
+            releasedWhenClosed = _releasedWhenClosed;
 
 - (instancetype)initWithContentRect:(NSRect)contentRect styleMask:(NSWindowStyleMask)style
 {
     self = [super init];
     _frame = contentRect;
     _styleMask = style;
-    _releasedWhenClosed = YES;
+    _hidesOnDeactivate = _releasedWhenClosed = YES; // the former as of a panel
     self.contentView = [[[NSView alloc] init] autorelease];
     return self;
 }
@@ -31,22 +28,14 @@ using namespace Panorel::MacDoubles;
     [super dealloc];
 }
 
-- (NSView *)contentView
-{
-    return _contentView;
-}
-
 - (void)setContentView:(NSView *)view
 {
-    [_contentView moveToWindow:nil];
+    if (_contentView)
+        _contentView->_window = nil;
     [_contentView release];
     _contentView = [view retain];
-    [_contentView moveToWindow:self];
-}
-
-- (NSWindowStyleMask)styleMask
-{
-    return _styleMask;
+    if (view)
+        view->_window = self;
 }
 
 - (void)setStyleMask:(NSWindowStyleMask)style
@@ -69,34 +58,16 @@ using namespace Panorel::MacDoubles;
 @end
 
 @implementation NSPanel
-
-- (instancetype)initWithContentRect:(NSRect)contentRect styleMask:(NSWindowStyleMask)style
-{
-    self = [super initWithContentRect:contentRect styleMask:style];
-    self.hidesOnDeactivate = YES;
-    return self;
-}
-
 @end
 
 @implementation NSView
 
-@synthesize toolTip = _toolTip;
+@synthesize window = _window, toolTip = _toolTip;
 
 - (void)dealloc
 {
     [_toolTip release];
     [super dealloc];
-}
-
-- (NSWindow *)window
-{
-    return _window;
-}
-
-- (void)moveToWindow:(NSWindow *)window
-{
-    _window = window;
 }
 
 @end

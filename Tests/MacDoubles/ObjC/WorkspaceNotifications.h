@@ -2,8 +2,9 @@
 
 #import <Foundation/Foundation.h>
 
-/// Follows the documented rules where the library here does not: it keeps an observer until that
-/// is removed, and its maker gets it autoreleased; a block with the main queue runs there. A queue
-/// other than that is a fault.
-@interface WorkspaceNotifications : NSNotificationCenter
+/// A notification centre by the documented rules: it keeps an observer until that is removed, and
+/// tells it on the main queue where that was asked for, else on the thread that posts.
+@interface WorkspaceNotifications : NSNotificationCenter {
+    NSMutableArray *_observers;
+}
 @end

@@ -7,27 +7,18 @@
 #include <Block.h>
 
 using namespace Panorel;
-using Mac::Retained;
+using namespace Panorel::MacDoubles;
 
 typedef void (^Handler)(NSNotification *);
 
 @interface BlockObserver : NSObject {
+@public
     Handler _handler;
-    NSOperationQueue *_queue;
+    BOOL _isOfMainQueue;
 }
-- (instancetype)initWithHandler:(Handler)handler queue:(NSOperationQueue *)queue;
-- (void)notify:(NSNotification *)notification;
 @end
 
 @implementation BlockObserver
-
-- (instancetype)initWithHandler:(Handler)handler queue:(NSOperationQueue *)queue
-{
-    self = [super init];
-    _handler = Block_copy(handler);
-    _queue = queue;
-    return self;
-}
 
 - (void)dealloc
 {
@@ -35,23 +26,16 @@ typedef void (^Handler)(NSNotification *);
     [super dealloc];
 }
 
-- (void)notify:(NSNotification *)notification
-{
-    if (_queue != NSOperationQueue.mainQueue)
-        return _handler(notification);
-    // What has been posted is told, though the observer may be removed meanwhile.
-    const auto self_ = Retained<BlockObserver *>::share(self);
-    const auto held = Retained<NSNotification *>::share(notification);
-    Mac::runOnMainThread([=] {
-        @autoreleasepool {
-            self_.get()->_handler(held.get());
-        }
-    });
-}
-
 @end
 
 @implementation WorkspaceNotifications
+
+- (instancetype)init
+{
+    self = [super init];
+    _observers = [[NSMutableArray alloc] init];
+    return self;
+}
 
 - (id)addObserverForName:(NSString *)name
                   object:(id)object
@@ -59,17 +43,35 @@ typedef void (^Handler)(NSNotification *);
               usingBlock:(Handler)handler
 {
     if (queue && queue != NSOperationQueue.mainQueue)
-        MacDoubles::addFault(QStringLiteral("an observer on a queue of its own"));
-    BlockObserver *observer = [[BlockObserver alloc] initWithHandler:handler queue:queue];
-    [self addObserver:observer selector:@selector(notify:) name:name object:object];
-    return observer; // this reference is the centre's, until it is removed
+        addFault(QStringLiteral("an observer on a queue of its own"));
+    BlockObserver *observer = [[[BlockObserver alloc] init] autorelease];
+    observer->_handler = Block_copy(handler);
+    observer->_isOfMainQueue = queue != nil;
+    [_observers addObject:observer];
+    ++desktop().services.observers;
+    return observer;
 }
 
 - (void)removeObserver:(id)observer
 {
-    [super removeObserver:observer];
-    if ([observer isKindOfClass:BlockObserver.class])
-        [observer release];
+    if (![_observers containsObject:observer])
+        addFault(QStringLiteral("an observer removed that was not there"));
+    [_observers removeObject:observer];
+    --desktop().services.observers;
+}
+
+- (void)postNotification:(NSNotification *)notification
+{
+    for (BlockObserver *observer in _observers) {
+        // What has been posted is told, though the observer may be removed meanwhile.
+        const auto kept = Mac::Retained<BlockObserver *>::share(observer);
+        const auto told = Mac::Retained<NSNotification *>::share(notification);
+        const auto tell = [=] { kept.get()->_handler(told.get()); };
+        if (observer->_isOfMainQueue)
+            Mac::runOnMainThread(tell);
+        else
+            tell();
+    }
 }
 
 @end

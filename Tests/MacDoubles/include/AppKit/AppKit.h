@@ -86,10 +86,10 @@ typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior) {
     BOOL _hidesOnDeactivate, _releasedWhenClosed;
 }
 - (instancetype)initWithContentRect:(NSRect)contentRect styleMask:(NSWindowStyleMask)style;
-@property(strong) NSView *contentView;
+@property(nonatomic, strong) NSView *contentView;
 @property(readonly) NSRect frame;
 @property(readonly, strong) NSScreen *screen;
-@property NSWindowStyleMask styleMask;
+@property(nonatomic) NSWindowStyleMask styleMask;
 @property NSWindowLevel level;
 @property NSWindowCollectionBehavior collectionBehavior;
 @property BOOL hidesOnDeactivate;
@@ -100,6 +100,7 @@ typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior) {
 @end
 
 @interface NSView : NSObject {
+@public
     NSWindow *_window;
     NSString *_toolTip;
 }

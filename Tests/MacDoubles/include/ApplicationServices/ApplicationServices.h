@@ -14,8 +14,6 @@ enum AXError : SInt32 {
     kAXErrorIllegalArgument = -25201,
     kAXErrorInvalidUIElement = -25202,
     kAXErrorCannotComplete = -25204,
-    kAXErrorAttributeUnsupported = -25205,
-    kAXErrorActionUnsupported = -25206,
     kAXErrorAPIDisabled = -25211,
     kAXErrorNoValue = -25212,
 };
@@ -23,7 +21,6 @@ enum AXError : SInt32 {
 enum AXValueType : UInt32 {
     kAXValueTypeCGPoint = 1,
     kAXValueTypeCGSize = 2,
-    kAXValueTypeCGRect = 3,
 };
 
 #define kAXWindowsAttribute CFSTR("AXWindows")
