@@ -126,6 +126,7 @@ private Q_SLOTS:
                  QByteArray(fault.savesGoOn ? "saved" : "not saved") + ", old kept");
         const QByteArray errors = child->readAllStandardError();
         QVERIFY2(errors.count('\n') == fault.errorLines, errors);
+        QVERIFY2(errors.isEmpty() || errors.contains("/app.log: "), errors);
 
         // What was not saved then is with the next change.
         const AppRuleStore rules(dir.log, dir.clock);

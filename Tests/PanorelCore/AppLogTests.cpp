@@ -78,32 +78,7 @@ private Q_SLOTS:
         for (const QString &line : lines)
             QCOMPARE(line.mid(1), QString::number(next[line.at(0)]++));
     }
-
-    void aLogThatCannotBeWrittenIsReportedOnce()
-    {
-        TestDataDir dir;
-        dir.write(QStringLiteral("file"), {});
-        const auto logger =
-            dir.again({QStringLiteral("--log-twice")}, dir.path(QStringLiteral("file/x")));
-        QVERIFY(logger->waitForFinished());
-        const QByteArray said = logger->readAllStandardError();
-        QCOMPARE(said.count('\n'), 1);
-        QVERIFY2(said.contains("file/x/app.log"), said);
-        QCOMPARE(logger->exitCode(), 0);
-    }
 };
 
-int main(int argc, char **argv)
-{
-    QCoreApplication application(argc, argv);
-    if (application.arguments().value(1) == QLatin1String("--log-twice")) {
-        const SystemClock clock;
-        AppLog log(clock);
-        log.log(QStringLiteral("one"));
-        log.log(QStringLiteral("two"));
-        return 0;
-    }
-    AppLogTests test;
-    return QTest::qExec(&test, argc, argv);
-}
+QTEST_GUILESS_MAIN(AppLogTests)
 #include "AppLogTests.moc"
