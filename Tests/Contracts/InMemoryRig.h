@@ -4,6 +4,8 @@
 #include "Contracts/HotKeysRig.h"
 #include "Support/InMemoryPlatform.h"
 
+#include <QTest>
+
 #include <map>
 
 namespace Panorel {
@@ -69,7 +71,10 @@ public:
         platform.display.unplug(QStringLiteral("Second"));
         platform.display.announceChange();
     }
-    bool waitUntil(const std::function<bool()> &condition) override { return condition(); }
+    bool waitUntil(const std::function<bool()> &condition) override
+    {
+        return QTest::qWaitFor(condition);
+    }
 
 private:
     InMemoryWindow &window(const QString &title)
@@ -103,7 +108,10 @@ public:
     void toggleCapsLock() override {}
     void toggleNumLock() override {}
     void setLayout(const QString &) override {}
-    bool waitUntil(const std::function<bool()> &condition) override { return condition(); }
+    bool waitUntil(const std::function<bool()> &condition) override
+    {
+        return QTest::qWaitFor(condition);
+    }
 };
 
 } // namespace Panorel

@@ -29,10 +29,6 @@ public:
     MacKeyboard() : InMemoryKeyboard(desktop().platform.keys) {}
 
     HotKeyPort &hotKeys() override { return m_hotKeys; }
-    bool waitUntil(const std::function<bool()> &condition) override
-    {
-        return QTest::qWaitFor(condition);
-    }
 
 private:
     Mac::MacHotKeys m_hotKeys;

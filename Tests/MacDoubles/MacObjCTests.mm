@@ -41,10 +41,6 @@ public:
 
     WorkspacePort &workspace() override { return m_workspace; }
     ScreensPort &screens() override { return m_screens; }
-    bool waitUntil(const std::function<bool()> &condition) override
-    {
-        return QTest::qWaitFor(condition);
-    }
 
 private:
     MacWorkspace m_workspace;
@@ -315,9 +311,7 @@ private Q_SLOTS:
                 port->hide();
         });
         NSStatusBarButton *button = bar.shownItem.button;
-        QCOMPARE(bar.shownItem.length, -2.0);
         QVERIFY(button.image && [button.image isTemplate]);
-        QCOMPARE(textOf(button.image.accessibilityDescription), QStringLiteral("Panorel"));
         QCOMPARE(textOf(button.toolTip), QStringLiteral("Panorel: Office"));
         port->setToolTip(QStringLiteral("Panorel: Home"));
         QCOMPARE(textOf(button.toolTip), QStringLiteral("Panorel: Home"));

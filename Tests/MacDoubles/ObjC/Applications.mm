@@ -32,7 +32,7 @@ NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
 
 @end
 
-/// What it was when it was asked for; only whether it is hidden follows.
+/// What it was when it was asked for.
 @implementation NSRunningApplication
 
 + (NSRunningApplication *)currentApplication
@@ -71,21 +71,19 @@ NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
 
 - (BOOL)isHidden
 {
-    NSRunningApplication *now = [NSRunningApplication
-        runningApplicationWithProcessIdentifier:valueOf<RunningApplication>(self).pid];
-    return now && valueOf<RunningApplication>(now).isHidden;
+    return valueOf<RunningApplication>(self).isHidden;
 }
 
 - (BOOL)hide
 {
-    desktop().platform.desktop.hide(valueOf<RunningApplication>(self).pid);
-    return [self isHidden];
+    desktop().platform.desktop.hide(self.processIdentifier);
+    return YES;
 }
 
 - (BOOL)unhide
 {
-    desktop().platform.desktop.unhide(valueOf<RunningApplication>(self).pid);
-    return ![self isHidden];
+    desktop().platform.desktop.unhide(self.processIdentifier);
+    return YES;
 }
 
 @end

@@ -32,12 +32,9 @@ std::vector<NSStatusItem *> shown; ///< the bar does not keep them
 
 @implementation NSStatusItem
 
-@synthesize length = _length;
-
-- (instancetype)initWithLength:(CGFloat)length
+- (instancetype)init
 {
     self = [super init];
-    _length = length;
     const Rect frame = desktop().services.statusItemFrame.value_or(Rect{-9999, -9999, 24, 24});
     _window = [[NSWindow alloc]
         initWithContentRect:NSMakeRect(frame.x, frame.y, frame.width, frame.height)
@@ -75,7 +72,9 @@ std::vector<NSStatusItem *> shown; ///< the bar does not keep them
 - (NSStatusItem *)statusItemWithLength:(CGFloat)length
 {
     expectMainThread(__func__);
-    NSStatusItem *item = [[[NSStatusItem alloc] initWithLength:length] autorelease];
+    if (length != NSSquareStatusItemLength)
+        addFault(QStringLiteral("a status item that is no square"));
+    NSStatusItem *item = [[[NSStatusItem alloc] init] autorelease];
     shown.push_back(item);
     return item;
 }

@@ -74,23 +74,13 @@ using namespace Panorel::MacDoubles;
 
 @implementation NSImage
 
-@synthesize accessibilityDescription = _accessibilityDescription;
-
-/// Null for a symbol that the system doesn't have.
+/// Null for a symbol that the system doesn't have, or that nobody could be told of.
 + (instancetype)imageWithSystemSymbolName:(NSString *)symbolName
                  accessibilityDescription:(NSString *)description
 {
-    if (![symbolName isEqualToString:@"macwindow.on.rectangle"])
+    if (![symbolName isEqualToString:@"macwindow.on.rectangle"] || !description)
         return nil;
-    NSImage *image = [[[self alloc] init] autorelease];
-    image.accessibilityDescription = description;
-    return image;
-}
-
-- (void)dealloc
-{
-    [_accessibilityDescription release];
-    [super dealloc];
+    return [[[self alloc] init] autorelease];
 }
 
 - (BOOL)isTemplate

@@ -109,12 +109,10 @@ typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior) {
 @end
 
 @interface NSImage : NSObject {
-    NSString *_accessibilityDescription;
     BOOL _isTemplate;
 }
 + (instancetype)imageWithSystemSymbolName:(NSString *)symbolName
                  accessibilityDescription:(NSString *)description;
-@property(copy) NSString *accessibilityDescription;
 - (BOOL)isTemplate;
 - (void)setTemplate:(BOOL)isTemplate;
 @end
@@ -136,10 +134,8 @@ static const CGFloat NSSquareStatusItemLength = -2;
 @interface NSStatusItem : NSObject {
     NSStatusBarButton *_button;
     NSWindow *_window;
-    CGFloat _length;
 }
 @property(readonly, strong) NSStatusBarButton *button;
-@property CGFloat length;
 @end
 
 @interface NSStatusBar : NSObject
