@@ -2,8 +2,6 @@
 
 #include "Contracts/DesktopRig.h"
 
-#include <QTest>
-
 #include <utility>
 
 namespace Panorel {

@@ -6,6 +6,7 @@
 #include "PanorelPorts/WorkspacePort.h"
 
 #include <QString>
+#include <QTest>
 
 namespace Panorel {
 
@@ -42,7 +43,10 @@ public:
     virtual void plugSecondDisplay() = 0;
     virtual void unplugSecondDisplay() = 0;
     /// Runs the event loop until the condition holds; false when it never does.
-    virtual bool waitUntil(const std::function<bool()> &condition) = 0;
+    virtual bool waitUntil(const std::function<bool()> &condition)
+    {
+        return QTest::qWaitFor(condition, 10'000);
+    }
 };
 
 } // namespace Panorel

@@ -2,8 +2,6 @@
 
 #include "Contracts/HotKeysRig.h"
 
-#include <QTest>
-
 #include <utility>
 
 namespace Panorel {

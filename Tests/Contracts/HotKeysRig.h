@@ -2,6 +2,8 @@
 
 #include "PanorelPorts/HotKeyPort.h"
 
+#include <QTest>
+
 #include <functional>
 
 namespace Panorel {
@@ -29,7 +31,10 @@ public:
     virtual void setLayout(const QString &layout) = 0;
 
     /// Runs the event loop until the condition holds; false when it never does.
-    virtual bool waitUntil(const std::function<bool()> &condition) = 0;
+    virtual bool waitUntil(const std::function<bool()> &condition)
+    {
+        return QTest::qWaitFor(condition, 10'000);
+    }
 };
 
 } // namespace Panorel

@@ -4,8 +4,6 @@
 #include "Contracts/HotKeysRig.h"
 #include "Support/InMemoryPlatform.h"
 
-#include <QTest>
-
 #include <map>
 
 namespace Panorel {
@@ -71,10 +69,6 @@ public:
         platform.display.unplug(QStringLiteral("Second"));
         platform.display.announceChange();
     }
-    bool waitUntil(const std::function<bool()> &condition) override
-    {
-        return QTest::qWaitFor(condition);
-    }
 
 private:
     InMemoryWindow &window(const QString &title)
@@ -108,10 +102,6 @@ public:
     void toggleCapsLock() override {}
     void toggleNumLock() override {}
     void setLayout(const QString &) override {}
-    bool waitUntil(const std::function<bool()> &condition) override
-    {
-        return QTest::qWaitFor(condition);
-    }
 };
 
 } // namespace Panorel

@@ -2,8 +2,6 @@
 
 #include "Contracts/DesktopRig.h"
 
-#include <QTest>
-
 namespace Panorel {
 
 /// What DisplayWatcher relies on in every platform's screens.
