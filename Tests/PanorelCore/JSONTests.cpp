@@ -108,7 +108,8 @@ private Q_SLOTS:
                             const QByteArray &replacement, const char *description = "") {
             const QByteArray json = QByteArray(sceneFile).replace(piece, replacement);
             QVERIFY2(json != sceneFile, "no such piece in the file");
-            QVERIFY2(failure(json) == QLatin1String(description), name);
+            const QString trap = QLatin1String(name) + QStringLiteral(": ");
+            QCOMPARE(trap + failure(json), trap + QLatin1String(description));
         };
         const QByteArray frame = "[[-1920.5,-3],[800,600]]";
         const QByteArray id = "\"id\": \"0A0B0C0D-0000-4000-8000-00000000000F\"";

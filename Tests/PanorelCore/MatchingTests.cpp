@@ -82,7 +82,8 @@ private Q_SLOTS:
                 const auto id = results[i].liveID;
                 chosen.append(id ? QString::number(*id - 40) : QStringLiteral("-"));
             }
-            QVERIFY2(chosen.join(u' ') == QLatin1String(row.chosen), row.name);
+            const QString name = QLatin1String(row.name) + QStringLiteral(": ");
+            QCOMPARE(name + chosen.join(u' '), name + QLatin1String(row.chosen));
         }
     }
 

@@ -92,7 +92,8 @@ private Q_SLOTS:
             const ApplicationFacts facts{row.gtkID, row.instance, row.wmClass, pid};
             const auto *entry = resolveApplication(installed.entries(), facts, &process);
             const QString id = entry ? entry->id : unclaimedIdentity(facts).id;
-            QVERIFY2(id == QString::fromUtf8(row.expected), row.name);
+            const QString name = QLatin1String(row.name) + QStringLiteral(": ");
+            QCOMPARE(name + id, name + QString::fromUtf8(row.expected));
         }
     }
 

@@ -332,7 +332,8 @@ void CalendarTests::theEventsOfTheHourAreFound()
     for (const Row &row : rows) {
         Folders folders;
         folders.write(u"a.ics"_qs, calendar(row.body));
-        QVERIFY2(folders.summary().join(u", "_qs) == QLatin1String(row.expected), row.name);
+        const QString name = QLatin1String(row.name) + u": "_qs;
+        QCOMPARE(name + folders.summary().join(u", "_qs), name + QLatin1String(row.expected));
     }
 }
 
@@ -380,7 +381,8 @@ void CalendarTests::repeatingEventsOccurWhenTheirRuleSays()
         QStringList days;
         for (const CalendarEvent &event : events)
             days << described(event).section(u' ', 1).left(4);
-        QVERIFY2(days.join(u' ') == QLatin1String(expected), rule);
+        const QString name = QLatin1String(rule) + u": "_qs;
+        QCOMPARE(name + days.join(u' '), name + QLatin1String(expected));
     }
 }
 
