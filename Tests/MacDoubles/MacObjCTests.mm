@@ -375,7 +375,7 @@ int commit(const QByteArray &fault)
         EKEventStore *store = [[EKEventStore alloc] init];
         if (fault == "--leak-block")
             Block_copy(^{
-              (void)store;
+              (void)fault;
             });
         if (fault != "--leak")
             [store release];

@@ -24,12 +24,6 @@ inline const std::map<QString, std::function<void()>> &deadlyFaults()
 {
     static const std::map<QString, std::function<void()>> all{
         {QStringLiteral("null or foreign"), [] { CFRelease(nullptr); }},
-        {QStringLiteral("dead object was given: CF type 7"),
-         [] {
-             const CFStringRef string = newString();
-             CFRelease(string);
-             CFRelease(string);
-         }},
         {QStringLiteral("dead object was given: CF type 22"), // borrowed for too long
          [] {
              const auto list = static_cast<CFArrayRef>(toCf(QVariantList{1}));

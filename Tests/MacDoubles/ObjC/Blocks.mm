@@ -9,12 +9,11 @@
 
 // The blocks runtime, by the public description of what compilers expect of one. It comes before
 // the one that Foundation's library exports here, which never copies what this compiler makes. As
-// on a Mac, a copied block keeps the objects that it captured.
+// on a Mac, a copied block keeps the values that it captured; objects it should not capture.
 
 namespace {
 
 enum : int { countMask = 0xffff, isOnHeap = 1 << 24, hasHelpers = 1 << 25, isGlobal = 1 << 28 };
-constexpr int fieldIsObject = 3;
 
 struct Descriptor {
     unsigned long reserved, size;
@@ -79,17 +78,12 @@ void _Block_release(const void *block)
     std::free(layout);
 }
 
-void _Block_object_assign(void *to, const void *from, const int flags)
+void _Block_object_assign(void *to, const void *from, const int)
 {
-    if (flags != fieldIsObject)
-        Panorel::MacDoubles::addFault(QStringLiteral("a block captures more than objects"));
-    *static_cast<id *>(to) = [id(const_cast<void *>(from)) retain];
+    Panorel::MacDoubles::addFault(QStringLiteral("a block captures an object"));
+    *static_cast<const void **>(to) = from;
 }
 
-void _Block_object_dispose(const void *captured, const int flags)
-{
-    if (flags == fieldIsObject)
-        [id(const_cast<void *>(captured)) release];
-}
+void _Block_object_dispose(const void *, const int) {}
 
 } // extern "C"
