@@ -156,10 +156,7 @@ private Q_SLOTS:
     {
         for (const bool isEnding : {false, true}) {
             Program program;
-            if (isEnding)
-                program.controller->prepareToEnd();
-            else
-                program.prefs->setEnabled(false);
+            isEnding ? program.controller->prepareToEnd() : program.prefs->setEnabled(false);
             program.undock();
             program.scheduler.advance(2s);
             program.dock();

@@ -6,6 +6,7 @@
 #include "Panorel/Commands/Verbs.h"
 #include "Panorel/InMemoryProgram.h"
 #include "Panorel/Records.h"
+#include "Support/TestHome.h"
 
 #include <QJsonDocument>
 #include <QTest>
@@ -52,15 +53,6 @@ struct CommandedProgram : Program {
         traces << panel.lastAction() << (panel.canUndo() ? word("undo") : word("no undo"));
         return traces;
     }
-    Rect learnedFrame(const char *title)
-    {
-        const std::vector<Layout> stored = layouts();
-        for (const WindowRecord &window : stored.at(0).windows) {
-            if (window.title == word(title))
-                return window.frame;
-        }
-        return {};
-    }
     QString exported(const char *name)
     {
         const QString file = dir.path(word(name));
@@ -69,61 +61,56 @@ struct CommandedProgram : Program {
     }
 };
 
+/// "program", "help", "version", the command with its options, or why it is none.
+QString understoodOf(const QString &typed)
+{
+    const auto parsed = CommandLine::parse(typed.split(u' ', Qt::SkipEmptyParts));
+    if (const auto *mistake = std::get_if<CommandLine::Mistake>(&parsed))
+        return mistake->message;
+    const auto *command = std::get_if<CommandLine::RunCommand>(&parsed);
+    if (!command)
+        return word(std::array{"program", "help", "version"}[parsed.index()]);
+    const CommandRequest &request = command->request;
+    QStringList words{request.verb};
+    words.append({request.arguments.begin(), request.arguments.end()});
+    for (const auto &[isOn, name] :
+         {std::pair{request.dryRun, "dry"}, std::pair{command->json, "json"},
+          std::pair{command->follow, "follow"}}) {
+        if (isOn)
+            words << word(name);
+    }
+    return words.join(u' ');
+}
+
 } // namespace
 
 class CommandTests : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void whatIsTypedIsUnderstoodOrRefused_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("understood");
-        const auto row = [](const char *typed, const char *understood) {
-            QTest::newRow(typed) << word(typed) << word(understood);
-        };
-        row("", "program");
-        row("-session 1 2", "program"); // what a session manager adds
-        row("--help", "help");
-        row("restore -h", "help");
-        row("-v", "version");
-        row("restore", "restore");
-        row("restore --dry-run --json", "restore dry json");
-        row("--json apply Work", "apply Work json");
-        row("apply -- --dry-run", "apply --dry-run");
-        row("log --follow", "log follow");
-        row("import a.json --dry-run", "import a.json dry");
-        row("dance", "“dance” is no verb of Panorel; see panorel --help");
-        row("--dance", "there is no option --dance; see panorel --help");
-        row("undo --dry-run", "“undo” has no option --dry-run; see panorel --help");
-        row("scenes --follow", "“scenes” has no option --follow; see panorel --help");
-        row("apply", "“apply” needs NAME|ID; see panorel --help");
-        row("export a b", "“export” can't use “b”; see panorel --help");
-        row("stash now", "“stash” can't use “now”; see panorel --help");
-    }
-
     void whatIsTypedIsUnderstoodOrRefused()
     {
-        QFETCH(QString, typed);
-        const auto parsed = CommandLine::parse(typed.split(u' ', Qt::SkipEmptyParts));
-        QString understood;
-        if (const auto *mistake = std::get_if<CommandLine::Mistake>(&parsed)) {
-            understood = mistake->message;
-        } else if (const auto *command = std::get_if<CommandLine::RunCommand>(&parsed)) {
-            QStringList words{command->request.verb};
-            for (const QString &argument : command->request.arguments)
-                words << argument;
-            for (const auto &[on, name] :
-                 {std::pair{command->request.dryRun, "dry"}, std::pair{command->json, "json"},
-                  std::pair{command->follow, "follow"}}) {
-                if (on)
-                    words << word(name);
-            }
-            understood = words.join(u' ');
-        } else {
-            understood = word(std::array{"program", "help", "version"}[parsed.index()]);
-        }
-        QTEST(understood, "understood");
+        const std::pair<const char *, const char *> rows[] = {
+            {"", "program"},
+            {"-session 1 2", "program"}, // what a session manager adds
+            {"--help", "help"},
+            {"restore -h", "help"},
+            {"-v", "version"},
+            {"restore", "restore"},
+            {"restore --dry-run --json", "restore dry json"},
+            {"--json apply Work", "apply Work json"},
+            {"apply -- --dry-run", "apply --dry-run"},
+            {"log --follow", "log follow"},
+            {"import a.json --dry-run", "import a.json dry"},
+            {"dance", "“dance” is no verb of Panorel; see panorel --help"},
+            {"--dance", "there is no option --dance; see panorel --help"},
+            {"undo --dry-run", "“undo” has no option --dry-run; see panorel --help"},
+            {"scenes --follow", "“scenes” has no option --follow; see panorel --help"},
+            {"apply", "“apply” needs NAME|ID; see panorel --help"},
+            {"export a b", "“export” can't use “b”; see panorel --help"},
+            {"stash now", "“stash” can't use “now”; see panorel --help"}};
+        for (const auto &[typed, understood] : rows)
+            QCOMPARE(understoodOf(word(typed)), word(understood));
     }
 
     void eachVerbDoesWhatItsRowInThePanelDoes()
@@ -195,79 +182,68 @@ private Q_SLOTS:
 
     void aSceneIsFoundByNameOrIdOrNotAtAll()
     {
-        SceneRecord here = scene("Work");
-        SceneRecord there = scene("Work");
-        SceneRecord twin = scene("Play");
-        SceneRecord otherTwin = scene("Play");
-        here.configID = word("here");
-        otherTwin.id = QUuid::createUuid();
-        there.id = QUuid::createUuid();
-        const std::vector<SceneRecord> scenes{there, here, twin, otherTwin};
+        std::vector<SceneRecord> scenes{scene("Work"), scene("Work"), scene("Play"), scene("Play")};
+        for (SceneRecord &each : scenes)
+            each.id = QUuid::createUuid();
+        scenes[1].configID = word("here");
+        const auto idOf = [&](int i) {
+            return scenes[std::size_t(i)].id.toString(QUuid::WithoutBraces);
+        };
         const auto found = [&](const QString &nameOrID, const char *desk = "here") {
             return SceneChoice(scenes, nameOrID, word(desk));
         };
         QCOMPARE(found(word("Work")).scene(), &scenes[1]); // this desk's
         QVERIFY(!found(word("Work"), "elsewhere").scene());
-        QCOMPARE(found(there.id.toString(QUuid::WithoutBraces)).scene(), &scenes[0]);
+        QCOMPARE(found(idOf(0)).scene(), &scenes[0]);
         QCOMPARE(found(word("work")).reason(), word("there is no scene “work”"));
-        QVERIFY(found(word("Play")).reason().startsWith(word("there are 2 scenes “Play”")));
-        QVERIFY(found(word("Play"))
-                    .reason()
-                    .contains(twin.id.toString(QUuid::WithoutBraces).toUpper()));
+        const QString twins = found(word("Play")).reason();
+        QVERIFY(twins.startsWith(word("there are 2 scenes “Play”")));
+        QVERIFY(twins.contains(idOf(2).toUpper()));
         QVERIFY(!found(QString()).scene());
 
         CommandedProgram program;
-        QCOMPARE(int(program.run("apply", {word("none")}).status), int(ExitStatus::NotFound));
-        QCOMPARE(int(program.run("apply", {word("none")}, true).status), int(ExitStatus::NotFound));
+        for (const bool dryRun : {false, true})
+            QCOMPARE(int(program.run("apply", {word("none")}, dryRun).status),
+                     int(ExitStatus::NotFound));
     }
 
-    void whatWasExportedComesBackWhole()
+    void whatWasExportedComesBackWholeAndInForce()
     {
         CommandedProgram program;
+        AppController &controller = *program.controller;
         program.panel.onSaveScene();
-        SceneRecord scene = program.controller->scenes().allScenes().front();
+        SceneRecord scene = controller.scenes().allScenes().front();
         scene.hotKey = HotKeyCombo{18, HotKeyCombo::control};
-        program.controller->scenes().update(scene);
-        program.controller->reloadHotKeys();
+        controller.scenes().update(scene);
         program.prefs->setPlaceNewApps(false);
-        program.controller->rules().set({word("game"), true, false});
-        program.controller->triggers().add(
-            {QUuid::createUuid(), scene.id, {TimeTrigger{9, 21, {}}}, true});
-        program.controller->timeTriggers().reload();
+        controller.rules().set({word("game"), true, false});
+        controller.triggers().add({QUuid::createUuid(), scene.id, {TimeTrigger{9, 21, {}}}, true});
         const QString file = program.exported("all.json");
         QCOMPARE(QFile::permissions(file) & ~QFile::Permissions(0x7700), QFile::Permissions());
 
-        program.controller->scenes().remove(scene.id);
-        program.controller->triggers().remove(program.controller->triggers().all()[0].id);
-        program.controller->reloadHotKeys();
-        program.controller->timeTriggers().reload();
+        controller.scenes().remove(scene.id);
+        controller.triggers().remove(controller.triggers().all()[0].id);
         program.prefs->setPlaceNewApps(true);
-        program.controller->forgetDesk(program.watcher->configID());
+        controller.forgetDesk(program.watcher->configID());
         program.desktop.window(program.mail).frame = clampedPlace;
-        program.controller->learn();
-        const QByteArray changed =
-            program.dir.read(QFileInfo(program.exported("b.json")).fileName());
-
+        controller.learn();
+        program.exported("changed.json");
         const QStringList before = program.traces();
         QVERIFY(program.text("import", {file}, true).startsWith(word("Would replace 1 desk")));
         QCOMPARE(program.traces(), before);
         const CommandReply reply = program.run("import", {file});
         QCOMPARE(reply.error, QString());
         QCOMPARE(program.stateReplaced, 1);
-        QCOMPARE(program.dir.read(word("again.json")), QByteArray());
         program.exported("again.json");
         QCOMPARE(program.dir.read(word("again.json")), program.dir.read(word("all.json")));
-        QFile backup(reply.result.value(word("backup")).toString());
-        QVERIFY(backup.open(QIODevice::ReadOnly));
-        QCOMPARE(backup.readAll(), changed);
+        QCOMPARE(readFile(reply.result.value(word("backup")).toString()),
+                 program.dir.read(word("changed.json")));
 
-        // In force, and not learned over.
         QVERIFY(!program.prefs->placeNewApps());
-        QCOMPARE(program.learnedFrame("Inbox"), rightPlace);
         program.scheduler.advance(59s);
         QCOMPARE(program.mailFrame(), clampedPlace);
-        program.controller->learn();
-        QCOMPARE(program.learnedFrame("Inbox"), rightPlace);
+        controller.learn(); // not over what was imported
+        QCOMPARE(program.learnedMailFrame(), rightPlace);
         program.scheduler.advance(1s);
         QVERIFY(program.logged("scene applied: Scene 1, 2/2 restored, 0 failed, 0 skipped, 0.00s"));
         program.desktop.window(program.mail).frame = clampedPlace;
@@ -275,40 +251,29 @@ private Q_SLOTS:
         QCOMPARE(program.mailFrame(), rightPlace);
     }
 
-    void anImportThatIsNotUnderstoodChangesNothing_data()
-    {
-        QTest::addColumn<QByteArray>("find");
-        QTest::addColumn<QByteArray>("replaceBy");
-        QTest::addColumn<QString>("reason");
-        const auto row = [](const char *name, const char *find, const char *by, const char *why) {
-            QTest::newRow(name) << QByteArray(find) << QByteArray(by) << word(why);
-        };
-        row("newer", "\"version\": 1", "\"version\": 2", "it was written by a newer version");
-        row("no version", "\"version\": 1", "\"version\": 0", "it is damaged (version 0)");
-        row("of another program", "panorel-state", "song-list", "it is no export of Panorel");
-        row("cut off", "\"version\": 1\n}\n", "", "it is no export of Panorel, or damaged");
-        row("a list missing", "\"triggers\"", "\"trickers\"",
-            "it is damaged (missing key at state.triggers)");
-        row("a wrong type", "\"enabled\": true", "\"enabled\": \"yes\"", "it is damaged (expected");
-    }
-
     void anImportThatIsNotUnderstoodChangesNothing()
     {
-        QFETCH(QByteArray, find);
-        QFETCH(QByteArray, replaceBy);
-        QFETCH(QString, reason);
+        const struct {
+            const char *find, *replaceBy, *reason;
+        } rows[] = {
+            {"\"version\": 1", "\"version\": 2", "it was written by a newer version"},
+            {"\"version\": 1", "\"version\": 0", "it is damaged (version 0)"},
+            {"panorel-state", "song-list", "it is no export of Panorel"},
+            {"\"version\": 1\n}\n", "", "it is no export of Panorel, or damaged"},
+            {"\"triggers\"", "\"trickers\"", "it is damaged (missing key at state.triggers)"},
+            {"\"enabled\": true", "\"enabled\": \"yes\"", "it is damaged (expected"}};
         CommandedProgram program;
-        program.exported("all.json");
-        QByteArray bytes = program.dir.read(word("all.json"));
-        QVERIFY(bytes.contains(find));
-        program.dir.write(word("all.json"), bytes.replace(find, replaceBy));
-        program.desktop.window(program.mail).frame = clampedPlace;
-        const QStringList before = program.traces();
-        const QString file = program.dir.path(word("all.json"));
-        const CommandReply reply = program.run("import", {file});
-        QCOMPARE(int(reply.status), int(ExitStatus::Failed));
-        QVERIFY2(reply.error.contains(reason), qPrintable(reply.error));
-        QCOMPARE(program.traces(), before);
+        const QString file = program.exported("all.json");
+        const QByteArray whole = program.dir.read(word("all.json"));
+        for (const auto &[find, replaceBy, reason] : rows) {
+            QVERIFY2(whole.contains(find), find);
+            program.dir.write(word("all.json"), QByteArray(whole).replace(find, replaceBy));
+            const QStringList before = program.traces();
+            const CommandReply reply = program.run("import", {file});
+            QCOMPARE(int(reply.status), int(ExitStatus::Failed));
+            QVERIFY2(reply.error.contains(word(reason)), qPrintable(reply.error));
+            QCOMPARE(program.traces(), before);
+        }
     }
 
     void filesThatAreNoneAreRefusedInWords()
@@ -360,16 +325,16 @@ private Q_SLOTS:
         QByteArray heard;
         LogFollower follower(dir.path(word("app.log")), [&](const auto &lines) { heard += lines; });
         follower.readOn(); // there is none yet
-        dir.write(word("app.log"), "one\ntwo\nthr");
-        follower.readOn();
-        QCOMPARE(heard, QByteArray("one\ntwo\n")); // whole lines
-        dir.write(word("app.log"), "one\ntwo\nthree\n");
-        follower.readOn();
-        follower.readOn();
-        QCOMPARE(heard, QByteArray("one\ntwo\nthree\n"));
-        dir.write(word("app.log"), "new\n");
-        follower.readOn();
-        QCOMPARE(heard, QByteArray("one\ntwo\nthree\nnew\n"));
+        const std::pair<QByteArray, QByteArray> steps[] = {
+            {"one\ntwo\nthr", "one\ntwo\n"}, // whole lines
+            {"one\ntwo\nthree\n", "one\ntwo\nthree\n"},
+            {"new\n", "one\ntwo\nthree\nnew\n"}};
+        for (const auto &[written, expected] : steps) {
+            dir.write(word("app.log"), written);
+            follower.readOn();
+            follower.readOn();
+            QCOMPARE(heard, expected);
+        }
     }
 };
 

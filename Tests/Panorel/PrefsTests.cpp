@@ -65,14 +65,12 @@ private Q_SLOTS:
         platform.defaults.setBoolean(QStringLiteral("launchAtLogin"), true);
         Prefs prefs(platform.defaults, platform.activationPolicy(), platform.loginItem());
         QVERIFY(!platform.policy && !platform.registeredAtLogin);
-        prefs.setShowDockIcon(true);
-        prefs.setLaunchAtLogin(true);
-        QVERIFY(platform.policy == ActivationPolicy::Regular);
-        QCOMPARE(platform.registeredAtLogin, true);
-        prefs.setShowDockIcon(false);
-        prefs.setLaunchAtLogin(false);
-        QVERIFY(platform.policy == ActivationPolicy::Accessory);
-        QCOMPARE(platform.registeredAtLogin, false);
+        for (const bool isOn : {true, false}) {
+            prefs.setShowDockIcon(isOn);
+            prefs.setLaunchAtLogin(isOn);
+            QCOMPARE(platform.policy == ActivationPolicy::Regular, isOn);
+            QCOMPARE(platform.registeredAtLogin, isOn);
+        }
     }
 
     void hotKeysAreRepairedEachInItsOwnWay()
