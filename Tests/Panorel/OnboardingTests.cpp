@@ -63,41 +63,11 @@ private Q_SLOTS:
     void aNewUserIsLedThroughOnce()
     {
         NewUser user;
-        QCOMPARE(user.window().page(), 0);
         const QPoint middle = user.window().screen()->availableGeometry().center();
         const QPoint off = user.window().geometry().center() - middle;
         QVERIFY(off.manhattanLength() < 50); // the window manager's frame takes some
         QCOMPARE(user.view().titles(), QStringLiteral("Continue"));
-        user.click("Continue");
-        user.click("Back");
-        QCOMPARE(user.window().page(), 0);
-        user.goToTheLastPage();
-        QCOMPARE(user.window().page(), 2);
-        user.window().close();
-        QVERIFY(!user.prefs.hasOnboarded()); // closed early: again at the next start
-        QVERIFY(!user.controller->window());
-
-        user.startProgram();
-        QCOMPARE(user.window().page(), 0);
-        QPointer<OnboardingWindow> first = &user.window();
-        user.controller->showIfNeeded();
-        QCOMPARE(&user.window(), first.data());
-        user.goToTheLastPage();
-        QVERIFY(!user.prefs.hasOnboarded());
-        user.click("Done");
-        QVERIFY(user.prefs.hasOnboarded());
-        QCOMPARE(user.platform.defaults.boolean(QStringLiteral("hasOnboarded")), true);
-        QVERIFY(!user.controller->window());
-        QTRY_VERIFY(!first); // and nothing watches the permission any more
-        QVERIFY(user.scheduler.due().empty());
-        user.startProgram();
-        QVERIFY(!user.controller->window());
-    }
-
-    void theKeyboardAloneWillDo()
-    {
-        NewUser user;
-        user.view().press(Qt::Key_Return);
+        user.view().press(Qt::Key_Return); // the keyboard alone will do
         QCOMPARE(user.window().page(), 1);
         user.view().press(Qt::Key_Left, Qt::AltModifier);
         QTRY_COMPARE(user.window().page(), 0); // a pressed shortcut shows for a moment
@@ -111,7 +81,25 @@ private Q_SLOTS:
         }
         QCOMPARE(visited.join(u'|'), readyPage);
         user.view().press(Qt::Key_Escape);
-        QVERIFY(!user.controller->window() && !user.prefs.hasOnboarded());
+        QVERIFY(!user.prefs.hasOnboarded()); // closed early: again at the next start
+        QVERIFY(!user.controller->window());
+
+        user.startProgram();
+        QCOMPARE(user.window().page(), 0);
+        QPointer<OnboardingWindow> first = &user.window();
+        user.controller->showIfNeeded();
+        QCOMPARE(&user.window(), first.data());
+        user.goToTheLastPage();
+        user.click("Back");
+        QCOMPARE(user.window().page(), 1);
+        user.click("Continue");
+        user.click("Done");
+        QVERIFY(user.prefs.hasOnboarded());
+        QVERIFY(!user.controller->window());
+        QTRY_VERIFY(!first); // and nothing watches the permission any more
+        QVERIFY(user.scheduler.due().empty());
+        user.startProgram();
+        QVERIFY(!user.controller->window());
     }
 
     void fromTheLastPageToASceneWithAKey()
@@ -139,17 +127,15 @@ private Q_SLOTS:
             QCOMPARE(view.text("readyTitle"), isGrantedByUser
                                                   ? QStringLiteral("One permission is missing")
                                                   : QStringLiteral("A window manager is missing"));
-            QCOMPARE(view.titles(),
-                     isGrantedByUser ? QStringLiteral("Grant permission…|Open the panel|Back|Done")
-                                     : QStringLiteral("Open the panel|Back|Done"));
+            const QString grant = QStringLiteral("Grant permission…|");
+            QCOMPARE(view.titles(), (isGrantedByUser ? grant : QString())
+                                        + QStringLiteral("Open the panel|Back|Done"));
             if (isGrantedByUser)
                 view.click("Grant permission…");
             QCOMPARE(user.platform.desktop.prompts, isGrantedByUser ? 1 : 0);
             user.platform.desktop.trusted = true;
             user.scheduler.advance(1s);
             QCOMPARE(view.text("readyTitle"), QStringLiteral("All set"));
-            QCOMPARE(view.text("permissionStatus"),
-                     QStringLiteral("Panorel can see and move your windows."));
             QCOMPARE(view.titles(), readyPage);
         }
     }
@@ -163,25 +149,18 @@ private Q_SLOTS:
         QCOMPARE(user.view().titles(), QStringLiteral("Back|Done"));
     }
 
-    void allOfItShows_data()
-    {
-        QTest::addColumn<QString>("language");
-        for (const char *language : {"en", "de"})
-            QTest::newRow(language) << QString::fromLatin1(language);
-    }
-
     /// Nothing is cut: the window is as high as its texts, in every language and font.
     void allOfItShows()
     {
-        QFETCH(QString, language);
-        installTranslations(*qApp, {language});
-        for (const bool isTrusted : {true, false}) {
+        for (const QByteArray name : {"en", "en-missing", "de", "de-missing"}) {
+            const QByteArray language = name.left(2);
+            const bool isTrusted = name == language;
+            installTranslations(*qApp, {QString::fromLatin1(language)});
             NewUser user;
             user.platform.desktop.trustIsGranted = false;
             user.platform.desktop.trusted = isTrusted;
             const auto photograph = [&](const QByteArray &page) {
-                const QByteArray name = "onboarding-" + language.toLatin1() + '-' + page;
-                user.view().photograph(isTrusted ? name : name + "-missing", [&] {
+                user.view().photograph("onboarding-" + name + '-' + page, [&] {
                     const auto labels = user.view().shown<QLabel>();
                     return user.window().size() == user.window().sizeHint()
                            && std::ranges::all_of(labels, [&](const QLabel *label) {

@@ -37,38 +37,25 @@ class SettingsModelTests : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void thePaneOfTheLastLaunchOpens_data()
-    {
-        QTest::addColumn<QVariant>("stored");
-        QTest::addColumn<SettingsSection>("opened");
-        const char *names[] = {"general", "displays", "shortcuts", "scenes", "automation", "about"};
-        for (int i = 0; i < 6; ++i)
-            QTest::newRow(names[i])
-                << QVariant(QString::fromLatin1(names[i])) << SettingsSection(i);
-        QTest::newRow("no pane's name")
-            << QVariant(QStringLiteral("About")) << SettingsSection::General;
-        QTest::newRow("not text") << QVariant(4.0) << SettingsSection::General;
-    }
-
     void thePaneOfTheLastLaunchOpens()
     {
-        QFETCH(QVariant, stored);
-        QFETCH(SettingsSection, opened);
         Settings settings;
-        QVariant &value = settings.platform.defaults.values[sectionKey];
-        value = stored;
-        QCOMPARE(SettingsModel(*settings.controller, settings.services()).selectedSection(),
-                 opened);
-        QCOMPARE(value, stored);                   // opening writes nothing
-        for (int round = 1; round <= 2; ++round) { // the same pane again is stored again
-            value.clear();
-            settings.model.setSelectedSection(opened);
-            QCOMPARE(settings.model.selectedSection(), opened);
-            QVERIFY(!value.isNull());
-            QCOMPARE(settings.changes.size(), round);
+        QVariant &stored = settings.platform.defaults.values[sectionKey];
+        const auto opened = [&] {
+            return SettingsModel(*settings.controller, settings.services()).selectedSection();
+        };
+        const char *names[] = {"general", "displays", "shortcuts", "scenes", "automation", "about"};
+        for (int i = 0; i < 6; ++i) {
+            settings.model.setSelectedSection(SettingsSection(i));
+            QCOMPARE(stored, QVariant(QString::fromLatin1(names[i])));
+            QCOMPARE(settings.changes.size(), i + 1);
+            QCOMPARE(opened(), SettingsSection(i));
         }
-        if (stored == QLatin1String(QTest::currentDataTag()))
-            QCOMPARE(value, stored);
+        for (const QVariant &other : {QVariant(QStringLiteral("About")), QVariant(4.0)}) {
+            stored = other;
+            QCOMPARE(opened(), SettingsSection::General);
+            QCOMPARE(stored, other); // opening writes nothing
+        }
     }
 
     void aSceneIsNumberedByItsDeskAndListedAtOnce()
@@ -126,64 +113,44 @@ private Q_SLOTS:
     {
         Settings settings;
         const QUuid scene = settings.model.addSceneFromCurrentWindows().id;
-        const QString nothing = QStringLiteral("nothing yet");
-        const QString applied = QStringLiteral("Applied Scene 1: 2 windows");
-        // In ten minutes, every day.
-        const QTime then =
-            QDateTime::fromMSecsSinceEpoch(settings.dir.clock.now().time_since_epoch() / 1ms)
-                .time()
-                .addSecs(600);
-        TriggerRecord trigger{
-            QUuid::createUuid(), scene, {TimeTrigger{then.hour(), then.minute(), {}}}, true};
-        settings.panel.setLastAction(nothing);
-        const auto afterADay = [&] {
-            settings.panel.setLastAction(nothing);
+        TriggerRecord trigger{QUuid::createUuid(), scene, {TimeTrigger{12, 0, {}}}, true};
+        const auto firesWithinADay = [&] {
+            settings.panel.setLastAction({});
             settings.scheduler.advance(24h);
-            return settings.panel.lastAction();
+            return settings.panel.lastAction() == QStringLiteral("Applied Scene 1: 2 windows");
         };
         settings.model.addTrigger(trigger);
-        QCOMPARE(settings.model.triggers(), std::vector{trigger});
-        settings.scheduler.advance(9min);
-        QCOMPARE(settings.panel.lastAction(), nothing);
-        settings.scheduler.advance(1min);
-        QCOMPARE(settings.panel.lastAction(), applied);
+        QVERIFY(firesWithinADay());
         trigger.enabled = false;
         settings.model.updateTrigger(trigger);
         QCOMPARE(settings.model.triggers(), std::vector{trigger}); // also those off
-        QCOMPARE(afterADay(), nothing);
+        QVERIFY(!firesWithinADay());
         trigger.enabled = true;
         settings.model.updateTrigger(trigger);
-        QCOMPARE(afterADay(), applied);
+        QVERIFY(firesWithinADay());
         settings.model.removeTrigger(settings.model.triggers().at(0).id);
-        QCOMPARE(afterADay(), nothing);
-        QVERIFY(settings.model.triggers().empty());
+        QVERIFY(!firesWithinADay() && settings.model.triggers().empty());
     }
 
     void theRulesHoldEveryApplicationThatWasEverSeen()
     {
         Settings settings;
-        QCOMPARE(settings.rules(),
-                 QStringList({QStringLiteral("Editor:editor"), QStringLiteral("Mail:mail")}));
-        settings.model.setRule(
-            {QStringLiteral("gone"), true, false}); // its windows are in no layout
+        settings.model.setRule({QStringLiteral("gone"), true, false}); // in no layout
         settings.model.setRule({QStringLiteral("mail"), true, false});
-        settings.desktop.open(
-            settings.desktop.launch(QStringLiteral("browser"), QStringLiteral("browser")), {},
-            leftPlace);
+        const auto open = [&](const QString &id, const QString &name) {
+            settings.desktop.open(settings.desktop.launch(id, name), {}, leftPlace);
+        };
+        open(QStringLiteral("browser"), QStringLiteral("browser"));
         settings.undock();
         settings.scheduler.advance(2min); // another desk, and another application on it
         settings.model.refresh();
         QCOMPARE(settings.model.layouts().size(), 2u);
-        settings.desktop.open(
-            settings.desktop.launch(QStringLiteral("radio"), QStringLiteral("Radio")), {},
-            leftPlace);
+        open(QStringLiteral("radio"), QStringLiteral("Radio"));
         settings.model.addSceneFromCurrentWindows(); // one that is only in a scene
-        const QStringList all{QStringLiteral("browser:browser"), QStringLiteral("Editor:editor"),
+        QCOMPARE(settings.rules(),
+                 QStringList({QStringLiteral("browser:browser"), QStringLiteral("Editor:editor"),
                               QStringLiteral("gone:gone ignored"),
-                              QStringLiteral("Mail:mail ignored"), QStringLiteral("Radio:radio")};
-        QCOMPARE(settings.rules(), all);
-        settings.start();
-        QCOMPARE(settings.controller->rules().rule(QStringLiteral("mail")).ignored, true);
+                              QStringLiteral("Mail:mail ignored"), QStringLiteral("Radio:radio")}));
     }
 
     void aDeskIsRenamedAndForgotten()
@@ -191,8 +158,7 @@ private Q_SLOTS:
         Settings settings;
         settings.model.addSceneFromCurrentWindows();
         const QString desk = settings.model.layouts().at(0).configID;
-        settings.model.renameDesk(settings.model.layouts().at(0).configID,
-                                  QStringLiteral("Office"));
+        settings.model.renameDesk(desk, QStringLiteral("Office"));
         QCOMPARE(settings.model.deskName(desk), QStringLiteral("Office"));
         QCOMPARE(settings.panel.deskName(), QStringLiteral("Office"));
         settings.model.forgetDesk(settings.model.layouts().at(0).configID);
