@@ -84,6 +84,8 @@ QString outputOf(const QString &program, const QStringList &arguments)
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 
+const QStringList shells{QStringLiteral("bash"), QStringLiteral("fish"), QStringLiteral("zsh")};
+
 /// For each line what the shell offers at its end, sorted.
 QList<QStringList> offers(const QString &shell, const QStringList &lines)
 {
@@ -141,16 +143,8 @@ private Q_SLOTS:
         QDir::setCurrent(m_home.path());
     }
 
-    void everyShellOffersExactlyWhatThereIs_data()
-    {
-        QTest::addColumn<QString>("shell");
-        for (const char *shell : {"bash", "fish", "zsh"})
-            QTest::newRow(shell) << QString::fromLatin1(shell);
-    }
-
     void everyShellOffersExactlyWhatThereIs()
     {
-        QFETCH(QString, shell);
         QStringList lines{QStringLiteral("panorel "), QStringLiteral("panorel --json "),
                           QStringLiteral("panorel -")};
         QList<QStringList> expected{sorted(verbNames()), sorted(verbNames()), generalOptions};
@@ -163,34 +157,36 @@ private Q_SLOTS:
                   << QStringLiteral("panorel %1 x ba").arg(QLatin1String(verb));
             expected << QStringList{QStringLiteral("backup.json")} << QStringList{};
         }
-        const auto offered = offers(shell, lines);
-        for (qsizetype i = 0; i < lines.size(); ++i) {
-            QVERIFY2(offered.value(i) == expected[i],
-                     qPrintable(lines[i] + QStringLiteral(": ") + offered.value(i).join(u' ')));
+        for (const QString &shell : shells) {
+            const auto offered = offers(shell, lines);
+            for (qsizetype i = 0; i < lines.size(); ++i) {
+                const QString line = shell + QStringLiteral(": ") + lines[i];
+                QVERIFY2(offered.value(i) == expected[i],
+                         qPrintable(line + offered.value(i).join(u' ')));
+            }
         }
     }
 
-    void everyShellOffersTheScenes_data() { everyShellOffersExactlyWhatThereIs_data(); }
-
     void everyShellOffersTheScenes()
     {
-        QFETCH(QString, shell);
-        TestDataDir data;
         const QString apply = QStringLiteral("panorel apply ");
-        QCOMPARE(offers(shell, {apply}).front(), QStringList());
-
+        const QString id = QStringLiteral("6F1C1D3A-3C11-4C0E-9B7B-0D5C3A7F2E10");
+        TestDataDir data;
+        for (const QString &shell : shells)
+            QCOMPARE(offers(shell, {apply}).front(), QStringList());
         SceneRecord scene;
-        scene.id = QUuid(QStringLiteral("{6f1c1d3a-3c11-4c0e-9b7b-0d5c3a7f2e10}"));
+        scene.id = QUuid(id);
         scene.name = QStringLiteral("Größe \"x\" $HOME");
         SceneStore(data.log, data.clock).add(scene);
-        const QString id = QStringLiteral("6F1C1D3A-3C11-4C0E-9B7B-0D5C3A7F2E10");
-        const auto offered =
-            offers(shell, {apply, apply + QStringLiteral("6F1C"), apply + QStringLiteral("x "),
-                           QStringLiteral("panorel --json apply ")});
-        QVERIFY2(offered[0].contains(scene.name), qPrintable(offered[0].join(u'|')));
-        QCOMPARE(offered[1], QStringList{id});
-        QVERIFY(!offered[2].contains(scene.name) && !offered[2].contains(id));
-        QVERIFY(offered[3].contains(scene.name));
+        for (const QString &shell : shells) {
+            const auto offered =
+                offers(shell, {apply, apply + QStringLiteral("6F1C"), apply + QStringLiteral("x "),
+                               QStringLiteral("panorel --json apply ")});
+            QVERIFY2(offered[0].contains(scene.name), qPrintable(offered[0].join(u'|')));
+            QCOMPARE(offered[1], QStringList{id});
+            QVERIFY(!offered[2].contains(scene.name) && !offered[2].contains(id));
+            QVERIFY(offered[3].contains(scene.name));
+        }
     }
 
     void theManualHasEveryVerbWithItsOptions()
