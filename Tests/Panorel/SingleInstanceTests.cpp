@@ -17,36 +17,31 @@ namespace {
 
 /// A start of the program: this test program in another role. It says "runs" and goes on until its
 /// input ends, or says "told" and ends, or gives the reason why it can't.
-class Start {
+class Start : public QProcess {
 public:
     Start()
     {
-        m_process.setProcessChannelMode(QProcess::MergedChannels);
-        m_process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--start")});
+        setProcessChannelMode(QProcess::MergedChannels);
+        start(QCoreApplication::applicationFilePath(), {QStringLiteral("--start")});
     }
-    ~Start()
+    ~Start() override
     {
-        m_process.closeWriteChannel();
-        m_process.waitForFinished();
+        closeWriteChannel();
+        waitForFinished();
     }
-    Start(const Start &) = delete;
-    Start &operator=(const Start &) = delete;
 
     /// Its first line; the event loop runs meanwhile.
     QString outcome()
     {
-        if (!QTest::qWaitFor([this] { return m_process.canReadLine(); }, 10'000))
+        if (!QTest::qWaitFor([this] { return canReadLine(); }, 10'000))
             return QStringLiteral("nothing");
-        return QString::fromUtf8(m_process.readLine()).trimmed();
+        return QString::fromUtf8(readLine()).trimmed();
     }
     void killNow()
     {
-        m_process.kill();
-        m_process.waitForFinished();
+        kill();
+        waitForFinished();
     }
-
-private:
-    QProcess m_process;
 };
 
 const QString runs = QStringLiteral("runs");
