@@ -3,8 +3,6 @@
 #include "Desktop/Support/DesktopProbe.h"
 #include "Support/TestHome.h"
 
-#include <csignal>
-
 namespace Panorel::Desktop {
 namespace {
 
@@ -78,29 +76,17 @@ TestClient::TestClient(const QStringList &command) : m_process(command.first(), 
 }
 
 TestCrowd::TestCrowd(int windows, int applications)
-    : m_process(ownClient("many-windows"),
-                {QString::number(windows), QString::number(applications)})
+    : m_process(ownClient("xcb-client"),
+                QStringLiteral("--title Document --class Application --count %1 --applications %2")
+                    .arg(windows)
+                    .arg(applications)
+                    .split(u' '))
 {
     m_process.start();
-    for (const QString &window : m_process.readLine().split(u' '))
-        m_windows.push_back(window.toUInt());
+    for (int i = 0; i < windows; ++i)
+        m_windows.push_back(m_process.readLine().toUInt());
     const DesktopProbe probe;
     require([&] { return probe.stacking().size() >= m_windows.size(); }, "a crowd of windows");
-}
-
-void TestClient::dieWhenMoved()
-{
-    send(SIGUSR1);
-}
-
-void TestClient::stop()
-{
-    send(SIGSTOP);
-}
-
-void TestClient::goOn()
-{
-    send(SIGCONT);
 }
 
 void TestClient::send(int signal)

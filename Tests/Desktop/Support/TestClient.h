@@ -5,6 +5,8 @@
 
 #include <xcb/xcb.h>
 
+#include <csignal>
+
 namespace Panorel::Desktop {
 
 /// What kinds of window there are, each with a trap of its own.
@@ -34,11 +36,10 @@ public:
     xcb_window_t window() const { return m_window; }
 
     /// It kills itself, without a word to the window manager, as soon as it is next moved.
-    void dieWhenMoved();
-
+    void dieWhenMoved() { send(SIGUSR1); }
     /// It answers nothing until it goes on.
-    void stop();
-    void goOn();
+    void stop() { send(SIGSTOP); }
+    void goOn() { send(SIGCONT); }
 
 private:
     void send(int signal);
