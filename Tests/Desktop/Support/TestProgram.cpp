@@ -73,10 +73,11 @@ qsizetype TestProgram::logged(const char *text) const
 void TestProgram::pressUntilLogged(TestKeyboard &keyboard, const HotKeyCombo &combo,
                                    const char *text) const
 {
+    const qsizetype before = logged(text);
     require(
         [&] {
             keyboard.press(combo);
-            return waitUntil([&] { return logged(text) > 0; }, 3'000);
+            return waitUntil([&] { return logged(text) > before; }, 3'000);
         },
         text);
 }

@@ -39,7 +39,7 @@ public:
     QByteArray awaitRestore(qsizetype logSize, int displays) const;
     qsizetype logSize() const { return log().size(); }
 
-    /// Until it was heard: before the program has the key it goes to a window.
+    /// Until it was heard and logged once more: before the program has the key it goes to a window.
     void pressUntilLogged(TestKeyboard &keyboard, const HotKeyCombo &combo, const char *text) const;
 
     QByteArray read(const QString &file) const;
