@@ -1,7 +1,6 @@
 #include "Desktop/Support/DesktopSession.h"
 #include "Desktop/Support/TestProgram.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QRegularExpression>
 #include <QTest>
@@ -19,9 +18,9 @@ const QByteArray documentedScene =
     R"("layout":{"configID":"c","name":"","layoutName":"","savedAt":"2024-01-01T00:00:00Z",)"
     R"("displays":[],"windows":[]}})";
 
-/// What a command of another program says; the words are its arguments.
+/// What a command says that is run to its end.
 struct Command {
-    explicit Command(const QString &program, const QStringList &arguments)
+    Command(const QString &program, const QStringList &arguments)
     {
         QProcess process;
         process.start(program, arguments);
@@ -31,29 +30,28 @@ struct Command {
         output = QString::fromUtf8(process.readAllStandardOutput());
         errors = QString::fromUtf8(process.readAllStandardError());
     }
+    QJsonObject json() const { return QJsonDocument::fromJson(output.toUtf8()).object(); }
+
     int status = 0;
     QString output;
     QString errors;
 };
 
-Command panorel(const char *words)
+/// The words and the last argument, which may contain blanks.
+Command panorel(const char *words, const QString &last = {})
 {
-    return Command(TestProgram::path(), QString::fromUtf8(words).split(u' '));
+    QStringList arguments = QString::fromUtf8(words).split(u' ');
+    if (!last.isEmpty())
+        arguments << last;
+    return {TestProgram::path(), arguments};
 }
 
-QJsonObject json(const Command &command)
+Command busCall(const char *method, const char *arguments = "")
 {
-    return QJsonDocument::fromJson(command.output.toUtf8()).object();
-}
-
-Command busCall(const char *method, const QStringList &arguments = {})
-{
-    return Command(QStringLiteral("gdbus"),
-                   QStringList{QStringLiteral("call"), QStringLiteral("--session"),
-                               QStringLiteral("--dest=org.panorel.Panorel"),
-                               QStringLiteral("--object-path=/org/panorel/Panorel"),
-                               QStringLiteral("--method=") + QLatin1String(method)}
-                       + arguments);
+    const QString words = QStringLiteral("call --session --dest=org.panorel.Panorel "
+                                         "--object-path=/org/panorel/Panorel --method=%1 %2")
+                              .arg(QLatin1String(method), QLatin1String(arguments));
+    return {QStringLiteral("gdbus"), words.split(u' ', Qt::SkipEmptyParts)};
 }
 
 } // namespace
@@ -72,37 +70,32 @@ private Q_SLOTS:
 void CommandLineTest::theRunningProgramDoesWhatItIsTold()
 {
     const Rect learned{200, 200, 500, 400};
+    const Rect elsewhere{700, 500, 450, 350};
     DesktopSession desk;
     const TestClient &window = desk.open(ClientKind::Plain, "letter", learned);
-    desk.open(ClientKind::Plain, "other", {900, 300, 400, 300});
     TestProgram program;
-    program.awaitLogged(1, "learned layout: 2 windows");
+    program.awaitLogged(1, "learned layout: 1 windows");
     require([] { return panorel("status").status == 0; }, "an answer");
 
-    desk.moveAndWait(window, {700, 500, 450, 350});
+    desk.moveAndWait(window, elsewhere);
     const Command plan = panorel("restore --dry-run");
     QVERIFY2(plan.output.contains(
                  QStringLiteral("“letter”  700,500 450x350 -> 200,200 500x400  by title")),
              qPrintable(plan.output));
-    QCOMPARE(desk.probe.restingFrame(window.window()), (Rect{700, 500, 450, 350}));
+    QCOMPARE(desk.probe.restingFrame(window.window()), elsewhere);
     QCOMPARE(panorel("undo").errors, QStringLiteral("panorel: there is nothing to undo\n"));
 
     const Command restore = panorel("restore");
-    QCOMPARE(restore.output, QStringLiteral("Put back 2 of 2 windows\n"));
+    QCOMPARE(restore.output, QStringLiteral("Put back 1 of 1 window\n"));
     QCOMPARE(restore.errors, QString());
     QCOMPARE(desk.probe.restingFrame(window.window()), learned);
-    QCOMPARE(panorel("undo --json").status, 0);
-    QCOMPARE(desk.probe.restingFrame(window.window()), (Rect{700, 500, 450, 350}));
-    QCOMPARE(json(panorel("status --json"))
-                 .value(QStringLiteral("desk"))[QStringLiteral("windows")]
-                 .toInt(),
-             2);
+    const QJsonObject status = panorel("status --json").json();
+    QCOMPARE(status[QStringLiteral("desk")][QStringLiteral("windows")].toInt(), 1);
     const Command missing = panorel("apply Nothing");
     QCOMPARE(missing.status, 4);
     QCOMPARE(missing.errors, QStringLiteral("panorel: there is no scene “Nothing”\n"));
-    QVERIFY(panorel("log").output.startsWith(QStringLiteral("[")));
     program.endCleanly(SIGTERM);
-    QCOMPARE(program.logged("restore report:"), 2);
+    QCOMPARE(program.logged("restore report:"), 1);
 }
 
 void CommandLineTest::withoutAProgramTheFilesAnswer()
@@ -116,22 +109,20 @@ void CommandLineTest::withoutAProgramTheFilesAnswer()
     QCOMPARE(restore.status, 3);
     QCOMPARE(restore.errors, QStringLiteral("panorel: Panorel is not running\n"));
     QCOMPARE(panorel("dance").status, 2);
-    QCOMPARE(json(panorel("status --json")).value(QStringLiteral("running")), false);
+    QCOMPARE(panorel("status --json").json().value(QStringLiteral("running")), false);
 
     const QByteArray scenes = R"({"lastAppliedByConfig":{},"scenes":[)" + documentedScene + "]}";
     writeFile(data.filePath(QStringLiteral("scenes.json")), scenes);
     const QString file = data.filePath(QStringLiteral("all.json"));
-    QCOMPARE(Command(TestProgram::path(), {QStringLiteral("export"), file}).status, 0);
+    QCOMPARE(panorel("export", file).status, 0);
     QVERIFY(QFile::remove(data.filePath(QStringLiteral("scenes.json"))));
     QCOMPARE(panorel("scenes").output, QStringLiteral("No scenes.\n"));
-    const Command import(TestProgram::path(), {QStringLiteral("import"), file});
+    const Command import = panorel("import", file);
     QVERIFY2(import.output.startsWith(
                  QStringLiteral("Replaced 0 desks, 0 scenes, 0 rules, 0 triggers by 0 desks, 1 "
                                 "scene, 0 rules, 0 triggers\n")),
              qPrintable(import.output + import.errors));
-    const QJsonArray list =
-        json(panorel("--json scenes")).value(QStringLiteral("scenes")).toArray();
-    QCOMPARE(list.at(0)[QStringLiteral("name")].toString(), QStringLiteral("Scene 1"));
+    QVERIFY(panorel("scenes").output.contains(QStringLiteral("Scene 1")));
     QCOMPARE(QDir(data.filePath(QStringLiteral("backups"))).entryList(QDir::Files).size(), 1);
     qunsetenv("PANOREL_DATA_DIR");
 }
@@ -148,18 +139,14 @@ void CommandLineTest::theSessionBusHasTheSameVerbs()
         program.awaitLogged(1, "learned layout: 1 windows");
         require([] { return busCall("org.panorel.Panorel.Status").status == 0; }, "the service");
         desk.moveAndWait(window, {700, 500, 450, 350});
-        const Command plan = busCall("org.panorel.Panorel.Restore", {QStringLiteral("true")});
+        const Command plan = busCall("org.panorel.Panorel.Restore", "true");
         QVERIFY2(plan.output.contains(QStringLiteral("\"matchedBy\": \"title\"")),
                  qPrintable(plan.output + plan.errors));
         QCOMPARE(desk.probe.restingFrame(window.window()), (Rect{700, 500, 450, 350}));
         // As a desktop does for an action of the desktop file.
-        QCOMPARE(busCall("org.freedesktop.Application.ActivateAction",
-                         {QStringLiteral("restore"), QStringLiteral("[]"), QStringLiteral("{}")})
-                     .status,
-                 0);
+        QCOMPARE(busCall("org.freedesktop.Application.ActivateAction", "restore [] {}").status, 0);
         QCOMPARE(desk.probe.restingFrame(window.window()), learned);
-        const Command missing = busCall("org.panorel.Panorel.Apply",
-                                        {QStringLiteral("Nothing"), QStringLiteral("false")});
+        const Command missing = busCall("org.panorel.Panorel.Apply", "Nothing false");
         QVERIFY2(missing.errors.contains(QStringLiteral("org.panorel.Panorel.Error.NotFound")),
                  qPrintable(missing.errors));
         program.endCleanly(SIGTERM);
@@ -176,18 +163,15 @@ void CommandLineTest::everyCommandOfTheGuidesWorks()
     TestProgram program;
     program.awaitLogged(1, "learned layout: 1 windows");
     const QString file = folder.filePath(QStringLiteral("state.json"));
-    require(
-        [&] {
-            return Command(TestProgram::path(), {QStringLiteral("export"), file}).status == 0;
-        },
-        "an export");
+    require([&] { return panorel("export", file).status == 0; }, "an export");
     QByteArray state = readFile(file);
     const QByteArray noScenes = "\"scenes\": [\n            ]";
     QVERIFY(state.contains(noScenes));
     writeFile(file, state.replace(noScenes, QByteArray("\"scenes\": [") + documentedScene + ']'));
-    QCOMPARE(Command(TestProgram::path(), {QStringLiteral("import"), file}).errors, QString());
+    QCOMPARE(panorel("import", file).errors, QString());
     QCOMPARE(panorel("restore").status, 0); // so that there is something to undo
 
+    qputenv("PATH", QFileInfo(TestProgram::path()).path().toUtf8() + ":/usr/bin:/bin");
     static const QRegularExpression typed(QStringLiteral("(?m)^    (panorel [^\n]*)$"));
     int count = 0;
     for (const char *name : {"/README.md", "/Documentation/UserGuide.md"}) {
@@ -195,21 +179,17 @@ void CommandLineTest::everyCommandOfTheGuidesWorks()
             QString::fromUtf8(readFile(QStringLiteral(PANOREL_ROOT) + QLatin1String(name)));
         for (auto found = typed.globalMatch(guide); found.hasNext();) {
             const QString line = found.next().captured(1);
+            const bool isFollowed = line.contains(QStringLiteral("--follow"));
             QProcess shell;
             shell.setWorkingDirectory(folder.path());
-            QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-            environment.insert(QStringLiteral("PATH"), QFileInfo(TestProgram::path()).path()
-                                                           + QStringLiteral(":/usr/bin:/bin"));
-            shell.setProcessEnvironment(environment);
-            if (line.contains(QStringLiteral("--follow"))) {
-                shell.start(QStringLiteral("sh"),
-                            {QStringLiteral("-c"), line + QStringLiteral(" | head -n 1")});
+            shell.start(
+                QStringLiteral("sh"),
+                {QStringLiteral("-c"), isFollowed ? line + QStringLiteral(" | head -n 1") : line});
+            if (isFollowed) {
                 require([&] { return shell.canReadLine(); }, "a line of the log");
                 QVERIFY(shell.readLine().startsWith("["));
                 // It notices with the next line that nobody listens any more.
                 QCOMPARE(panorel("restore").status, 0);
-            } else {
-                shell.start(QStringLiteral("sh"), {QStringLiteral("-c"), line});
             }
             QVERIFY2(shell.waitForFinished(30'000), qPrintable(line));
             QVERIFY2(shell.exitCode() == 0,

@@ -92,35 +92,32 @@ private Q_SLOTS:
             QCOMPARE(pictureWay(QLatin1String(name)), way);
     }
 
-    void thePictureCoversEveryMonitorWithItsMiddle_data()
-    {
-        QTest::addColumn<QString>("file");
-        QTest::newRow("wide") << save(quarters({4000, 500}, {500, 0}), "wide.png");
-        QTest::newRow("tall") << save(quarters({500, 4000}, {0, 500}), "tall.jpg");
-        QTest::newRow("small") << save(quarters({32, 18}), "small.bmp");
-        QTest::newRow("long and thin") << save(quarters({20, 30000}, {0, 9000}), "thin.png");
-        QTest::newRow("turned by the camera") << saveTurned(quarters({1920, 1080}), "turned.jpg");
-        QFile::copy(path("wide.png"), path("wide.jpg"));
-        QTest::newRow("wrong suffix") << path("wide.jpg");
-    }
     void thePictureCoversEveryMonitorWithItsMiddle()
     {
-        QFETCH(QString, file);
-        const auto before = rootProperty("_XROOTPMAP_ID");
-        show("", file);
-        const auto pixmap = rootProperty("_XROOTPMAP_ID").value();
-        QVERIFY(pixmap != before);
-        QCOMPARE(rootProperty("ESETROOT_PMAP_ID"), pixmap);
-        for (const QRect monitor : {QRect(0, 0, 1920, 1080), QRect(1920, 0, 1280, 1024)}) {
-            for (const auto &[right, below, color] : corners) {
-                // Near the corners, where a stretched picture would show its black ends.
-                const int x = monitor.x() + (right ? monitor.width() - 5 : 4);
-                const int y = monitor.y() + (below ? monitor.height() - 5 : 4);
-                QVERIFY(isNearly(pixel(pixmap, x, y), color));
-                QVERIFY(isNearly(pixel(m_viewer->root(), x, y), color));
+        QStringList files{save(quarters({4000, 500}, {500, 0}), "wide.png"),
+                          save(quarters({500, 4000}, {0, 500}), "tall.jpg"),
+                          save(quarters({32, 18}), "small.bmp"),
+                          save(quarters({20, 30000}, {0, 9000}), "thin.png"),
+                          saveTurned(quarters({1920, 1080}), "turned.jpg"),
+                          path("wide.jpg")};
+        QFile::copy(files.first(), files.last()); // of a wrong suffix
+        for (const QString &file : std::as_const(files)) {
+            const auto before = rootProperty("_XROOTPMAP_ID");
+            show("", file);
+            const auto pixmap = rootProperty("_XROOTPMAP_ID").value();
+            QVERIFY(pixmap != before);
+            QCOMPARE(rootProperty("ESETROOT_PMAP_ID"), pixmap);
+            for (const QRect monitor : {QRect(0, 0, 1920, 1080), QRect(1920, 0, 1280, 1024)}) {
+                for (const auto &[right, below, color] : corners) {
+                    // Near the corners, where a stretched picture would show its black ends.
+                    const int x = monitor.x() + (right ? monitor.width() - 5 : 4);
+                    const int y = monitor.y() + (below ? monitor.height() - 5 : 4);
+                    QVERIFY2(isNearly(pixel(pixmap, x, y), color), qPrintable(file));
+                    QVERIFY2(isNearly(pixel(m_viewer->root(), x, y), color), qPrintable(file));
+                }
             }
+            QCOMPARE(pixel(pixmap, 2500, 1060), QColor(Qt::black)); // below the smaller monitor
         }
-        QCOMPARE(pixel(pixmap, 2500, 1060), QColor(Qt::black)); // below the smaller monitor
     }
 
     void anotherPictureFreesTheOneBeforeAndNobodyElses()
@@ -176,40 +173,34 @@ private Q_SLOTS:
         QVERIFY(exists(before));
     }
 
-    void theSettingIsStored_data()
-    {
-        QTest::addColumn<QByteArray>("schema");
-        QTest::addColumn<QByteArray>("key");
-        QTest::addColumn<QByteArray>("fitting"); ///< the user's
-        QTest::addColumn<QByteArray>("fittingAfter");
-        const auto row = [](const char *desktop, QByteArray schema, QByteArray key,
-                            QByteArray fitting, QByteArray after) {
-            QTest::newRow(desktop) << schema << key << fitting << after;
-        };
-        row("GNOME", "org.gnome.desktop.background", "picture-uri", "none", "zoom");
-        row("Unity", "org.gnome.desktop.background", "picture-uri-dark", "centered", "centered");
-        row("Cinnamon", "org.cinnamon.desktop.background", "picture-uri", "none", "zoom");
-        row("MATE", "org.mate.background", "picture-filename", "spanned", "spanned");
-    }
     void theSettingIsStored()
     {
-        QFETCH(QByteArray, schema);
-        QFETCH(QByteArray, key);
-        QFETCH(QByteArray, fitting);
-        const GOwned<GSettings> settings(g_settings_new(schema));
-        const auto stored = [&](const char *name) {
-            const std::unique_ptr<char, decltype(&g_free)> text(
-                g_settings_get_string(settings.get(), name), g_free);
-            return QByteArray(text.get());
-        };
-        g_settings_set_string(settings.get(), "picture-options", fitting);
+        const struct {
+            const char *desktop, *schema, *key;
+            const char *fitting; ///< the user's
+            const char *fittingAfter;
+        } rows[] = {
+            {"GNOME", "org.gnome.desktop.background", "picture-uri", "none", "zoom"},
+            {"Unity", "org.gnome.desktop.background", "picture-uri-dark", "centered", "centered"},
+            {"Cinnamon", "org.cinnamon.desktop.background", "picture-uri", "none", "zoom"},
+            {"MATE", "org.mate.background", "picture-filename", "spanned", "spanned"}};
         const QString file = save(quarters({64, 48}), hostileName);
-        for (const QString &shown : {file, path("missing.png")}) {
-            show(QTest::currentDataTag(), shown);
-            QCOMPARE(key.contains("uri") ? QUrl::fromEncoded(stored(key)).toLocalFile()
-                                         : QString::fromUtf8(stored(key)),
-                     file);
-            QTEST(stored("picture-options"), "fittingAfter");
+        for (const auto &[desktop, schema, key, fitting, fittingAfter] : rows) {
+            const GOwned<GSettings> settings(g_settings_new(schema));
+            const auto stored = [&](const char *name) {
+                const std::unique_ptr<char, decltype(&g_free)> text(
+                    g_settings_get_string(settings.get(), name), g_free);
+                return QByteArray(text.get());
+            };
+            g_settings_set_string(settings.get(), "picture-options", fitting);
+            for (const QString &shown : {file, path("missing.png")}) {
+                show(desktop, shown);
+                QCOMPARE(QByteArray(key).contains("uri")
+                             ? QUrl::fromEncoded(stored(key)).toLocalFile()
+                             : QString::fromUtf8(stored(key)),
+                         file);
+                QCOMPARE(stored("picture-options"), QByteArray(fittingAfter));
+            }
         }
     }
 

@@ -3,7 +3,6 @@
 #include "PanorelCore/JSON/PanorelJSON.h"
 #include "PanorelCore/Records/ModelCoding.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 #include <csignal>
@@ -107,10 +106,7 @@ void ScenesTest::aStartedProgramLandsInItsPlace()
         reader.start();
         require([&] { return desk.reader().has_value(); }, "the reader");
         const auto window = desk.reader().value();
-        QElapsedTimer sinceManaged;
-        sinceManaged.start();
         require([&] { return desk.probe.frame(window) == readersPlace; }, "the reader's place");
-        qInfo("in place %lld ms after it was managed", sinceManaged.elapsed());
         program.awaitLogged(launch, "launch placement: moved 1 windows for org.example.Reader");
         desk.probe.close(window);
         require([&] { return !desk.reader(); }, "the reader's end");
