@@ -18,6 +18,7 @@ class ProgramTest : public QObject {
 private Q_SLOTS:
     void aDeskIsKnownAgainHoweverItIsPluggedIn();
     void theGlobalKeysActOverAnotherProgram();
+    void theStashKeyPutsTheDeskAwayAndBringsItBack();
     void aNewUserIsWelcomedWhileTheDeskIsLearned();
     void theServersEndIsSaidOnceAndLosesNothing();
     void withoutADisplayItSaysSo();
@@ -27,7 +28,6 @@ void ProgramTest::aDeskIsKnownAgainHoweverItIsPluggedIn()
 {
     /// Outputs with the serial numbers of their displays, from left to right.
     using Displays = std::vector<std::pair<int, int>>;
-    // The desk's identity itself is tested elsewhere: here it is what the windows do.
     const Displays pair{{0, 11}, {1, 12}};
     const struct {
         const char *name;
@@ -37,6 +37,7 @@ void ProgramTest::aDeskIsKnownAgainHoweverItIsPluggedIn()
     } rows[] = {
         {"the lid closed and opened", pair, {{1, 12}}, pair},
         {"another connector", pair, {{0, 11}}, {{0, 11}, {5, 12}}},
+        {"exchanged connectors", pair, {{0, 11}}, {{1, 11}, {0, 12}}},
         {"exchanged places", pair, {{0, 11}}, {{1, 12}, {0, 11}}},
         {"twins exchanged", {{0, 11}, {1, 11}}, {{0, 11}}, {{1, 11}, {0, 11}}},
     };
@@ -100,6 +101,29 @@ void ProgramTest::theGlobalKeysActOverAnotherProgram()
     program.awaitLogged(1, "hotkey: layout saved (1 windows)");
     QCOMPARE(desk.probe.activeWindow(), focus);
     program.endCleanly(SIGINT);
+}
+
+void ProgramTest::theStashKeyPutsTheDeskAwayAndBringsItBack()
+{
+    const HotKeyCombo stashKey{1, HotKeyCombo::option | HotKeyCombo::shift};
+    DesktopSession desk(QStringLiteral("xfwm4"));
+    TestKeyboard keyboard;
+    desk.open(ClientKind::GtkDecorated, "gtk.tar", {700, 400, 700, 500});
+    const TestClient &focused = desk.open(ClientKind::Plain, "notes", {160, 160, 500, 400});
+    desk.open(ClientKind::Qt, "qt", {2100, 200, 600, 450});
+    desk.activateAndWait(focused);
+    TestProgram program;
+    program.awaitLogged(1, "learned layout: 3 windows");
+    const QStringList frames = desk.frames();
+    const auto order = desk.probe.stacking();
+    program.pressUntilLogged(keyboard, stashKey, "stash: hid ");
+    for (const TestClient &client : desk.clients)
+        require([&] { return desk.isMinimised(client); }, "a stashed window");
+    keyboard.press(stashKey);
+    program.awaitLogged(1, "restore report: 3/3 restored, 0 failed");
+    QTRY_COMPARE(desk.probe.activeWindow(), std::optional(focused.window()));
+    QCOMPARE(desk.frames(), frames);
+    QTRY_COMPARE(desk.probe.stacking(), order);
 }
 
 void ProgramTest::aNewUserIsWelcomedWhileTheDeskIsLearned()
