@@ -99,7 +99,13 @@ void DesktopFaultsTest::theWindowManagerMayGoAndComeBack()
             desk.program->awaitRest();
             desk.manager = std::make_unique<TestWindowManager>(QStringLiteral("xfwm4"));
         } else {
+            // Its next window may have the same number, but not this name.
+            const QString old = QStringLiteral("restarting");
+            desk.probe.setTitle(desk.probe.managerWindow(), old.toUtf8());
             run(QStringLiteral("openbox"), {QStringLiteral("--restart")});
+            require([&] { return desk.probe.title(desk.probe.managerWindow()) != old; },
+                    "the restart");
+            desk.probe.awaitManager();
         }
         desk.frames(); // at rest
         desk.checkRestore();

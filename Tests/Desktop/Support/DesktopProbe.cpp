@@ -254,10 +254,19 @@ void DesktopProbe::setDesktopCount(std::uint32_t count)
         "the number of desktops");
 }
 
-bool DesktopProbe::hasWindowManager() const
+xcb_window_t DesktopProbe::managerWindow() const
 {
     const std::vector<std::uint32_t> check = values(m_root, "_NET_SUPPORTING_WM_CHECK");
-    return !check.empty() && values(check[0], "_NET_SUPPORTING_WM_CHECK") == check;
+    const bool exists = !check.empty() && values(check[0], "_NET_SUPPORTING_WM_CHECK") == check;
+    return exists ? check[0] : xcb_window_t(XCB_WINDOW_NONE);
+}
+
+void DesktopProbe::awaitManager()
+{
+    require([&] { return managerWindow() != XCB_WINDOW_NONE; }, "a window manager");
+    // It announces itself before it manages windows; once it answers, it does.
+    setDesktopCount(3);
+    setDesktopCount(1);
 }
 
 void DesktopProbe::click(int x, int y)

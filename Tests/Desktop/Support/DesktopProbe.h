@@ -60,8 +60,10 @@ public:
     std::optional<std::uint32_t> currentDesktop() const;
     void setDesktopCount(std::uint32_t count);
 
-    /// Whether a window manager is here whose window still exists.
-    bool hasWindowManager() const;
+    /// The window by which a window manager says that it is here; none while none is.
+    xcb_window_t managerWindow() const;
+    /// Until one is here that answers.
+    void awaitManager();
 
     /// Every request so far has been carried out by the server.
     void sync() const;
