@@ -9,7 +9,6 @@
 #include <QCoreApplication>
 #include <QDir>
 
-#include <cstdio>
 #include <sys/stat.h>
 #include <thread>
 
@@ -107,12 +106,9 @@ void measure(Results &results, const QString &manager, int count, int rounds)
 
 void measureLearn(Results &results, const Selection &selection)
 {
-    for (const QString &manager : selection.managers) {
-        for (const int size : selection.sizes) {
-            std::fprintf(stderr, "learn: %d windows under %s\n", size, qPrintable(manager));
-            measure(results, manager, size, selection.rounds);
-        }
-    }
+    selection.forEachDesk("learn", [&](const QString &manager, int windows) {
+        measure(results, manager, windows, selection.rounds);
+    });
 }
 
 } // namespace Panorel::Bench

@@ -7,8 +7,6 @@
 
 #include <QCoreApplication>
 
-#include <cstdio>
-
 namespace Panorel::Bench {
 
 namespace {
@@ -177,12 +175,9 @@ private:
 
 void measureRestore(Results &results, const Selection &selection)
 {
-    for (const QString &manager : selection.managers) {
-        for (const int size : selection.sizes) {
-            std::fprintf(stderr, "restore: %d windows under %s\n", size, qPrintable(manager));
-            RestoreBench(results, manager, size).run(selection.rounds);
-        }
-    }
+    selection.forEachDesk("restore", [&](const QString &manager, int windows) {
+        RestoreBench(results, manager, windows).run(selection.rounds);
+    });
 }
 
 } // namespace Panorel::Bench

@@ -5,6 +5,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <cstdio>
+
 namespace Panorel::Bench {
 
 void Results::write(const QString &path) const
@@ -22,6 +24,18 @@ void Results::write(const QString &path) const
                                {QStringLiteral("samples"), values}});
     }
     writeFile(path, QJsonDocument(all).toJson());
+}
+
+void Selection::forEachDesk(
+    const char *scenario,
+    const std::function<void(const QString &manager, int windows)> &measure) const
+{
+    for (const QString &manager : managers) {
+        for (const int size : sizes) {
+            std::fprintf(stderr, "%s: %d windows under %s\n", scenario, size, qPrintable(manager));
+            measure(manager, size);
+        }
+    }
 }
 
 } // namespace Panorel::Bench

@@ -3,6 +3,7 @@
 #include <QJsonArray>
 #include <QString>
 
+#include <functional>
 #include <map>
 #include <tuple>
 #include <vector>
@@ -42,6 +43,10 @@ struct Selection {
     std::vector<int> sizes;
     int rounds = 9;
     int idleSeconds = 90;
+
+    /// Calls it for each desk that was chosen, and says so on the terminal.
+    void forEachDesk(const char *scenario,
+                     const std::function<void(const QString &manager, int windows)> &measure) const;
 };
 
 void measureRestore(Results &results, const Selection &selection);

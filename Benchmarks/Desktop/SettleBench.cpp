@@ -2,7 +2,6 @@
 #include "Desktop/Results.h"
 #include "Desktop/Support/TestProgram.h"
 
-#include <cstdio>
 #include <thread>
 
 namespace Panorel::Bench {
@@ -71,12 +70,9 @@ private:
 
 void measureSettle(Results &results, const Selection &selection)
 {
-    for (const QString &manager : selection.managers) {
-        for (const int size : selection.sizes) {
-            std::fprintf(stderr, "settle: %d windows under %s\n", size, qPrintable(manager));
-            SettleBench(results, manager, size).run(selection.rounds);
-        }
-    }
+    selection.forEachDesk("settle", [&](const QString &manager, int windows) {
+        SettleBench(results, manager, windows).run(selection.rounds);
+    });
 }
 
 } // namespace Panorel::Bench
