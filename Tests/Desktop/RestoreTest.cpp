@@ -200,7 +200,7 @@ void RestoreTest::aLateAnswerToASecondRequestMovesNoWindow()
     const auto manager = static_cast<pid_t>(session.manager->processID());
     kill(manager, SIGSTOP);
     std::thread later([&] {
-        std::this_thread::sleep_for(300ms); // till it has been asked again
+        std::this_thread::sleep_for(3s); // meanwhile it is asked again and again
         kill(manager, SIGCONT);
     });
     QCOMPARE(session.restore(learned).restored, 2);

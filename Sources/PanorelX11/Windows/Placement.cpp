@@ -71,8 +71,8 @@ bool hasCentreOf(const Rect &area, const PixelRect &frame)
 } // namespace
 
 Placement::Placement(xcb_window_t window, const PlacementTarget &target,
-                     const WindowManager &windowManager, TimePoint deadline)
-    : m_window(window), m_target(target), m_windowManager(windowManager), m_deadline(deadline)
+                     const WindowManager &windowManager)
+    : m_window(window), m_target(target), m_windowManager(windowManager)
 {}
 
 void Placement::begin(const ClientReading &reading, const std::vector<Rect> &workAreas,
@@ -96,10 +96,10 @@ void Placement::begin(const ClientReading &reading, const std::vector<Rect> &wor
 }
 
 void Placement::judge(const std::optional<ClientReading> &reading, TimePoint now,
-                      TimePoint busyUntil)
+                      TimePoint busyUntil, TimePoint deadline)
 {
     m_hasChanged = false;
-    if (!reading || reading->isFullScreen || now >= m_deadline)
+    if (!reading || reading->isFullScreen || now >= deadline)
         return giveUp();
     const FrameGeometry &geometry = reading->geometry;
     if (geometry.client.width != m_lastGeometry.client.width
@@ -127,7 +127,7 @@ void Placement::judge(const std::optional<ClientReading> &reading, TimePoint now
         break;
     }
     // Nothing more to send: only an event, or the end of the time, can change anything.
-    m_nextLook = m_nextLook > now ? std::min(m_nextLook, m_deadline) : m_deadline;
+    m_nextLook = m_nextLook > now ? std::min(m_nextLook, deadline) : deadline;
 }
 
 void Placement::noteChange(TimePoint now)

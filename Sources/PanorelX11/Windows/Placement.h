@@ -30,7 +30,7 @@ public:
 
     /// The window manager outlives it.
     Placement(xcb_window_t window, const PlacementTarget &target,
-              const WindowManager &windowManager, TimePoint deadline);
+              const WindowManager &windowManager);
 
     /// Sends the first request for the window as it was just read, with the work areas of now.
     /// `isUnsure`: an earlier request is still under way, so that a window that seems in place may
@@ -41,7 +41,9 @@ public:
     /// Judges a reading and sends what follows from it; an absent one is a window that has gone.
     /// `busyUntil`: by then the window manager, which has other windows to place and may tell of
     /// none before it has placed them all, should have come to this one.
-    void judge(const std::optional<ClientReading> &reading, TimePoint now, TimePoint busyUntil);
+    /// `deadline`: then it is given up; it may be put off later.
+    void judge(const std::optional<ClientReading> &reading, TimePoint now, TimePoint busyUntil,
+               TimePoint deadline);
 
     /// An event told of a change.
     void noteChange(TimePoint now);
@@ -88,7 +90,6 @@ private:
     xcb_window_t m_window;
     PlacementTarget m_target;
     const WindowManager &m_windowManager;
-    TimePoint m_deadline;
 
     Phase m_phase = Phase::Moving;
     std::optional<Rect> m_area; ///< the work area to be maximised in; absent: not maximised

@@ -14,6 +14,10 @@ constexpr auto patience = 2s;
 constexpr auto patienceAfterDisplayChange = 6s;
 constexpr auto recentDisplayChange = 10s;
 
+/// How much longer a window manager is given that has not answered at all, or is still at it.
+constexpr auto patienceWithSlowManager = 4s;
+constexpr auto silenceAfterAnswers = 500ms;
+
 /// How much longer than its placement a client may take to notice that it was un-maximised.
 constexpr auto noticingTime = 5s;
 
@@ -84,14 +88,16 @@ void WindowPlacer::begin(xcb_window_t window, const PlacementTarget &target, Tim
     const auto now = std::chrono::steady_clock::now();
     const auto lastChange = m_monitors.lastChange();
     const bool displaysChanged = lastChange && now - *lastChange < recentDisplayChange;
-    Placement placement(window, target, m_windowManager,
-                        now + (displaysChanged ? patienceAfterDisplayChange : patience));
+    Placement placement(window, target, m_windowManager);
     placement.begin(*reading, workAreas, isUnsure, now);
     if (placement.isDone())
         return;
     m_lastActivity = std::max(m_lastActivity, now); // it has been given something to do
     m_pending.emplace(window,
-                      Pending{std::move(placement), {target, heldUntil, m_monitors.changeCount()}});
+                      Pending{std::move(placement),
+                              {target, heldUntil, m_monitors.changeCount()},
+                              now,
+                              now + (displaysChanged ? patienceAfterDisplayChange : patience)});
 }
 
 std::optional<PixelRect> WindowPlacer::awaitFrame(xcb_window_t window)
@@ -153,8 +159,16 @@ void WindowPlacer::noteEvent(const xcb_generic_event_t &event)
     const auto pending = m_pending.find(window);
     if (pending == m_pending.end())
         return;
-    m_lastActivity = std::chrono::steady_clock::now();
+    m_lastActivity = m_lastAnswer = std::chrono::steady_clock::now();
     pending->second.placement.noteChange(m_lastActivity);
+}
+
+WindowPlacer::TimePoint WindowPlacer::deadlineOf(const Pending &pending) const
+{
+    const TimePoint latest = pending.deadline + patienceWithSlowManager;
+    if (m_lastAnswer < pending.begun)
+        return latest;
+    return std::clamp(m_lastAnswer + silenceAfterAnswers, pending.deadline, latest);
 }
 
 std::optional<ClientReading> WindowPlacer::readingToStartFrom(xcb_window_t window, bool isUnsure)
@@ -200,7 +214,7 @@ void WindowPlacer::lookAtPending()
         if (isHeld)
             placement.giveUp();
         else
-            placement.judge(readings[i], now, busyUntil);
+            placement.judge(readings[i], now, busyUntil, deadlineOf(m_pending.at(windows[i])));
         if (placement.isDone() && readings[i])
             m_watch.add(windows[i], m_pending.at(windows[i]).place, placement, *readings[i], now);
     }

@@ -46,12 +46,15 @@ private:
     struct Pending {
         Placement placement;
         PlacementWatch::Place place;
+        TimePoint begun;
+        TimePoint deadline; ///< where the window manager answers at once
     };
 
     void begin(xcb_window_t window, const PlacementTarget &target, TimePoint heldUntil);
     void lookAtPlaced();
     void lookAtPending();
     void noteEvent(const xcb_generic_event_t &event);
+    TimePoint deadlineOf(const Pending &pending) const;
     std::optional<ClientReading> readingToStartFrom(xcb_window_t window, bool isUnsure);
     void readAtRest(xcb_window_t window);
     void look();
@@ -68,6 +71,7 @@ private:
     std::set<xcb_window_t> m_unread; ///< placed, and its frame not asked for
     std::unordered_map<xcb_window_t, PixelRect> m_restFrames; ///< read and unchanged since
     TimePoint m_lastActivity{}; ///< when a window was last seen to change or asked to
+    TimePoint m_lastAnswer{};   ///< when one was last seen to change
 };
 
 } // namespace Panorel::X11
