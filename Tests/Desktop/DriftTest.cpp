@@ -47,10 +47,11 @@ void DriftTest::roundTripsLoseNoPixel()
                                 .arg(round)
                                 .arg(time.elapsed())
                                 .arg(report.notes.join(u' '))));
-        QCOMPARE(session.frames(), before);
+        // A shadow may still grow, and its window be put back, once the event loop runs.
+        QTRY_COMPARE(session.frames(), before);
         QTRY_COMPARE(session.probe.stacking(), order);
         QCOMPARE(session.probe.activeWindow(), std::optional(focused.window()));
-        QTRY_VERIFY(session.capture().windows == learned.windows); // a shadow may still grow
+        QTRY_VERIFY(session.capture().windows == learned.windows);
         if (round % 100 == 0)
             qInfo("%d rounds", round);
     }

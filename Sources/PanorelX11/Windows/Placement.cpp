@@ -15,8 +15,8 @@ constexpr double areaTolerance = 3;
 constexpr auto firstPatience = 40ms;
 constexpr auto firstPatienceOfSelfDecorated = 120ms;
 constexpr auto longestPatience = 640ms;
-/// How long a window that has answered may be on its way.
-constexpr auto longestDoubt = 1s;
+/// With a window manager that does not come to a request: it may have been replaced.
+constexpr auto patienceWithSlowManager = 2s;
 
 /// Clients that decorate themselves animate their shadow, and with it where their frame lies.
 constexpr auto selfDecoratedCalm = 80ms;
@@ -80,6 +80,7 @@ void Placement::begin(const ClientReading &reading, const std::vector<Rect> &wor
 {
     m_lastGeometry = reading.geometry;
     m_stableSince = now;
+    m_hasRepeated = isUnsure;
     chooseArea(reading, workAreas);
     chooseRectangle(reading);
     if (reading.isFullScreen || (!m_target.position && !m_target.size)
@@ -96,7 +97,7 @@ void Placement::begin(const ClientReading &reading, const std::vector<Rect> &wor
 }
 
 void Placement::judge(const std::optional<ClientReading> &reading, TimePoint now,
-                      TimePoint busyUntil, TimePoint deadline)
+                      TimePoint deadline)
 {
     m_hasChanged = false;
     if (!reading || reading->isFullScreen || now >= deadline)
@@ -110,7 +111,7 @@ void Placement::judge(const std::optional<ClientReading> &reading, TimePoint now
         m_stableSince = now;
     m_lastGeometry = geometry;
 
-    const TimePoint due = mendingTime(busyUntil);
+    const TimePoint due = mendingTime();
     m_isDue = now >= due;
     m_nextLook = due;
     switch (m_phase) {
@@ -130,19 +131,16 @@ void Placement::judge(const std::optional<ClientReading> &reading, TimePoint now
     m_nextLook = m_nextLook > now ? std::min(m_nextLook, deadline) : deadline;
 }
 
-void Placement::noteChange(TimePoint now)
+void Placement::noteHandled(TimePoint now)
 {
-    m_changed = now;
+    m_handled = now;
     m_hasChanged = true;
 }
 
-Placement::TimePoint Placement::mendingTime(TimePoint busyUntil) const
+Placement::TimePoint Placement::mendingTime() const
 {
-    // A window is moved in steps: the first that is seen need not be the last. One that never
-    // stops changing does not hold this up for ever.
-    const bool isAnswered = m_changed > m_sent;
-    return std::max(m_sent + m_patience,
-                    isAnswered ? std::min(busyUntil, m_sent + longestDoubt) : busyUntil);
+    // What the client does about the request comes later than what the window manager does.
+    return m_handled ? *m_handled + m_patience : m_sent + patienceWithSlowManager;
 }
 
 void Placement::chooseArea(const ClientReading &reading, const std::vector<Rect> &workAreas)
@@ -228,12 +226,14 @@ void Placement::judgeMoving(const ClientReading &reading, TimePoint now)
     const bool isPositioned = isPositionRight(reading);
     // A client may refuse a size for reasons that its hints don't tell.
     // A window manager that says nothing may still be at work on it: it moves the frame first.
-    const int enough = m_changed > m_sent ? requestsForSize : requestsForSizeUnanswered;
+    const int enough = m_handled ? requestsForSize : requestsForSizeUnanswered;
     const bool isAsGoodAsItGets =
         isPositioned && m_isDue && m_requests >= enough && now >= m_stableSince + selfDecoratedCalm;
     if ((isPositioned && isSizeRight(reading)) || isAsGoodAsItGets) {
         if (m_area)
             startMaximizing(now, reading); // its calm is waited for in that state
+        else if (m_hasRepeated && !m_handled && !m_isDue)
+            return; // the answer to the other request is still to come
         else if (now < calmTime(reading))
             m_nextLook = calmTime(reading);
         else
@@ -305,10 +305,11 @@ void Placement::countRequest(TimePoint now, const ClientReading &reading)
         reading.geometry.decoratesItself() ? firstPatienceOfSelfDecorated : firstPatience;
     m_patience = std::min<std::chrono::milliseconds>(first * (1 << std::min(m_requests, 4)),
                                                      longestPatience);
-    m_hasRepeated = m_hasRepeated || m_requests > 0;
+    m_hasRepeated = m_hasRepeated || (m_requests > 0 && !m_handled);
     m_requests += 1;
     m_sent = now;
-    m_nextLook = m_sent + m_patience;
+    m_handled.reset();
+    m_nextLook = mendingTime();
 }
 
 bool Placement::isPositionRight(const ClientReading &reading) const

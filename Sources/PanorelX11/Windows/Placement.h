@@ -39,14 +39,14 @@ public:
                TimePoint now);
 
     /// Judges a reading and sends what follows from it; an absent one is a window that has gone.
-    /// `busyUntil`: by then the window manager, which has other windows to place and may tell of
-    /// none before it has placed them all, should have come to this one.
     /// `deadline`: then it is given up; it may be put off later.
-    void judge(const std::optional<ClientReading> &reading, TimePoint now, TimePoint busyUntil,
-               TimePoint deadline);
+    void judge(const std::optional<ClientReading> &reading, TimePoint now, TimePoint deadline);
 
     /// An event told of a change.
-    void noteChange(TimePoint now);
+    void noteChange() { m_hasChanged = true; }
+
+    /// The window manager has come to the last request.
+    void noteHandled(TimePoint now);
 
     void giveUp() { m_phase = Phase::Done; }
 
@@ -57,10 +57,14 @@ public:
     bool hasUnmaximized() const { return m_hasUnmaximized; }
     /// Whether a change was noted that no reading has been judged for.
     bool hasChanged() const { return m_hasChanged; }
+    /// Absent while the window manager has not come to the last request.
+    std::optional<TimePoint> handled() const { return m_handled; }
+    /// When the last request was sent.
+    TimePoint sent() const { return m_sent; }
     /// When to judge the next reading even if no event comes.
     TimePoint nextLook() const { return m_nextLook; }
     /// When the current request counts as unanswered or wrongly answered.
-    TimePoint mendingTime(TimePoint busyUntil) const;
+    TimePoint mendingTime() const;
 
 private:
     enum class Phase {
@@ -103,9 +107,9 @@ private:
     std::optional<Extents> m_maximizedShadow; ///< absent: it was not un-maximised, or has none
 
     TimePoint m_sent{};
+    std::optional<TimePoint> m_handled;
     std::chrono::milliseconds m_patience{};
     bool m_isDue = false;
-    TimePoint m_changed{}; ///< the last change noted
     bool m_hasChanged = false;
     FrameGeometry m_lastGeometry;
     TimePoint m_stableSince{}; ///< extents and size; the position may change meanwhile

@@ -21,9 +21,9 @@ constexpr auto silenceAfterAnswers = 500ms;
 /// How much longer than its placement a client may take to notice that it was un-maximised.
 constexpr auto noticingTime = 5s;
 
-/// How long a window manager may be silent that has windows to place.
-constexpr auto busyPatience = 40ms;
-constexpr auto busyPatienceEach = 3ms;
+/// How often the windows that change are read while the window manager is at work on them: each
+/// reading holds it up.
+constexpr auto lookAtUnhandled = 50ms;
 
 /// The properties that a window's visible frame and state are read from.
 constexpr std::array watchedProperties{"WM_NORMAL_HINTS", "_NET_WM_STATE", "_NET_FRAME_EXTENTS",
@@ -63,9 +63,10 @@ bool contains(const PixelRect &rect, const Point &point)
 
 WindowPlacer::WindowPlacer(const XConnection &connection, EventPump &pump,
                            const ClientReader &reader, RecentReadings &readings,
-                           const WindowManager &windowManager, Monitors &monitors)
+                           const WindowManager &windowManager, ManagerFence &fence,
+                           Monitors &monitors)
     : m_connection(connection), m_pump(pump), m_reader(reader), m_readings(readings),
-      m_windowManager(windowManager), m_monitors(monitors)
+      m_windowManager(windowManager), m_fence(fence), m_monitors(monitors)
 {
     pump.addListener([this](const xcb_generic_event_t &event) { noteEvent(event); });
 }
@@ -92,12 +93,12 @@ void WindowPlacer::begin(xcb_window_t window, const PlacementTarget &target, Tim
     placement.begin(*reading, workAreas, isUnsure, now);
     if (placement.isDone())
         return;
-    m_lastActivity = std::max(m_lastActivity, now); // it has been given something to do
     m_pending.emplace(window,
                       Pending{std::move(placement),
                               {target, heldUntil, m_monitors.changeCount()},
-                              now,
-                              now + (displaysChanged ? patienceAfterDisplayChange : patience)});
+                              now + (displaysChanged ? patienceAfterDisplayChange : patience),
+                              m_fence.add(),
+                              now});
 }
 
 std::optional<PixelRect> WindowPlacer::awaitFrame(xcb_window_t window)
@@ -106,6 +107,7 @@ std::optional<PixelRect> WindowPlacer::awaitFrame(xcb_window_t window)
     lookAtPlaced();
     while (m_pending.contains(window)) {
         look();
+        m_fence.send();
         if (m_pending.contains(window))
             m_pump.waitUntil(*nextLook());
     }
@@ -142,8 +144,7 @@ std::optional<WindowPlacer::TimePoint> WindowPlacer::nextLook() const
 {
     TimePoint earliest = TimePoint::max();
     for (const auto &[window, pending] : m_pending)
-        earliest = std::min(
-            earliest, pending.placement.hasChanged() ? TimePoint{} : pending.placement.nextLook());
+        earliest = std::min(earliest, nextLook(pending));
     if (m_watch.hasChanged())
         earliest = TimePoint{};
     return earliest == TimePoint::max() ? std::nullopt : std::optional(earliest);
@@ -159,16 +160,36 @@ void WindowPlacer::noteEvent(const xcb_generic_event_t &event)
     const auto pending = m_pending.find(window);
     if (pending == m_pending.end())
         return;
-    m_lastActivity = m_lastAnswer = std::chrono::steady_clock::now();
-    pending->second.placement.noteChange(m_lastActivity);
+    m_lastAnswer = std::chrono::steady_clock::now();
+    pending->second.placement.noteChange();
+}
+
+void WindowPlacer::noteHandled(TimePoint now)
+{
+    for (auto &[window, pending] : m_pending) {
+        if (!pending.placement.handled() && m_fence.isPassed(pending.fence))
+            pending.placement.noteHandled(now);
+    }
+}
+
+WindowPlacer::TimePoint WindowPlacer::nextLook(const Pending &pending) const
+{
+    const Placement &placement = pending.placement;
+    if (!placement.handled() && m_fence.isPassed(pending.fence))
+        return TimePoint{};
+    if (!placement.hasChanged())
+        return placement.nextLook();
+    return placement.handled() ? TimePoint{} : pending.looked + lookAtUnhandled;
 }
 
 WindowPlacer::TimePoint WindowPlacer::deadlineOf(const Pending &pending) const
 {
     const TimePoint latest = pending.deadline + patienceWithSlowManager;
-    if (m_lastAnswer < pending.begun)
+    const auto handled = pending.placement.handled();
+    if (!handled)
         return latest;
-    return std::clamp(m_lastAnswer + silenceAfterAnswers, pending.deadline, latest);
+    return std::clamp(std::max(*handled, m_lastAnswer) + silenceAfterAnswers, pending.deadline,
+                      latest);
 }
 
 std::optional<ClientReading> WindowPlacer::readingToStartFrom(xcb_window_t window, bool isUnsure)
@@ -192,15 +213,14 @@ void WindowPlacer::lookAtPending()
         return entry.second.place.displayChanges != m_monitors.changeCount();
     });
     const auto now = std::chrono::steady_clock::now();
-    const TimePoint busyUntil =
-        m_lastActivity + busyPatience + busyPatienceEach * std::ssize(m_pending);
+    noteHandled(now);
     std::vector<xcb_window_t> windows;
     bool isMending = false;
     for (const auto &[window, pending] : m_pending) {
-        if (!pending.placement.hasChanged() && pending.placement.nextLook() > now)
+        if (nextLook(pending) > now)
             continue;
         windows.push_back(window);
-        isMending = isMending || pending.placement.mendingTime(busyUntil) <= now;
+        isMending = isMending || pending.placement.mendingTime() <= now;
     }
     if (windows.empty())
         return;
@@ -208,15 +228,19 @@ void WindowPlacer::lookAtPending()
     const auto pointer = isMending ? pointerWithButtonDown() : std::nullopt;
     const auto readings = m_reader.read(windows);
     for (std::size_t i = 0; i < windows.size(); ++i) {
-        Placement &placement = m_pending.at(windows[i]).placement;
-        const bool isHeld = pointer && readings[i] && placement.mendingTime(busyUntil) <= now
+        Pending &pending = m_pending.at(windows[i]);
+        Placement &placement = pending.placement;
+        pending.looked = now;
+        const bool isHeld = pointer && readings[i] && placement.mendingTime() <= now
                             && contains(readings[i]->geometry.visibleFrame(), *pointer);
         if (isHeld)
             placement.giveUp();
         else
-            placement.judge(readings[i], now, busyUntil, deadlineOf(m_pending.at(windows[i])));
+            placement.judge(readings[i], now, deadlineOf(pending));
+        if (placement.sent() == now)
+            pending.fence = m_fence.add();
         if (placement.isDone() && readings[i])
-            m_watch.add(windows[i], m_pending.at(windows[i]).place, placement, *readings[i], now);
+            m_watch.add(windows[i], pending.place, placement, *readings[i], now);
     }
     m_connection.flush();
     std::erase_if(m_pending, [](const auto &entry) { return entry.second.placement.isDone(); });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PanorelX11/Windows/ClientReader.h"
+#include "PanorelX11/Windows/ManagerFence.h"
 #include "PanorelX11/Windows/Monitors.h"
 #include "PanorelX11/Windows/PlacementWatch.h"
 #include "PanorelX11/Windows/RecentReadings.h"
@@ -25,7 +26,8 @@ public:
 
     /// All of them outlive it.
     WindowPlacer(const XConnection &connection, EventPump &pump, const ClientReader &reader,
-                 RecentReadings &readings, const WindowManager &windowManager, Monitors &monitors);
+                 RecentReadings &readings, const WindowManager &windowManager, ManagerFence &fence,
+                 Monitors &monitors);
 
     /// Sent with the next wait, so that a window manager that draws between two requests has all of
     /// them before it draws.
@@ -46,14 +48,17 @@ private:
     struct Pending {
         Placement placement;
         PlacementWatch::Place place;
-        TimePoint begun;
-        TimePoint deadline; ///< where the window manager answers at once
+        TimePoint deadline;         ///< where the window manager answers at once
+        ManagerFence::Number fence; ///< behind the last request
+        TimePoint looked;           ///< when it was last read
     };
 
     void begin(xcb_window_t window, const PlacementTarget &target, TimePoint heldUntil);
     void lookAtPlaced();
     void lookAtPending();
     void noteEvent(const xcb_generic_event_t &event);
+    void noteHandled(TimePoint now);
+    TimePoint nextLook(const Pending &pending) const;
     TimePoint deadlineOf(const Pending &pending) const;
     std::optional<ClientReading> readingToStartFrom(xcb_window_t window, bool isUnsure);
     void readAtRest(xcb_window_t window);
@@ -65,13 +70,13 @@ private:
     const ClientReader &m_reader;
     RecentReadings &m_readings;
     const WindowManager &m_windowManager;
+    ManagerFence &m_fence;
     Monitors &m_monitors;
     std::map<xcb_window_t, Pending> m_pending;
     PlacementWatch m_watch;
     std::set<xcb_window_t> m_unread; ///< placed, and its frame not asked for
     std::unordered_map<xcb_window_t, PixelRect> m_restFrames; ///< read and unchanged since
-    TimePoint m_lastActivity{}; ///< when a window was last seen to change or asked to
-    TimePoint m_lastAnswer{};   ///< when one was last seen to change
+    TimePoint m_lastAnswer{}; ///< when a window was last seen to change
 };
 
 } // namespace Panorel::X11

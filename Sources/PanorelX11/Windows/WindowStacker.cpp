@@ -1,6 +1,7 @@
 #include "PanorelX11/Windows/WindowStacker.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace Panorel::X11 {
 
@@ -8,11 +9,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// With a window manager that changes nothing any more. Some of them tell what they have done only
-/// when they have done it all.
+/// With a window manager that has come to all of it and changes nothing any more.
 constexpr auto stackingPatience = 100ms;
-constexpr auto stackingPatienceEach = 5ms;
 constexpr auto longestPatience = 6s;
+/// How often the order is read while the window manager is at work on it.
+constexpr auto lookAtUnhandled = 50ms;
 /// Within this a window manager has handled an activation, whether it announced it or not.
 constexpr auto activationPatience = 80ms;
 constexpr auto focusPatience = 150ms;
@@ -20,9 +21,10 @@ constexpr auto focusPatience = 150ms;
 } // namespace
 
 WindowStacker::WindowStacker(EventPump &pump, ClientRegistry &registry, const ClientReader &reader,
-                             const WindowManager &windowManager, const InputFocus &focus)
+                             const WindowManager &windowManager, ManagerFence &fence,
+                             const InputFocus &focus)
     : m_pump(pump), m_registry(registry), m_reader(reader), m_windowManager(windowManager),
-      m_focus(focus)
+      m_fence(fence), m_focus(focus)
 {}
 
 void WindowStacker::raise(const std::vector<xcb_window_t> &backToFront)
@@ -115,21 +117,26 @@ bool WindowStacker::isStacked(const std::vector<xcb_window_t> &ordinary,
 
 void WindowStacker::awaitStacking(const std::vector<xcb_window_t> &backToFront)
 {
-    const auto patience = stackingPatience + stackingPatienceEach * std::ssize(backToFront);
+    const ManagerFence::Number fence = m_fence.add();
+    m_fence.send();
     const auto end = std::chrono::steady_clock::now() + longestPatience;
-    auto patientUntil = EventPump::TimePoint{};
+    auto patientUntil = end;
+    bool isHandled = false;
     std::vector<xcb_window_t> before;
     while (true) {
+        const bool wasHandled = std::exchange(
+            isHandled, m_pump.waitFor([&] { return m_fence.isPassed(fence); }, lookAtUnhandled));
         auto ordinary = ordinaryFrontToBack();
         if (ordinary.empty() || isStacked(ordinary, backToFront))
             return;
         const auto now = std::chrono::steady_clock::now();
-        if (ordinary != before)
-            patientUntil = std::min(now + patience, end);
+        if (isHandled && (!wasHandled || ordinary != before))
+            patientUntil = std::min(now + stackingPatience, end);
         if (now >= patientUntil)
             return;
         before = std::move(ordinary);
-        m_pump.waitUntil(patientUntil);
+        if (isHandled)
+            m_pump.waitUntil(patientUntil);
     }
 }
 

@@ -3,6 +3,7 @@
 #include "PanorelX11/Windows/ClientReader.h"
 #include "PanorelX11/Windows/ClientRegistry.h"
 #include "PanorelX11/Windows/InputFocus.h"
+#include "PanorelX11/Windows/ManagerFence.h"
 #include "PanorelX11/Windows/WindowManager.h"
 
 #include <vector>
@@ -14,11 +15,11 @@ class WindowStacker {
 public:
     /// All of them outlive it.
     WindowStacker(EventPump &pump, ClientRegistry &registry, const ClientReader &reader,
-                  const WindowManager &windowManager, const InputFocus &focus);
+                  const WindowManager &windowManager, ManagerFence &fence, const InputFocus &focus);
 
     /// The last one ends on top. Minimised windows are left out, and so are windows of another
     /// desktop where raising would mean to switch to it. Waits until the window manager has done
-    /// it or, after 6 s at the most, gets on with it no more.
+    /// it or refused it, 6 s at the most.
     void raise(const std::vector<xcb_window_t> &backToFront);
 
 private:
@@ -36,6 +37,7 @@ private:
     ClientRegistry &m_registry;
     const ClientReader &m_reader;
     const WindowManager &m_windowManager;
+    ManagerFence &m_fence;
     const InputFocus &m_focus;
 };
 

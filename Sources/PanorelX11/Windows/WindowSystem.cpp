@@ -37,6 +37,7 @@ void WindowSystem::processEvents()
 void WindowSystem::prepareToWait()
 {
     m_registry.endPass();
+    m_fence.send();
     m_connection.flush();
     m_pump.drainQueued();
     auto next = m_placer.nextLook();

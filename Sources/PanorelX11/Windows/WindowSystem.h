@@ -5,6 +5,7 @@
 #include "PanorelX11/Windows/HiddenWindows.h"
 #include "PanorelX11/Windows/InputFocus.h"
 #include "PanorelX11/Windows/LaunchWatch.h"
+#include "PanorelX11/Windows/ManagerFence.h"
 #include "PanorelX11/Windows/Monitors.h"
 #include "PanorelX11/Windows/RecentReadings.h"
 #include "PanorelX11/Windows/WindowManager.h"
@@ -44,9 +45,11 @@ private:
     ClientRegistry m_registry{m_connection, m_pump};
     ClientReader m_reader{m_connection};
     RecentReadings m_readings{m_connection, m_pump, m_reader};
-    WindowPlacer m_placer{m_connection, m_pump, m_reader, m_readings, m_windowManager, m_monitors};
+    ManagerFence m_fence{m_connection, m_pump};
+    WindowPlacer m_placer{m_connection,    m_pump,  m_reader,  m_readings,
+                          m_windowManager, m_fence, m_monitors};
     InputFocus m_focus{m_connection, m_pump, m_windowManager};
-    WindowStacker m_stacker{m_pump, m_registry, m_reader, m_windowManager, m_focus};
+    WindowStacker m_stacker{m_pump, m_registry, m_reader, m_windowManager, m_fence, m_focus};
     HiddenWindows m_hidden{m_connection, m_pump, m_registry, m_reader, m_windowManager, m_focus};
     LaunchWatch m_launches{m_connection, m_pump, m_registry};
     X11Accessibility m_accessibility{m_registry, m_reader,  m_readings, m_windowManager,
