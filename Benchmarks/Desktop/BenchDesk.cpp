@@ -1,8 +1,11 @@
 #include "Desktop/BenchDesk.h"
 
+#include "Desktop/ProcessUsage.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <thread>
 
 namespace Panorel::Bench {
 
@@ -11,6 +14,10 @@ namespace {
 constexpr double displayWidth = 1920;
 constexpr double displayHeight = 1080;
 constexpr int windowsOfAnApplication = 10;
+
+/// What the window manager and the display server do in so much time when there is nothing to do.
+constexpr auto calm = std::chrono::milliseconds(100);
+constexpr double calmProcessorMs = 5;
 
 using Random = std::mt19937;
 
@@ -76,8 +83,23 @@ void BenchDesk::arrange(const std::vector<Rect> &frames,
     raw.stack(bottomToTop);
     if (!raw.awaitStacking(bottomToTop))
         qFatal("the windows are not stacked as the benchmark wants them");
-    raw.rest();
+    rest();
     QCoreApplication::processEvents();
+}
+
+void BenchDesk::rest()
+{
+    const auto used = [this] {
+        return ProcessUsage::of(session.manager->processID()).processorMs
+               + ProcessUsage::of(session.server.processID()).processorMs;
+    };
+    // A window manager that draws for longer than the events are silent is not at rest.
+    double before = 0;
+    do {
+        raw.rest();
+        before = used();
+        std::this_thread::sleep_for(calm);
+    } while (used() - before > calmProcessorMs);
 }
 
 } // namespace Panorel::Bench

@@ -35,6 +35,7 @@ public:
     RawDesktop raw;
 
 private:
+    void rest();
     void arrange(const std::vector<Rect> &frames, const std::vector<xcb_window_t> &bottomToTop);
 
     Desktop::TestCrowd m_crowd;

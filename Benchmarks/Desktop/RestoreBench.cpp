@@ -7,6 +7,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace Panorel::Bench {
 
 namespace {
@@ -48,13 +50,16 @@ public:
     void run(int rounds)
     {
         using Way = void (RestoreBench::*)();
-        const std::vector<Way> ways{&RestoreBench::engine, &RestoreBench::floor,
-                                    &RestoreBench::wmctrl, &RestoreBench::xdotool};
+        std::vector<Way> ways{&RestoreBench::engine, &RestoreBench::floor, &RestoreBench::wmctrl,
+                              &RestoreBench::xdotool};
+        std::mt19937 random(1);
         for (int round = -1; round < rounds; ++round) { // the first one warms up
             m_isCounted = round >= 0;
+            if (m_isCounted) // no way always after the same other
+                std::ranges::shuffle(ways, random);
             for (std::size_t i = 0; i < ways.size(); ++i) {
                 m_desk.scatter(round);
-                (this->*ways[(i + std::size_t(round + 1)) % ways.size()])();
+                (this->*ways[i])();
                 if (!m_isCounted && m_count > 50 && i == 1)
                     break; // the slow ways need no warming up
             }
