@@ -239,8 +239,11 @@ void WindowPlacer::lookAtPending()
             placement.judge(readings[i], now, deadlineOf(pending));
         if (placement.sent() == now)
             pending.fence = m_fence.add();
-        if (placement.isDone() && readings[i])
+        if (placement.isDone() && readings[i]) {
             m_watch.add(windows[i], pending.place, placement, *readings[i], now);
+            m_unread.erase(windows[i]);
+            m_restFrames.insert_or_assign(windows[i], readings[i]->geometry.visibleFrame());
+        }
     }
     m_connection.flush();
     std::erase_if(m_pending, [](const auto &entry) { return entry.second.placement.isDone(); });

@@ -18,17 +18,23 @@ constexpr auto lookAtUnhandled = 50ms;
 constexpr auto activationPatience = 80ms;
 constexpr auto focusPatience = 150ms;
 
+bool isShownFullScreen(const ClientReading &reading)
+{
+    return reading.isFullScreen && !reading.isMinimized && reading.isOnCurrentDesktop;
+}
+
 } // namespace
 
-WindowStacker::WindowStacker(EventPump &pump, ClientRegistry &registry, const ClientReader &reader,
+WindowStacker::WindowStacker(EventPump &pump, ClientRegistry &registry, RecentReadings &readings,
                              const WindowManager &windowManager, ManagerFence &fence,
                              const InputFocus &focus)
-    : m_pump(pump), m_registry(registry), m_reader(reader), m_windowManager(windowManager),
+    : m_pump(pump), m_registry(registry), m_readings(readings), m_windowManager(windowManager),
       m_fence(fence), m_focus(focus)
 {}
 
 void WindowStacker::raise(const std::vector<xcb_window_t> &backToFront)
 {
+    m_pump.drain();
     const auto windows = raisable(backToFront);
     if (windows.empty() || isStacked(ordinaryFrontToBack(), windows))
         return;
@@ -39,13 +45,13 @@ void WindowStacker::raise(const std::vector<xcb_window_t> &backToFront)
     awaitStacking(windows);
 }
 
-std::vector<xcb_window_t>
-WindowStacker::raisable(const std::vector<xcb_window_t> &backToFront) const
+std::vector<xcb_window_t> WindowStacker::raisable(const std::vector<xcb_window_t> &backToFront)
 {
-    const auto readings = m_reader.read(backToFront);
+    const auto described = m_readings.describe(backToFront);
     std::vector<xcb_window_t> windows;
     for (std::size_t i = 0; i < backToFront.size(); ++i) {
-        if (readings[i] && !readings[i]->isMinimized && readings[i]->isOnCurrentDesktop)
+        if (described[i] && !described[i]->reading.isMinimized
+            && described[i]->reading.isOnCurrentDesktop)
             windows.push_back(backToFront[i]);
     }
     return windows;
@@ -60,13 +66,12 @@ WindowStacker::withFullScreenWindows(const std::vector<xcb_window_t> &backToFron
     std::vector<xcb_window_t> above; // the clients in front of the one that is looked at
     for (const auto &client : *clients)
         above.push_back(client.window);
-    const auto readings = m_reader.read(above);
+    const auto described = m_readings.describe(above);
     std::vector<xcb_window_t> result = backToFront;
     for (std::size_t i = clients->size(); i-- > 0;) {
         const xcb_window_t window = above.back();
         above.pop_back();
-        if (!readings[i] || !readings[i]->isFullScreen || readings[i]->isMinimized
-            || !readings[i]->isOnCurrentDesktop
+        if (!described[i] || !isShownFullScreen(described[i]->reading)
             || std::ranges::find(result, window) != result.end())
             continue;
         // Only below those that were all in front of it.
@@ -91,7 +96,7 @@ std::vector<xcb_window_t> WindowStacker::ordinaryFrontToBack()
 }
 
 bool WindowStacker::isStacked(const std::vector<xcb_window_t> &ordinary,
-                              const std::vector<xcb_window_t> &backToFront) const
+                              const std::vector<xcb_window_t> &backToFront)
 {
     auto next = backToFront.rbegin();
     std::vector<xcb_window_t> others;
@@ -108,10 +113,9 @@ bool WindowStacker::isStacked(const std::vector<xcb_window_t> &ordinary,
         return false;
     // Of what is among the raised ones only windows count that these could be above: those that
     // are kept above stay there.
-    const auto readings = m_reader.read(others);
-    return std::ranges::none_of(readings, [](const std::optional<ClientReading> &reading) {
-        return reading && reading->isOnCurrentDesktop && !reading->isMinimized
-               && !reading->isKeptAboveOrBelow && !reading->isFullScreen;
+    return std::ranges::none_of(m_readings.describe(others), [](const auto &described) {
+        return described && described->reading.isOnCurrentDesktop && !described->reading.isMinimized
+               && !described->reading.isKeptAboveOrBelow && !described->reading.isFullScreen;
     });
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "PanorelX11/Windows/ClientReader.h"
 #include "PanorelX11/Windows/ClientRegistry.h"
 #include "PanorelX11/Windows/InputFocus.h"
 #include "PanorelX11/Windows/ManagerFence.h"
+#include "PanorelX11/Windows/RecentReadings.h"
 #include "PanorelX11/Windows/WindowManager.h"
 
 #include <vector>
@@ -14,7 +14,7 @@ namespace Panorel::X11 {
 class WindowStacker {
 public:
     /// All of them outlive it.
-    WindowStacker(EventPump &pump, ClientRegistry &registry, const ClientReader &reader,
+    WindowStacker(EventPump &pump, ClientRegistry &registry, RecentReadings &readings,
                   const WindowManager &windowManager, ManagerFence &fence, const InputFocus &focus);
 
     /// The last one ends on top. Minimised windows are left out, and so are windows of another
@@ -23,10 +23,10 @@ public:
     void raise(const std::vector<xcb_window_t> &backToFront);
 
 private:
-    std::vector<xcb_window_t> raisable(const std::vector<xcb_window_t> &backToFront) const;
+    std::vector<xcb_window_t> raisable(const std::vector<xcb_window_t> &backToFront);
     std::vector<xcb_window_t> ordinaryFrontToBack();
     bool isStacked(const std::vector<xcb_window_t> &ordinary,
-                   const std::vector<xcb_window_t> &backToFront) const;
+                   const std::vector<xcb_window_t> &backToFront);
     void awaitStacking(const std::vector<xcb_window_t> &backToFront);
     /// A window that is shown full-screen is not restored and never raised for itself, yet it must
     /// not sink behind what it covers.
@@ -35,7 +35,7 @@ private:
 
     EventPump &m_pump;
     ClientRegistry &m_registry;
-    const ClientReader &m_reader;
+    RecentReadings &m_readings;
     const WindowManager &m_windowManager;
     ManagerFence &m_fence;
     const InputFocus &m_focus;

@@ -49,7 +49,7 @@ private:
     WindowPlacer m_placer{m_connection,    m_pump,  m_reader,  m_readings,
                           m_windowManager, m_fence, m_monitors};
     InputFocus m_focus{m_connection, m_pump, m_windowManager};
-    WindowStacker m_stacker{m_pump, m_registry, m_reader, m_windowManager, m_fence, m_focus};
+    WindowStacker m_stacker{m_pump, m_registry, m_readings, m_windowManager, m_fence, m_focus};
     HiddenWindows m_hidden{m_connection, m_pump, m_registry, m_reader, m_windowManager, m_focus};
     LaunchWatch m_launches{m_connection, m_pump, m_registry};
     X11Accessibility m_accessibility{m_registry, m_reader,  m_readings, m_windowManager,
