@@ -19,10 +19,10 @@ bool endsInALine(QFile &file)
     return end == 0 || !file.seek(end - 1) || file.read(1) == "\n";
 }
 
-bool write(QFile &file, const QByteArray &line)
+bool write(QFile &file, const QByteArray &lines)
 {
     Paths::keepPrivate(file);
-    const QByteArray bytes = endsInALine(file) ? line : '\n' + line;
+    const QByteArray bytes = endsInALine(file) ? lines : '\n' + lines;
     return file.write(bytes) == bytes.size() && file.flush();
 }
 
@@ -53,7 +53,7 @@ void AppLog::log(const QString &message)
         QStringLiteral("[%1] %2\n").arg(PanorelJSON::iso().string(m_clock.now()), message);
     {
         const std::scoped_lock lock(m_mutex);
-        m_lines.push_back(line.toUtf8());
+        m_lines += line.toUtf8();
     }
     m_changed.notify_all();
 }
@@ -61,31 +61,31 @@ void AppLog::log(const QString &message)
 void AppLog::flush()
 {
     std::unique_lock lock(m_mutex);
-    m_changed.wait(lock, [this] { return m_lines.empty(); });
+    m_changed.wait(lock, [this] { return m_lines.isEmpty(); });
 }
 
 void AppLog::writeAll()
 {
     std::unique_lock lock(m_mutex);
     for (;;) {
-        m_changed.wait(lock, [this] { return m_isEnding || !m_lines.empty(); });
-        if (m_lines.empty())
+        m_changed.wait(lock, [this] { return m_isEnding || !m_lines.isEmpty(); });
+        if (m_lines.isEmpty())
             return;
-        const QByteArray line = m_lines.front();
+        const QByteArray lines = m_lines;
         lock.unlock();
-        append(line);
+        append(lines);
         lock.lock();
-        m_lines.pop_front();
+        m_lines.remove(0, lines.size());
         m_changed.notify_all();
     }
 }
 
-void AppLog::append(const QByteArray &line)
+void AppLog::append(const QByteArray &lines)
 {
     QFile file(Paths::file(QStringLiteral("app.log")));
     const bool written = file.open(QIODevice::ReadWrite | QIODevice::Append,
                                    QFileDevice::ReadOwner | QFileDevice::WriteOwner)
-                         && write(file, line);
+                         && write(file, lines);
     if (!written && !std::exchange(m_reportedLoss, true))
         std::fprintf(stderr, "panorel: cannot write the log %s: %s\n", qPrintable(file.fileName()),
                      qPrintable(file.errorString()));

@@ -6,7 +6,6 @@
 #include <QString>
 
 #include <condition_variable>
-#include <deque>
 #include <mutex>
 #include <thread>
 
@@ -16,9 +15,9 @@ namespace Panorel {
 /// message are written as given. Messages begin with the area that writes them ("store: ").
 ///
 /// The caller never waits for the disk: a thread of its own opens, appends to and closes the file
-/// for every line, so a log that is deleted comes back with the next line. What is queued is
-/// written before the log is destroyed. A line that can't be written is lost; the first such loss
-/// is said on stderr, there being no other channel.
+/// each time, so a log that is deleted comes back with the next line. What is queued is written
+/// before the log is destroyed. A line that can't be written is lost; the first such loss is said
+/// on stderr, there being no other channel.
 class AppLog {
 public:
     /// The log of the process, on the system's clock.
@@ -35,13 +34,13 @@ public:
 
 private:
     void writeAll();
-    void append(const QByteArray &line);
+    void append(const QByteArray &lines);
 
     const Clock &m_clock;
     bool m_reportedLoss = false; ///< the writer's own
     std::mutex m_mutex;
     std::condition_variable m_changed;
-    std::deque<QByteArray> m_lines; ///< the first stays until it is written
+    QByteArray m_lines; ///< they stay until they are written
     bool m_isEnding = false;
     // No QThread: its event dispatcher ends the process where no descriptor is left. Begins last.
     std::thread m_writer{[this] { writeAll(); }};
