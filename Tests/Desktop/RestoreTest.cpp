@@ -5,10 +5,51 @@
 #include <QTest>
 
 #include <csignal>
+#include <cstdlib>
+#include <map>
 #include <thread>
 
 using namespace Panorel;
 using namespace Panorel::Desktop;
+
+namespace {
+
+/// Listens to what window managers are asked.
+class MessagesToManager {
+public:
+    MessagesToManager()
+    {
+        const std::uint32_t events = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+        const auto *setup = xcb_get_setup(m_connection.get());
+        xcb_change_window_attributes(m_connection.get(), xcb_setup_roots_iterator(setup).data->root,
+                                     XCB_CW_EVENT_MASK, &events);
+        sync();
+    }
+
+    int countFor(xcb_window_t window)
+    {
+        sync();
+        while (auto *event = xcb_poll_for_event(m_connection.get())) {
+            const auto *message = reinterpret_cast<xcb_client_message_event_t *>(event);
+            if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE)
+                m_counts[message->window] += 1;
+            std::free(event);
+        }
+        return m_counts[window];
+    }
+
+private:
+    void sync() const
+    {
+        xcb_connection_t *c = m_connection.get();
+        std::free(xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
+    }
+
+    ServerConnection m_connection{xcb_connect(nullptr, nullptr)};
+    std::map<xcb_window_t, int> m_counts;
+};
+
+} // namespace
 
 class RestoreTest : public QObject {
     Q_OBJECT
@@ -22,6 +63,7 @@ private Q_SLOTS:
     void aCrowdIsInPlaceAndInOrderWhenTheRestoreIsOver();
     void whatHasJustMovedIsLearnedAsItIsNow();
     void whatNoticesLateThatItIsNoLongerMaximisedStaysInPlace();
+    void aBusyManagerIsAskedOnce();
     void aLateAnswerToASecondRequestMovesNoWindow();
     void hostileTitlesAreKeptAndMatched();
     void withoutAWindowManagerNothingIsTouched();
@@ -185,6 +227,26 @@ void RestoreTest::whatNoticesLateThatItIsNoLongerMaximisedStaysInPlace()
     probe.setShadow(client.window(), 20);
     QCOMPARE(probe.restingFrame(client.window()),
              (Rect{moved.x - 6, moved.y - 6, moved.width + 12, moved.height + 12}));
+}
+
+void RestoreTest::aBusyManagerIsAskedOnce()
+{
+    using namespace std::chrono_literals;
+    EngineSession session(managerOfThisRun());
+    TestClient &client = session.open(ClientKind::Plain, "client", {2300, 100, 640, 420});
+    const Layout learned = session.capture();
+    session.moveAndWait(client, {700, 450, 450, 350});
+    const auto manager = static_cast<pid_t>(session.manager->processID());
+    MessagesToManager messages;
+    kill(manager, SIGSTOP);
+    std::thread later([&] {
+        require([&] { return messages.countFor(client.window()) > 0; }, "a request");
+        std::this_thread::sleep_for(300ms); // a drawing window manager takes as long
+        kill(manager, SIGCONT);
+    });
+    QCOMPARE(session.restore(learned).restored, 1);
+    later.join();
+    QCOMPARE(messages.countFor(client.window()), 1);
 }
 
 void RestoreTest::aLateAnswerToASecondRequestMovesNoWindow()
