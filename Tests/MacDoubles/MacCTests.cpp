@@ -4,8 +4,6 @@
 #include "Contracts/UserDefaultsContract.h"
 #include "MacDoubles/CTests/MacServiceTests.h"
 #include "MacDoubles/CTests/MacWindowTests.h"
-#include "MacDoubles/CTests/SownFaultTests.h"
-#include "MacDoubles/RunContract.h"
 
 using namespace Panorel;
 using namespace Panorel::MacDoubles;
@@ -39,15 +37,10 @@ private:
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
-    if (argc == 3) {
-        deadlyFaults().at(QString::fromLocal8Bit(argv[2]))();
-        return 0;
-    }
     MacWindowTests windows;
     MacServiceTests services;
-    SownFaultTests sownFaults;
     return runOnTheMac<AccessibilityContract, MacRig>()
            + runOnTheMac<HotKeysContract, MacKeyboard>()
            + runOnTheMac<UserDefaultsContract, Mac::MacUserDefaults>() + QTest::qExec(&windows)
-           + QTest::qExec(&services) + QTest::qExec(&sownFaults);
+           + QTest::qExec(&services);
 }

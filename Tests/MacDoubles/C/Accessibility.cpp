@@ -11,9 +11,6 @@ using namespace Panorel::MacDoubles;
 
 namespace {
 
-/// A process and a window; its application, window 0; or the whole system, process 0.
-using Element = std::pair<ProcessIdentifier, int>;
-
 InMemoryDesktop &windows()
 {
     return desktop().platform.desktop;
@@ -24,11 +21,6 @@ Element elementOf(AXUIElementRef element)
     return objectOf(element, CfType::Element).value.value<Element>();
 }
 
-AXUIElementRef makeElement(ProcessIdentifier pid, int number)
-{
-    return make<AXUIElementRef>(CfType::Element, QVariant::fromValue(Element(pid, number)));
-}
-
 const InMemoryWindow *find(int number)
 {
     const auto &all = windows().allWindows();
@@ -36,120 +28,77 @@ const InMemoryWindow *find(int number)
     return found == all.end() ? nullptr : &*found;
 }
 
-bool isRunning(ProcessIdentifier pid)
+const RunningApplication *findApplication(ProcessIdentifier pid)
 {
     const auto &all = windows().applications();
-    return std::ranges::find(all, pid, &RunningApplication::pid) != all.end();
+    const auto found = std::ranges::find(all, pid, &RunningApplication::pid);
+    return found == all.end() ? nullptr : &*found;
 }
 
 /// Whether what is asked of the element reaches anyone.
-AXError reach(AXUIElementRef element, const QString &question)
+AXError reach(const Element &element)
 {
-    const auto [pid, number] = elementOf(element);
+    const auto [pid, number] = element;
     AccessibilityManners &manners = desktop().manners;
-    expectMainThread(qPrintable(question));
-    if (pid == InMemoryDesktop::ownPID)
-        addFault(QStringLiteral("accessibility was asked of this program itself: ") + question);
     if (manners.onQuestion)
         manners.onQuestion();
     if (!windows().trusted)
         return kAXErrorAPIDisabled;
     if (manners.hung.contains(pid)) {
         ++manners.waits;
-        if (manners.timeOut <= 0)
-            addFault(QStringLiteral("an application that hangs was asked without a time-out: ")
-                     + question);
         return kAXErrorCannotComplete;
     }
-    const bool isGone = number != 0 && !find(number);
-    return isGone || (pid != 0 && !isRunning(pid)) ? kAXErrorInvalidUIElement : kAXErrorSuccess;
+    const bool isGone = (number != 0 && !find(number)) || (pid != 0 && !findApplication(pid));
+    return isGone ? kAXErrorInvalidUIElement : kAXErrorSuccess;
 }
 
-CFTypeRef windowList(ProcessIdentifier pid)
+QVariant windowList(ProcessIdentifier pid)
 {
-    std::vector<CFTypeRef> elements;
+    QVariantList elements;
     for (const InMemoryWindow &window : windows().allWindows()) {
         if (window.pid == pid && !desktop().manners.isBlank)
-            elements.push_back(makeElement(pid, window.number));
+            elements << QVariant::fromValue(Element(pid, window.number));
     }
-    return makeObject(CfType::Array, {}, std::move(elements));
+    return elements;
 }
 
-CFTypeRef ofApplication(ProcessIdentifier pid, const QString &attribute)
+/// What an application or, of process 0, the whole system answers; invalid for no value.
+QVariant answerOf(ProcessIdentifier pid, const QString &attribute)
 {
     if (attribute == u"AXWindows")
         return windowList(pid);
-    if (attribute == u"AXRole")
-        return toCf(QStringLiteral("AXApplication"));
     if (attribute == u"AXHidden")
-        return toCf(
-            std::ranges::find(windows().applications(), pid, &RunningApplication::pid)->isHidden);
-    const auto focused = windows().focused;
-    if (attribute == u"AXFocusedWindow" && focused && find(*focused)->pid == pid)
-        return makeElement(pid, *focused);
-    return nullptr;
-}
-
-CFTypeRef ofSystem(const QString &attribute)
-{
-    const auto focused = windows().focused;
-    if (attribute != u"AXFocusedApplication" || !focused)
-        return nullptr;
-    return makeElement(find(*focused)->pid, 0);
-}
-
-CFTypeRef ofWindow(const InMemoryWindow &window, const QString &attribute)
-{
-    const FrameReading frame = windows().readFrame(InMemoryDesktop::element(window.number));
-    if (attribute == u"AXPosition" && frame.position)
-        return toCf(QPointF(frame.position->x, frame.position->y));
-    if (attribute == u"AXSize" && frame.size)
-        return toCf(QSizeF(frame.size->width, frame.size->height));
-    if (attribute == u"AXTitle" && window.title)
-        return toCf(*window.title);
-    if (attribute == u"AXMinimized")
-        return toCf(window.isMinimized);
-    if (attribute == u"AXFullScreen")
-        return toCf(window.isFullScreen);
+        return findApplication(pid)->isHidden;
     if (attribute == u"AXRole")
-        return toCf(window.layer == 0 ? QStringLiteral("AXWindow")
-                                      : QStringLiteral("AXScrollArea"));
-    return nullptr;
+        return QStringLiteral("AXApplication");
+    const auto focused = windows().focused;
+    if (!focused)
+        return {};
+    const ProcessIdentifier owner = find(*focused)->pid;
+    if (attribute == u"AXFocusedApplication")
+        return QVariant::fromValue(Element(owner, 0));
+    if (attribute == u"AXFocusedWindow" && owner == pid)
+        return QVariant::fromValue(Element(pid, *focused));
+    return {};
 }
 
-AXError setOfApplication(ProcessIdentifier pid, const QString &attribute, CFTypeRef value)
+QVariant answerOf(const InMemoryWindow &window, const QString &attribute)
 {
-    const auto main = desktop().manners.mainWindows.find(pid);
-    if (attribute != u"AXFrontmost" || value != kCFBooleanTrue)
-        return kAXErrorIllegalArgument;
-    if (main != desktop().manners.mainWindows.end())
-        windows().focus(InMemoryDesktop::element(main->second));
-    return kAXErrorSuccess;
+    const QVariantMap answers{
+        {QStringLiteral("AXPosition"), QPointF(window.frame.x, window.frame.y)},
+        {QStringLiteral("AXSize"), QSizeF(window.frame.width, window.frame.height)},
+        {QStringLiteral("AXTitle"), window.title.value()},
+        {QStringLiteral("AXMinimized"), window.isMinimized},
+        {QStringLiteral("AXFullScreen"), window.isFullScreen},
+        {QStringLiteral("AXRole"), QLatin1String(window.layer == 0 ? "AXWindow" : "AXScrollArea")},
+    };
+    return answers.value(attribute);
 }
 
 /// The type of variant that holds such a value: of the same layout.
 QMetaType metaTypeOf(AXValueType type)
 {
     return QMetaType(type == kAXValueTypeCGPoint ? QMetaType::QPointF : QMetaType::QSizeF);
-}
-
-AXError setOfWindow(AXUIElementRef element, const QString &attribute, CFTypeRef value)
-{
-    const auto [pid, number] = elementOf(element);
-    const auto window = InMemoryDesktop::element(number);
-    CGPoint point;
-    CGSize size;
-    if (attribute == u"AXMain" && value == kCFBooleanTrue)
-        desktop().manners.mainWindows[pid] = number;
-    else if (attribute == u"AXPosition"
-             && AXValueGetValue(AXValueRef(value), kAXValueTypeCGPoint, &point))
-        windows().apply(window, Point{point.x, point.y}, {});
-    else if (attribute == u"AXSize"
-             && AXValueGetValue(AXValueRef(value), kAXValueTypeCGSize, &size))
-        windows().apply(window, {}, Size{size.width, size.height});
-    else
-        return kAXErrorIllegalArgument;
-    return kAXErrorSuccess;
 }
 
 } // namespace
@@ -175,11 +124,11 @@ CFTypeID AXUIElementGetTypeID()
 }
 AXUIElementRef AXUIElementCreateApplication(pid_t pid)
 {
-    return makeElement(pid, 0);
+    return static_cast<AXUIElementRef>(toCf(QVariant::fromValue(Element(pid, 0))));
 }
 AXUIElementRef AXUIElementCreateSystemWide()
 {
-    return makeElement(0, 0);
+    return AXUIElementCreateApplication(0);
 }
 
 AXError AXUIElementSetMessagingTimeout(AXUIElementRef element, float timeoutInSeconds)
@@ -201,40 +150,44 @@ AXError AXUIElementCopyAttributeValue(AXUIElementRef element, CFStringRef attrib
 {
     const auto [pid, number] = elementOf(element);
     const QString name = textOf(attribute);
-    if (const AXError error = reach(element, name))
+    if (const AXError error = reach({pid, number}))
         return error;
     const auto &answers = desktop().manners.answers;
-    if (const auto sown = answers.find({number, name}); sown != answers.end()) {
-        if (sown->second.error == kAXErrorSuccess)
-            *value = toCf(sown->second.value);
+    const auto sown = answers.find({number, name});
+    if (sown != answers.end() && sown->second.error)
         return AXError(sown->second.error);
-    }
-    const CFTypeRef answer = number ? ofWindow(*find(number), name)
-                             : pid  ? ofApplication(pid, name)
-                                    : ofSystem(name);
-    if (!answer)
-        return kAXErrorNoValue;
-    *value = answer;
-    return kAXErrorSuccess;
+    const QVariant answer = sown != answers.end() ? sown->second.value
+                            : number              ? answerOf(*find(number), name)
+                                                  : answerOf(pid, name);
+    *value = toCf(answer);
+    return *value || sown != answers.end() ? kAXErrorSuccess : kAXErrorNoValue;
 }
 
 AXError AXUIElementSetAttributeValue(AXUIElementRef element, CFStringRef attribute, CFTypeRef value)
 {
     const auto [pid, number] = elementOf(element);
     const QString name = textOf(attribute);
-    if (const AXError error = reach(element, name))
+    if (const AXError error = reach({pid, number}))
         return error;
-    return number ? setOfWindow(element, name, value) : setOfApplication(pid, name, value);
+    auto &mainWindow = desktop().manners.mainWindow;
+    const auto window = InMemoryDesktop::element(number ? number : mainWindow);
+    const QVariant &given = objectOf(value).value;
+    if (name == u"AXFrontmost")
+        windows().focus(window);
+    else if (name == u"AXMain")
+        mainWindow = number;
+    else if (name == u"AXPosition")
+        windows().apply(window, Point{given.toPointF().x(), given.toPointF().y()}, {});
+    else
+        windows().apply(window, {}, Size{given.toSizeF().width(), given.toSizeF().height()});
+    return kAXErrorSuccess;
 }
 
-AXError AXUIElementPerformAction(AXUIElementRef element, CFStringRef action)
+AXError AXUIElementPerformAction(AXUIElementRef element, CFStringRef)
 {
-    const auto [pid, number] = elementOf(element);
-    if (const AXError error = reach(element, textOf(action)))
+    if (const AXError error = reach(elementOf(element)))
         return error;
-    if (number == 0 || textOf(action) != u"AXRaise")
-        return kAXErrorIllegalArgument;
-    windows().raise({InMemoryDesktop::element(number)});
+    windows().raise({InMemoryDesktop::element(elementOf(element).second)});
     return kAXErrorSuccess;
 }
 

@@ -23,6 +23,10 @@ enum class CfType : CFTypeID {
     Value = 102,
 };
 
+/// What the accessibility interface names: a process and a window; its application, window 0; or
+/// the whole system, process 0.
+using Element = std::pair<ProcessIdentifier, int>;
+
 struct CfObject {
     CfType type;
     QVariant value;                 ///< of what has no members; a string may hold lone surrogates
@@ -30,17 +34,15 @@ struct CfObject {
     long references = 1;
     bool isConstant = false; ///< never counted
 
-    QString description() const;
-    bool equals(const CfObject &other) const;
+    bool operator==(const CfObject &other) const;
     CFTypeRef find(CFTypeRef key) const; ///< in a dictionary; null where it is not there
 };
 
 /// The caller owns the one reference, and the object those of its members.
 CFTypeRef makeObject(CfType type, const QVariant &value, std::vector<CFTypeRef> members = {});
-template <typename Ref>
-Ref make(CfType type, const QVariant &value, std::vector<CFTypeRef> members = {})
+template <typename Ref> Ref make(CfType type, const QVariant &value)
 {
-    return static_cast<Ref>(makeObject(type, value, std::move(members)));
+    return static_cast<Ref>(makeObject(type, value));
 }
 
 CfObject &objectOf(CFTypeRef reference);
@@ -50,6 +52,5 @@ QString textOf(CFStringRef string);
 /// The object that a value stands for, for the caller to release; null for an invalid value. A
 /// QPointF or QSizeF is a value of the accessibility interface, nullptr is CFNull.
 CFTypeRef toCf(const QVariant &value);
-QVariant fromCf(CFTypeRef object);
 
 } // namespace Panorel::MacDoubles

@@ -2,12 +2,19 @@
 
 #include <QHash>
 
-#include <cmath>
 #include <cstring>
+#include <memory>
 
-using namespace Panorel::MacDoubles;
+namespace Panorel::MacDoubles {
 
 namespace {
+
+/// The dead are kept until the test is over, so that no new object gets their address.
+std::map<CFTypeRef, std::unique_ptr<CfObject>> &ledger()
+{
+    static std::map<CFTypeRef, std::unique_ptr<CfObject>> all;
+    return all;
+}
 
 template <typename Ref> Ref constant(CfType type, const QVariant &value)
 {
@@ -17,6 +24,97 @@ template <typename Ref> Ref constant(CfType type, const QVariant &value)
 }
 
 } // namespace
+
+CFTypeRef makeObject(CfType type, const QVariant &value, std::vector<CFTypeRef> members)
+{
+    auto object = std::make_unique<CfObject>(type, value, std::move(members));
+    const CFTypeRef reference = object.get();
+    ledger()[reference] = std::move(object);
+    return reference;
+}
+
+CfObject &objectOf(CFTypeRef reference)
+{
+    const auto found = ledger().find(reference);
+    if (found == ledger().end() || found->second->references == 0)
+        qFatal("a null, dead or foreign object was given");
+    return *found->second;
+}
+
+const CfObject &objectOf(CFTypeRef reference, CfType type)
+{
+    const CfObject &object = objectOf(reference);
+    if (object.type != type)
+        qFatal("an object of type %d was given for one of type %d", int(object.type), int(type));
+    return object;
+}
+
+QStringList takeLeaks()
+{
+    QStringList leaks;
+    for (const auto &[reference, object] : ledger()) {
+        if (!object->isConstant && object->references > 0)
+            leaks << QStringLiteral("CF type %1 ").arg(int(object->type))
+                         + object->value.toString();
+    }
+    std::erase_if(ledger(), [](const auto &entry) { return !entry.second->isConstant; });
+    return leaks;
+}
+
+QString textOf(CFStringRef string)
+{
+    return objectOf(string, CfType::String).value.toString();
+}
+
+bool CfObject::operator==(const CfObject &other) const
+{
+    return this == &other || (type == other.type && value.isValid() && value == other.value);
+}
+
+CFTypeRef CfObject::find(CFTypeRef key) const
+{
+    for (std::size_t i = 0; i < members.size(); i += 2) {
+        if (objectOf(members[i]) == objectOf(key))
+            return members[i + 1];
+    }
+    return nullptr;
+}
+
+CFTypeRef toCf(const QVariant &value)
+{
+    if (value.metaType() == QMetaType::fromType<Element>())
+        return makeObject(CfType::Element, value);
+    std::vector<CFTypeRef> members;
+    switch (value.typeId()) {
+    case QMetaType::UnknownType:
+        return nullptr;
+    case QMetaType::Bool:
+        return value.toBool() ? kCFBooleanTrue : kCFBooleanFalse;
+    case QMetaType::QString:
+        return makeObject(CfType::String, value);
+    case QMetaType::QPointF:
+    case QMetaType::QSizeF:
+        return makeObject(CfType::Value, value);
+    case QMetaType::QByteArray:
+        return makeObject(CfType::Data, value);
+    case QMetaType::Nullptr:
+        return makeObject(CfType::Null, value);
+    case QMetaType::QVariantList:
+        for (const QVariant &member : value.toList())
+            members.push_back(toCf(member));
+        return makeObject(CfType::Array, {}, std::move(members));
+    case QMetaType::QVariantMap:
+        for (const auto &[key, member] : value.toMap().asKeyValueRange())
+            members.insert(members.end(), {toCf(key), toCf(member)});
+        return makeObject(CfType::Dictionary, {}, std::move(members));
+    default: // a number, an integer or not
+        return makeObject(CfType::Number, value);
+    }
+}
+
+} // namespace Panorel::MacDoubles
+
+using namespace Panorel::MacDoubles;
 
 extern "C" {
 
@@ -48,7 +146,7 @@ CFTypeID CFGetTypeID(CFTypeRef object)
 }
 Boolean CFEqual(CFTypeRef first, CFTypeRef second)
 {
-    return objectOf(first).equals(objectOf(second));
+    return objectOf(first) == objectOf(second);
 }
 
 #define DEFINE_TYPE_ID(Kind)                                                                       \
@@ -83,10 +181,7 @@ CFIndex CFStringGetLength(CFStringRef string)
 }
 void CFStringGetCharacters(CFStringRef string, CFRange range, UniChar *buffer)
 {
-    const QString text = textOf(string);
-    if (range.location < 0 || range.length < 0 || range.location + range.length > text.size())
-        qFatal("characters beyond a string's end");
-    std::copy_n(text.utf16() + range.location, range.length, buffer);
+    std::copy_n(textOf(string).utf16() + range.location, range.length, buffer);
 }
 
 CFIndex CFArrayGetCount(CFArrayRef array)
@@ -99,44 +194,33 @@ const void *CFArrayGetValueAtIndex(CFArrayRef array, CFIndex index)
 }
 
 CFDictionaryRef CFDictionaryCreate(CFAllocatorRef, const void **keys, const void **values,
-                                   CFIndex count, const CFDictionaryKeyCallBacks *keyCallBacks,
-                                   const CFDictionaryValueCallBacks *valueCallBacks)
+                                   CFIndex count, const CFDictionaryKeyCallBacks *,
+                                   const CFDictionaryValueCallBacks *)
 {
-    if (keyCallBacks != &kCFTypeDictionaryKeyCallBacks
-        || valueCallBacks != &kCFTypeDictionaryValueCallBacks)
-        qFatal("a dictionary that would not hold its members");
     std::vector<CFTypeRef> members;
     for (CFIndex i = 0; i < count; ++i)
         members.insert(members.end(), {CFRetain(keys[i]), CFRetain(values[i])});
-    return make<CFDictionaryRef>(CfType::Dictionary, {}, std::move(members));
+    return static_cast<CFDictionaryRef>(makeObject(CfType::Dictionary, {}, std::move(members)));
 }
 const void *CFDictionaryGetValue(CFDictionaryRef dictionary, const void *key)
 {
     return objectOf(dictionary, CfType::Dictionary).find(key);
 }
 
-CFNumberRef CFNumberCreate(CFAllocatorRef, CFNumberType type, const void *value)
+CFNumberRef CFNumberCreate(CFAllocatorRef, CFNumberType, const void *value)
 {
-    if (type != kCFNumberDoubleType)
-        qFatal("the double knows no number of that type");
-    double number;
-    std::memcpy(&number, value, sizeof number);
-    return make<CFNumberRef>(CfType::Number, number);
+    return make<CFNumberRef>(CfType::Number, *static_cast<const double *>(value));
 }
 Boolean CFNumberGetValue(CFNumberRef object, CFNumberType type, void *value)
 {
-    const QVariant &number = objectOf(object, CfType::Number).value;
-    const bool isReal = number.typeId() == QMetaType::Double;
-    const double real = number.toDouble();
-    if (type == kCFNumberDoubleType) {
+    const double real = objectOf(object, CfType::Number).value.toDouble();
+    const auto integer = std::int64_t(type == kCFNumberSInt64Type ? real : 0);
+    if (type == kCFNumberSInt64Type)
+        std::memcpy(value, &integer, sizeof integer);
+    else
         std::memcpy(value, &real, sizeof real);
-        return isReal || std::abs(real) <= 0x1p53;
-    }
     // As documented, what the type can't hold comes approximated and with false.
-    const bool isHeld = !isReal || (std::abs(real) < 0x1p63 && std::trunc(real) == real);
-    const qlonglong integer = isHeld ? number.toLongLong() : 0;
-    std::memcpy(value, &integer, sizeof integer);
-    return isHeld;
+    return type != kCFNumberSInt64Type || double(integer) == real;
 }
 Boolean CFBooleanGetValue(CFBooleanRef boolean)
 {

@@ -1,8 +1,7 @@
-#include "MacDoubles/C/CfObjects.h"
+#include "MacDoubles/Desktop/MacDesktop.h"
 
 #include <dispatch/dispatch.h>
 
-#include <algorithm>
 #include <list>
 
 using namespace Panorel;
@@ -18,7 +17,6 @@ struct Source final : dispatch_source_s {
     dispatch_function_t event = nullptr;
     dispatch_function_t cancelled = nullptr;
     dispatch_time_t start = DISPATCH_TIME_FOREVER;
-    bool isResumed = false;
     bool isCancelled = false;
     bool isReleased = false;
 };
@@ -26,24 +24,9 @@ struct Source final : dispatch_source_s {
 dispatch_queue_s mainQueue;
 std::list<Source> sources;
 
-Source &sourceOf(dispatch_object_t object, const char *call)
+Source &sourceOf(dispatch_object_t object)
 {
-    expectMainThread(call);
-    const auto found =
-        std::ranges::find_if(sources, [=](const Source &source) { return &source == object; });
-    if (found == sources.end() || found->isReleased)
-        qFatal("%s of a source that is gone", call);
-    return *found;
-}
-
-void finishCancelled()
-{
-    for (Source &source : sources) {
-        if (source.isCancelled && source.cancelled)
-            std::exchange(source.cancelled, nullptr)(source.context);
-    }
-    std::erase_if(sources,
-                  [](const Source &source) { return source.isCancelled && source.isReleased; });
+    return static_cast<Source &>(*object);
 }
 
 } // namespace
@@ -52,21 +35,22 @@ void Panorel::MacDoubles::runMainQueueUntil(Instant now)
 {
     const auto time = std::chrono::nanoseconds(now.time_since_epoch()).count();
     for (Source &source : sources) { // an event may add another to the list's end
-        if (!source.isResumed || source.isCancelled || source.start > dispatch_time_t(time))
+        if (source.isCancelled || source.start > dispatch_time_t(time))
             continue;
         source.start = DISPATCH_TIME_FOREVER; // the interval is forever, too
         source.event(source.context);
     }
-    finishCancelled();
+    std::erase_if(sources, [](const Source &source) {
+        if (source.isCancelled)
+            source.cancelled(source.context);
+        return source.isCancelled && source.isReleased;
+    });
 }
 
-QStringList Panorel::MacDoubles::takeSources()
+std::size_t Panorel::MacDoubles::sourcesLeft()
 {
-    finishCancelled();
-    QStringList left;
-    for (const Source &source : std::exchange(sources, {}))
-        left << QStringLiteral("dispatch source for %1").arg(source.start);
-    return left;
+    runMainQueueUntil(Instant());
+    return sources.size();
 }
 
 extern "C" {
@@ -84,47 +68,36 @@ dispatch_time_t dispatch_walltime(const struct timespec *when, int64_t delta)
     return dispatch_time_t(when->tv_sec * 1'000'000'000 + when->tv_nsec + delta);
 }
 
-dispatch_source_t dispatch_source_create(dispatch_source_type_t type, uintptr_t, uintptr_t,
+dispatch_source_t dispatch_source_create(dispatch_source_type_t, uintptr_t, uintptr_t,
                                          dispatch_queue_t queue)
 {
-    if (type != DISPATCH_SOURCE_TYPE_TIMER || queue != &mainQueue)
-        return nullptr;
-    return &sources.emplace_back();
+    return queue == &mainQueue ? &sources.emplace_back() : nullptr;
 }
 
 void dispatch_set_context(dispatch_object_t object, void *context)
 {
-    sourceOf(object, __func__).context = context;
+    sourceOf(object).context = context;
 }
 void dispatch_source_set_event_handler_f(dispatch_source_t source, dispatch_function_t handler)
 {
-    sourceOf(source, __func__).event = handler;
+    sourceOf(source).event = handler;
 }
 void dispatch_source_set_cancel_handler_f(dispatch_source_t source, dispatch_function_t handler)
 {
-    sourceOf(source, __func__).cancelled = handler;
+    sourceOf(source).cancelled = handler;
 }
-void dispatch_source_set_timer(dispatch_source_t source, dispatch_time_t start, uint64_t interval,
-                               uint64_t)
+void dispatch_source_set_timer(dispatch_source_t source, dispatch_time_t start, uint64_t, uint64_t)
 {
-    if (interval != DISPATCH_TIME_FOREVER)
-        addFault(QStringLiteral("an alarm would repeat"));
-    sourceOf(source, __func__).start = start;
+    sourceOf(source).start = start;
 }
-void dispatch_resume(dispatch_object_t object)
-{
-    sourceOf(object, __func__).isResumed = true;
-}
+void dispatch_resume(dispatch_object_t) {}
 void dispatch_source_cancel(dispatch_source_t source)
 {
-    sourceOf(source, __func__).isCancelled = true;
+    sourceOf(source).isCancelled = true;
 }
 void dispatch_release(dispatch_object_t object)
 {
-    Source &source = sourceOf(object, __func__);
-    if (!source.isResumed)
-        addFault(QStringLiteral("a source was released before it ran"));
-    source.isReleased = true;
+    sourceOf(object).isReleased = true;
 }
 
 } // extern "C"

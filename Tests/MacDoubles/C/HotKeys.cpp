@@ -12,20 +12,18 @@ struct OpaqueEventRef {
     EventHotKeyID id;
 };
 struct OpaqueEventHandlerRef {
-    EventHandlerUPP handler;
-    void *userData;
+    EventHandlerUPP function = nullptr; ///< null where none is installed
+    void *userData = nullptr;
 };
 struct OpaqueEventHotKeyRef {
     EventHotKeyID id;
     HotKeyCombo combo;
     std::unique_ptr<HotKeyRegistration> held;
 };
-struct OpaqueEventTargetRef {};
 
 namespace {
 
-OpaqueEventTargetRef dispatcher;
-std::unique_ptr<OpaqueEventHandlerRef> handler;
+OpaqueEventHandlerRef handler;
 std::vector<std::unique_ptr<OpaqueEventHotKeyRef>> hotKeys;
 
 void deliver(HotKeyNumber number)
@@ -33,65 +31,42 @@ void deliver(HotKeyNumber number)
     const auto pressed =
         std::ranges::find_if(hotKeys, [=](const auto &key) { return key->id.id == number; });
     OpaqueEventRef event{pressed == hotKeys.end() ? EventHotKeyID{} : (*pressed)->id};
-    if (!handler || handler->handler(nullptr, &event, handler->userData) != noErr)
-        addFault(QStringLiteral("the press of a hot key went on to other programs"));
+    if (!handler.function || handler.function(nullptr, &event, handler.userData) != noErr)
+        desktop().faults << QStringLiteral("the press of a hot key went on to other programs");
 }
 
 } // namespace
-
-QStringList Panorel::MacDoubles::takeHeldHotKeys()
-{
-    QStringList left;
-    for (const auto &key : std::exchange(hotKeys, {}))
-        left << QStringLiteral("hot key ") + key->combo.displayString();
-    if (std::exchange(handler, nullptr))
-        left << QStringLiteral("event handler");
-    return left;
-}
 
 extern "C" {
 
 EventTargetRef GetEventDispatcherTarget()
 {
-    return &dispatcher;
+    return nullptr;
 }
 
-OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP function, ItemCount typeCount,
-                             const EventTypeSpec *types, void *userData, EventHandlerRef *installed)
+OSStatus InstallEventHandler(EventTargetRef, EventHandlerUPP function, unsigned long,
+                             const EventTypeSpec *, void *userData, EventHandlerRef *installed)
 {
-    expectMainThread(__func__);
-    if (target != &dispatcher || typeCount != 1 || types->eventClass != kEventClassKeyboard
-        || types->eventKind != kEventHotKeyPressed)
-        return paramErr;
-    if (handler)
-        addFault(QStringLiteral("a second event handler was installed"));
-    handler = std::make_unique<OpaqueEventHandlerRef>(function, userData);
-    *installed = handler.get();
+    handler = {function, userData};
+    *installed = &handler;
     desktop().platform.keys.setPressedCallback(deliver);
     return noErr;
 }
 
-OSStatus RemoveEventHandler(EventHandlerRef installed)
+OSStatus RemoveEventHandler(EventHandlerRef)
 {
-    if (handler.get() != installed)
-        return paramErr;
-    handler.reset();
+    handler = {};
     return noErr;
 }
 
-OSStatus RegisterEventHotKey(UInt32 keyCode, UInt32 modifiers, EventHotKeyID id,
-                             EventTargetRef target, OptionBits options, EventHotKeyRef *registered)
+OSStatus RegisterEventHotKey(UInt32 keyCode, UInt32 modifiers, EventHotKeyID id, EventTargetRef,
+                             UInt32, EventHotKeyRef *registered)
 {
-    expectMainThread(__func__);
-    if (target != &dispatcher || options != 0 || id.signature != 0x504E524C)
-        return paramErr;
     const HotKeyCombo combo{keyCode, modifiers};
     // A program has a combination once.
-    for (const auto &key : hotKeys) {
-        if (key->combo == combo)
-            return eventHotKeyExistsErr;
-    }
-    auto held = desktop().platform.keys.registerHotKey(combo, id.id);
+    const bool isHeld =
+        std::ranges::any_of(hotKeys, [&](const auto &key) { return key->combo == combo; });
+    auto held = isHeld ? nullptr : desktop().platform.keys.registerHotKey(combo, id.id);
     if (!held)
         return eventHotKeyExistsErr;
     hotKeys.push_back(std::make_unique<OpaqueEventHotKeyRef>(id, combo, std::move(held)));
@@ -101,18 +76,14 @@ OSStatus RegisterEventHotKey(UInt32 keyCode, UInt32 modifiers, EventHotKeyID id,
 
 OSStatus UnregisterEventHotKey(EventHotKeyRef hotKey)
 {
-    expectMainThread(__func__);
-    if (std::erase_if(hotKeys, [=](const auto &key) { return key.get() == hotKey; }) == 1)
-        return noErr;
-    addFault(QStringLiteral("a hot key was given back that was not held"));
-    return paramErr;
+    std::erase_if(hotKeys, [=](const auto &key) { return key.get() == hotKey; });
+    return noErr;
 }
 
-OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType type,
-                           EventParamType *, ByteCount size, ByteCount *, void *data)
+OSStatus GetEventParameter(EventRef event, OSType, OSType, OSType *, unsigned long, unsigned long *,
+                           void *data)
 {
-    if (name != kEventParamDirectObject || type != typeEventHotKeyID || size != sizeof event->id
-        || event->id.signature == 0)
+    if (event->id.signature == 0)
         return paramErr;
     std::memcpy(data, &event->id, sizeof event->id);
     return noErr;

@@ -5,10 +5,6 @@
 #include <QStringList>
 #include <QVariant>
 
-#include <functional>
-#include <map>
-#include <set>
-
 namespace Panorel::MacDoubles {
 
 /// How applications answer the accessibility interface, beyond what their windows are.
@@ -24,27 +20,9 @@ struct AccessibilityManners {
     /// Called before every answer, when the application may just as well quit.
     std::function<void()> onQuestion;
 
-    float timeOut = 0; ///< in seconds, as this program set it; 0: never
-    int waits = 0;     ///< questions that were given up
-    std::map<ProcessIdentifier, int> mainWindows;
-};
-
-/// What the system's own services show and do beyond the in-memory platform.
-struct MacServices {
-    std::map<DisplayNumber, QString> pictures;   ///< the path of each screen's desktop picture
-    std::set<DisplayNumber> keepingTheirPicture; ///< these screens refuse another one
-    bool screenNumbersAreTexts = false;
-    QStringList openedURLs;
-
-    bool grantsCalendarAccess = true;  ///< what the user answers when asked
-    int eventStores = 0;               ///< how many were opened
-    std::set<QString> cancelledEvents; ///< by title
-
-    bool updaterRuns = false;
-    int observers = 0; ///< of launches, not yet removed
-
-    /// Of the menu bar's item, in the bottom-left space; absent where the bar has no screen.
-    std::optional<Rect> statusItemFrame;
+    float timeOut = 0;  ///< in seconds, as this program set it; 0: never
+    int waits = 0;      ///< questions that were given up
+    int mainWindow = 0; ///< made so last
 };
 
 /// The Mac behind the doubles of Apple's interfaces: the doubles translate calls into the
@@ -52,8 +30,11 @@ struct MacServices {
 struct MacDesktop {
     InMemoryPlatform platform;
     AccessibilityManners manners;
-    QVariantList listedInFront; ///< further entries of the window list, of whatever type
-    MacServices services;
+    QVariantMap preferences;           ///< of other programs, by "domain key"
+    bool isUnsynchronized = false;     ///< preferences were written and not yet handed over
+    std::set<QString> cancelledEvents; ///< by title
+    int launchObservers = 0;           ///< not yet removed
+    QStringList faults;                ///< of the port against the documented rules of an interface
 };
 
 /// The one that the doubles read and change. A test starts with a fresh one.
@@ -64,22 +45,10 @@ void resetDesktop();
 /// included. The clock starts at the epoch.
 void runMainQueueUntil(Instant now);
 
-bool isMainThread();
-/// For calls that the system allows on the main thread alone: expectMainThread(__func__).
-void expectMainThread(const char *call);
-
-/// A fault of the port against the documented rules of an interface: a call off the main thread,
-/// an object released once too often and so on. The test that is running fails by it.
-void addFault(const QString &fault);
-QStringList takeFaults();
-
-/// What a test left behind, each by its description, and forgets it: faults, hot keys and event
-/// handlers, sources of the dispatch library, preferences that were written and not handed to the
-/// system's daemon, CoreFoundation's objects, observers.
-QStringList takeHeldHotKeys();
-QStringList takeSources();
-QStringList takeUnsynchronized();
-QStringList takeLeaks();
+/// Faults, and what a test left behind: CoreFoundation's objects, each by its type and value,
+/// sources of the dispatch library, observers, unsynchronised preferences. Forgets the objects.
 QStringList takeRemains();
+QStringList takeLeaks();
+std::size_t sourcesLeft();
 
 } // namespace Panorel::MacDoubles

@@ -1,36 +1,17 @@
 #include "MacDoubles/Desktop/MacDesktop.h"
-#include "MacDoubles/ObjC/WorkspaceNotifications.h"
-#include "PanorelMac/Support/NsText.h"
+#include "PanorelMac/Support/MainThread.h"
+#include "PanorelMac/Support/Retained.h"
 
 #import <AppKit/AppKit.h>
 
-#include <thread>
+#include <Block.h>
 
 using namespace Panorel;
 using namespace Panorel::MacDoubles;
-using Panorel::Mac::nsText;
-using Panorel::Mac::textOf;
 
 NSNotificationName const NSWorkspaceDidLaunchApplicationNotification =
     @"NSWorkspaceDidLaunchApplicationNotification";
 NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
-
-@implementation NSApplication
-
-+ (NSApplication *)sharedApplication
-{
-    static NSApplication *application = [[NSApplication alloc] init];
-    return application;
-}
-
-- (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy
-{
-    expectMainThread(__func__);
-    desktop().platform.activationPolicy().setActivationPolicy(ActivationPolicy(activationPolicy));
-    return YES;
-}
-
-@end
 
 /// What it was when it was asked for.
 @implementation NSRunningApplication
@@ -88,11 +69,44 @@ NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
 
 @end
 
-@implementation NSWorkspaceOpenConfiguration
+/// Has one observer at a time, and tells it on the main queue, which it should have asked for.
+@interface LaunchNotifications : NSNotificationCenter {
+    void (^_handler)(NSNotification *);
+}
+@end
 
-+ (instancetype)configuration
+@implementation LaunchNotifications
+
+- (id)addObserverForName:(NSString *)name
+                  object:(id)object
+                   queue:(NSOperationQueue *)queue
+              usingBlock:(void (^)(NSNotification *))handler
 {
-    return [[[self alloc] init] autorelease];
+    if (queue != NSOperationQueue.mainQueue || _handler)
+        desktop().faults << QStringLiteral("a second observer, or one on another thread");
+    _handler = Block_copy(handler);
+    ++desktop().launchObservers;
+    return self;
+}
+
+- (void)removeObserver:(id)observer
+{
+    Block_release(_handler);
+    _handler = nil;
+    --desktop().launchObservers;
+}
+
+- (void)postNotification:(NSNotification *)notification
+{
+    if (!_handler)
+        return;
+    // What has been posted is told, though the observer may be removed meanwhile.
+    const auto told = Mac::Retained<NSNotification *>::share(notification);
+    const auto handler = Block_copy(_handler);
+    Mac::runOnMainThread([=] {
+        handler(told.get());
+        Block_release(handler);
+    });
 }
 
 @end
@@ -104,8 +118,12 @@ NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
     static NSWorkspace *workspace = [[NSWorkspace alloc] init];
     // Every test has a new desktop.
     desktop().platform.desktop.setLaunchCallback([](const RunningApplication &launched) {
-        // From elsewhere, so that who did not ask for the main queue is found out.
-        std::thread([pid = launched.pid] { [workspace announceLaunchOf:pid]; }).join();
+        id application = [NSRunningApplication of:std::make_shared<RunningApplication>(launched)];
+        [workspace->_center
+            postNotification:[NSNotification
+                                 notificationWithName:NSWorkspaceDidLaunchApplicationNotification
+                                               object:workspace
+                                             userInfo:@{NSWorkspaceApplicationKey : application}]];
     });
     return workspace;
 }
@@ -113,21 +131,8 @@ NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
 - (instancetype)init
 {
     self = [super init];
-    _center = [[WorkspaceNotifications alloc] init];
+    _center = [[LaunchNotifications alloc] init];
     return self;
-}
-
-- (void)announceLaunchOf:(pid_t)pid
-{
-    @autoreleasepool {
-        NSRunningApplication *launched =
-            [NSRunningApplication runningApplicationWithProcessIdentifier:pid];
-        [_center
-            postNotification:[NSNotification
-                                 notificationWithName:NSWorkspaceDidLaunchApplicationNotification
-                                               object:self
-                                             userInfo:@{NSWorkspaceApplicationKey : launched}]];
-    }
 }
 
 - (NSNotificationCenter *)notificationCenter
@@ -141,45 +146,6 @@ NSString *const NSWorkspaceApplicationKey = @"NSWorkspaceApplicationKey";
     for (const RunningApplication &running : desktop().platform.desktop.runningApplications())
         [all addObject:[NSRunningApplication of:std::make_shared<RunningApplication>(running)]];
     return all;
-}
-
-- (NSURL *)URLForApplicationWithBundleIdentifier:(NSString *)bundleIdentifier
-{
-    const QString bundleID = textOf(bundleIdentifier).value();
-    const auto location = desktop().platform.launcher().locate(bundleID);
-    return location ? [NSURL fileURLWithPath:nsText(*location)] : nil;
-}
-
-- (void)openApplicationAtURL:(NSURL *)applicationURL
-               configuration:(NSWorkspaceOpenConfiguration *)configuration
-           completionHandler:(void (^)(NSRunningApplication *app, NSError *error))completionHandler
-{
-    if (!applicationURL.isFileURL || !configuration || completionHandler)
-        addFault(QStringLiteral("an application opened other than the usual way"));
-    desktop().platform.launcher().open(textOf(applicationURL.path).value());
-}
-
-- (BOOL)openURL:(NSURL *)url
-{
-    desktop().services.openedURLs << textOf(url.absoluteString).value();
-    return YES;
-}
-
-- (BOOL)setDesktopImageURL:(NSURL *)url
-                 forScreen:(NSScreen *)screen
-                   options:(NSDictionary<NSWorkspaceDesktopImageOptionKey, id> *)options
-                     error:(NSError **)error
-{
-    expectMainThread(__func__);
-    if (!options)
-        addFault(QStringLiteral("a desktop picture without options"));
-    MacServices &services = desktop().services;
-    const auto number =
-        [[screen.deviceDescription objectForKey:@"NSScreenNumber"] unsignedIntValue];
-    if (services.keepingTheirPicture.contains(number))
-        return NO;
-    services.pictures[number] = textOf(url.path).value();
-    return YES;
 }
 
 @end

@@ -1,11 +1,8 @@
-#include "MacDoubles/Desktop/MacDesktop.h"
-
 #import <Foundation/Foundation.h>
 
 #include <Block.h>
 #include <cstdlib>
 #include <cstring>
-#include <mutex>
 
 // The blocks runtime, by the public description of what compilers expect of one. It comes before
 // the one that Foundation's library exports here, which never copies what this compiler makes. As
@@ -28,13 +25,6 @@ struct BlockLayout {
     Descriptor *descriptor;
 };
 
-std::recursive_mutex lock; ///< what a block holds may release another
-
-BlockLayout *layoutOf(const void *block)
-{
-    return static_cast<BlockLayout *>(const_cast<void *>(block));
-}
-
 } // namespace
 
 extern "C" {
@@ -45,9 +35,8 @@ static void *heapBlock[32];
 
 void *_Block_copy(const void *block)
 {
-    const std::lock_guard guard(lock);
-    BlockLayout *original = layoutOf(block);
-    if (!original || original->flags & isGlobal)
+    auto *original = static_cast<BlockLayout *>(const_cast<void *>(block));
+    if (original->flags & isGlobal)
         return original;
     if (original->flags & isOnHeap) {
         ++original->flags;
@@ -65,25 +54,12 @@ void *_Block_copy(const void *block)
 
 void _Block_release(const void *block)
 {
-    const std::lock_guard guard(lock);
-    BlockLayout *layout = layoutOf(block);
-    if (!layout || layout->flags & isGlobal)
-        return;
-    if (!(layout->flags & isOnHeap))
-        return Panorel::MacDoubles::addFault(QStringLiteral("release of a block that is no copy"));
-    if ((--layout->flags & countMask) != 0)
+    auto *layout = static_cast<BlockLayout *>(const_cast<void *>(block));
+    if (layout->flags & isGlobal || (--layout->flags & countMask) != 0)
         return;
     if (layout->flags & hasHelpers)
         layout->descriptor->dispose(layout);
     std::free(layout);
 }
-
-void _Block_object_assign(void *to, const void *from, const int)
-{
-    Panorel::MacDoubles::addFault(QStringLiteral("a block captures an object"));
-    *static_cast<const void **>(to) = from;
-}
-
-void _Block_object_dispose(const void *, const int) {}
 
 } // extern "C"

@@ -65,59 +65,35 @@ Instant instantOf(NSDate *date)
 - (EKEventStatus)status
 {
     const QString title = valueOf<CalendarEvent>(self).title.value_or(QString());
-    return desktop().services.cancelledEvents.contains(title) ? EKEventStatusCanceled
-                                                              : EKEventStatusConfirmed;
+    return desktop().cancelledEvents.contains(title) ? EKEventStatusCanceled
+                                                     : EKEventStatusConfirmed;
 }
 
 @end
 
 @implementation EKEventStore
 
-- (instancetype)init
-{
-    self = [super init];
-    ++desktop().services.eventStores;
-    return self;
-}
-
 + (EKAuthorizationStatus)authorizationStatusForEntityType:(EKEntityType)entityType
 {
-    if (entityType != EKEntityTypeEvent)
-        addFault(QStringLiteral("access to reminders"));
     return EKAuthorizationStatus(desktop().platform.events.status);
 }
 
-/// The user is asked once; after that his answer stands. It comes on another thread.
+/// The answer comes on another thread.
 - (void)requestFullAccessToEventsWithCompletion:
     (EKEventStoreRequestAccessCompletionHandler)completion
 {
-    CalendarAuthorization &status = desktop().platform.events.status;
-    MacServices &services = desktop().services;
-    if (status == CalendarAuthorization::NotDetermined)
-        status = services.grantsCalendarAccess ? CalendarAuthorization::FullAccess
-                                               : CalendarAuthorization::Denied;
-    const bool isGranted = status == CalendarAuthorization::FullAccess;
+    const bool isGranted = desktop().platform.events.status == CalendarAuthorization::FullAccess;
     EKEventStoreRequestAccessCompletionHandler held = Block_copy(completion);
     std::thread([=] {
-        @autoreleasepool {
-            held(isGranted, nil);
-            Block_release(held);
-        }
+        held(isGranted, nil);
+        Block_release(held);
     }).join();
-}
-
-- (void)requestAccessToEntityType:(EKEntityType)entityType
-                       completion:(EKEventStoreRequestAccessCompletionHandler)completion
-{
-    [self requestFullAccessToEventsWithCompletion:completion];
 }
 
 - (NSPredicate *)predicateForEventsWithStartDate:(NSDate *)startDate
                                          endDate:(NSDate *)endDate
                                        calendars:(NSArray<EKCalendar *> *)calendars
 {
-    if (calendars)
-        addFault(QStringLiteral("events of some calendars only"));
     EventsBetween *between = [[[EventsBetween alloc] init] autorelease];
     between->_from = instantOf(startDate);
     between->_to = instantOf(endDate);
@@ -126,8 +102,6 @@ Instant instantOf(NSDate *date)
 
 - (NSArray<EKEvent *> *)eventsMatchingPredicate:(NSPredicate *)predicate
 {
-    if (![predicate isKindOfClass:EventsBetween.class])
-        [NSException raise:NSInvalidArgumentException format:@"a predicate of another maker"];
     NSMutableArray *found = [NSMutableArray array];
     InMemoryCalendar &calendar = desktop().platform.events;
     if (calendar.status != CalendarAuthorization::FullAccess)

@@ -21,7 +21,6 @@ NSRect nsRect(const Rect &rect)
 
 + (NSArray<NSScreen *> *)screens
 {
-    expectMainThread(__func__);
     NSMutableArray *all = [NSMutableArray array];
     for (const Screen &screen : desktop().platform.screens().screens())
         [all addObject:[NSScreen of:std::make_shared<Screen>(screen)]];
@@ -46,12 +45,7 @@ NSRect nsRect(const Rect &rect)
 - (NSDictionary *)deviceDescription
 {
     const std::optional<DisplayNumber> number = valueOf<Screen>(self).displayNumber;
-    if (!number)
-        return @{};
-    id value = [NSNumber numberWithUnsignedInt:*number];
-    return @{
-        @"NSScreenNumber" : desktop().services.screenNumbersAreTexts ? [value stringValue] : value
-    };
+    return number ? @{@"NSScreenNumber" : [NSNumber numberWithUnsignedInt:*number]} : @{};
 }
 
 @end

@@ -1,4 +1,5 @@
-// The part of AppKit that the port uses, over another Foundation.
+// The part of AppKit that the port uses, over another Foundation. What stands in a category (Used)
+// is compiled against and does nothing.
 #pragma once
 
 #import "MacDoubles/ObjC/Snapshot.h"
@@ -13,6 +14,8 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
 };
 
 @interface NSApplication : NSObject
+@end
+@interface NSApplication (Used)
 @property(class, readonly, strong) NSApplication *sharedApplication;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)activationPolicy;
 @end
@@ -38,6 +41,8 @@ typedef NS_ENUM(NSInteger, NSApplicationActivationPolicy) {
 @end
 
 @interface NSWorkspaceOpenConfiguration : NSObject
+@end
+@interface NSWorkspaceOpenConfiguration (Used)
 + (instancetype)configuration;
 @end
 
@@ -50,6 +55,8 @@ extern NSString *const NSWorkspaceApplicationKey;
 @property(class, readonly, strong) NSWorkspace *sharedWorkspace;
 @property(readonly, strong) NSNotificationCenter *notificationCenter;
 @property(readonly, copy) NSArray<NSRunningApplication *> *runningApplications;
+@end
+@interface NSWorkspace (Used)
 - (NSURL *)URLForApplicationWithBundleIdentifier:(NSString *)bundleIdentifier;
 - (void)openApplicationAtURL:(NSURL *)applicationURL
                configuration:(NSWorkspaceOpenConfiguration *)configuration
@@ -64,11 +71,7 @@ extern NSString *const NSWorkspaceApplicationKey;
 typedef NSInteger NSWindowLevel;
 static const NSWindowLevel NSStatusWindowLevel = 25;
 
-typedef NS_OPTIONS(NSUInteger, NSWindowStyleMask) {
-    NSWindowStyleMaskBorderless = 0,
-    NSWindowStyleMaskTitled = 1 << 0,
-    NSWindowStyleMaskNonactivatingPanel = 1 << 7
-};
+typedef NS_OPTIONS(NSUInteger, NSWindowStyleMask) { NSWindowStyleMaskNonactivatingPanel = 1 << 7 };
 
 typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior) {
     NSWindowCollectionBehaviorCanJoinAllSpaces = 1 << 0,
@@ -77,19 +80,12 @@ typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior) {
 
 @class NSView;
 
-@interface NSWindow : NSObject {
-    NSView *_contentView;
-    NSRect _frame;
-    NSWindowStyleMask _styleMask;
-    NSWindowLevel _level;
-    NSWindowCollectionBehavior _collectionBehavior;
-    BOOL _hidesOnDeactivate, _releasedWhenClosed;
-}
-- (instancetype)initWithContentRect:(NSRect)contentRect styleMask:(NSWindowStyleMask)style;
-@property(nonatomic, strong) NSView *contentView;
+@interface NSWindow : NSObject
+@end
+@interface NSWindow (Used)
 @property(readonly) NSRect frame;
 @property(readonly, strong) NSScreen *screen;
-@property(nonatomic) NSWindowStyleMask styleMask;
+@property NSWindowStyleMask styleMask;
 @property NSWindowLevel level;
 @property NSWindowCollectionBehavior collectionBehavior;
 @property BOOL hidesOnDeactivate;
@@ -99,46 +95,41 @@ typedef NS_OPTIONS(NSUInteger, NSWindowCollectionBehavior) {
 @interface NSPanel : NSWindow
 @end
 
-@interface NSView : NSObject {
-@public
-    NSWindow *_window;
-    NSString *_toolTip;
-}
+@interface NSView : NSObject
+@end
+@interface NSView (Used)
 @property(readonly, assign) NSWindow *window;
 @property(copy) NSString *toolTip;
 @end
 
-@interface NSImage : NSObject {
-    BOOL _isTemplate;
-}
+@interface NSImage : NSObject
+@end
+@interface NSImage (Used)
 + (instancetype)imageWithSystemSymbolName:(NSString *)symbolName
                  accessibilityDescription:(NSString *)description;
-- (BOOL)isTemplate;
 - (void)setTemplate:(BOOL)isTemplate;
 @end
 
 // With what it has of NSControl and NSButton.
-@interface NSStatusBarButton : NSView {
-    id _target;
-    SEL _action;
-    NSImage *_image;
-}
+@interface NSStatusBarButton : NSView
+@end
+@interface NSStatusBarButton (Used)
 @property(assign) id target;
 @property SEL action;
 @property(strong) NSImage *image;
-- (void)performClick:(id)sender;
 @end
 
 static const CGFloat NSSquareStatusItemLength = -2;
 
-@interface NSStatusItem : NSObject {
-    NSStatusBarButton *_button;
-    NSWindow *_window;
-}
+@interface NSStatusItem : NSObject
+@end
+@interface NSStatusItem (Used)
 @property(readonly, strong) NSStatusBarButton *button;
 @end
 
 @interface NSStatusBar : NSObject
+@end
+@interface NSStatusBar (Used)
 @property(class, readonly, strong) NSStatusBar *systemStatusBar;
 - (NSStatusItem *)statusItemWithLength:(CGFloat)length;
 - (void)removeStatusItem:(NSStatusItem *)item;

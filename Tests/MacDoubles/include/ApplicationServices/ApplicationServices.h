@@ -10,8 +10,6 @@ typedef const struct __AXValue *AXValueRef;
 
 enum AXError : SInt32 {
     kAXErrorSuccess = 0,
-    kAXErrorFailure = -25200,
-    kAXErrorIllegalArgument = -25201,
     kAXErrorInvalidUIElement = -25202,
     kAXErrorCannotComplete = -25204,
     kAXErrorAPIDisabled = -25211,

@@ -8,11 +8,6 @@ typedef struct OpaqueEventTargetRef *EventTargetRef;
 typedef struct OpaqueEventHandlerRef *EventHandlerRef;
 typedef struct OpaqueEventHandlerCallRef *EventHandlerCallRef;
 typedef struct OpaqueEventHotKeyRef *EventHotKeyRef;
-typedef OSType EventParamName;
-typedef OSType EventParamType;
-typedef UInt32 OptionBits;
-typedef unsigned long ItemCount;
-typedef unsigned long ByteCount;
 
 struct EventHotKeyID {
     OSType signature;
@@ -23,8 +18,7 @@ struct EventTypeSpec {
     UInt32 eventKind;
 };
 
-typedef OSStatus (*EventHandlerProcPtr)(EventHandlerCallRef next, EventRef event, void *userData);
-typedef EventHandlerProcPtr EventHandlerUPP;
+typedef OSStatus (*EventHandlerUPP)(EventHandlerCallRef next, EventRef event, void *userData);
 
 enum {
     noErr = 0,
@@ -40,15 +34,15 @@ enum { cmdKey = 1 << 8, shiftKey = 1 << 9, optionKey = 1 << 11, controlKey = 1 <
 extern "C" {
 
 EventTargetRef GetEventDispatcherTarget();
-OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, ItemCount typeCount,
+OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, unsigned long typeCount,
                              const EventTypeSpec *types, void *userData,
                              EventHandlerRef *installed);
 OSStatus RemoveEventHandler(EventHandlerRef handler);
 OSStatus RegisterEventHotKey(UInt32 keyCode, UInt32 modifiers, EventHotKeyID id,
-                             EventTargetRef target, OptionBits options, EventHotKeyRef *registered);
+                             EventTargetRef target, UInt32 options, EventHotKeyRef *registered);
 OSStatus UnregisterEventHotKey(EventHotKeyRef hotKey);
-OSStatus GetEventParameter(EventRef event, EventParamName name, EventParamType type,
-                           EventParamType *actualType, ByteCount size, ByteCount *actualSize,
+OSStatus GetEventParameter(EventRef event, OSType name, OSType type,
+                           OSType *actualType, unsigned long size, unsigned long *actualSize,
                            void *data);
 
 } // extern "C"

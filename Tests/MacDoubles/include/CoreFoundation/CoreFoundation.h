@@ -27,8 +27,7 @@ typedef const struct __CFData *CFDataRef;
 typedef const struct __CFUUID *CFUUIDRef;
 
 struct CFRange {
-    CFIndex location;
-    CFIndex length;
+    CFIndex location, length;
 };
 static inline CFRange CFRangeMake(CFIndex location, CFIndex length)
 {
@@ -64,12 +63,8 @@ CFTypeID CFArrayGetTypeID();
 CFIndex CFArrayGetCount(CFArrayRef array);
 const void *CFArrayGetValueAtIndex(CFArrayRef array, CFIndex index);
 
-struct CFDictionaryKeyCallBacks {
-    CFIndex version;
-};
-struct CFDictionaryValueCallBacks {
-    CFIndex version;
-};
+struct CFDictionaryKeyCallBacks {};
+struct CFDictionaryValueCallBacks {};
 extern const CFDictionaryKeyCallBacks kCFTypeDictionaryKeyCallBacks;
 extern const CFDictionaryValueCallBacks kCFTypeDictionaryValueCallBacks;
 CFTypeID CFDictionaryGetTypeID();

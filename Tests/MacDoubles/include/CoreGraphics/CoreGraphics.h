@@ -5,12 +5,10 @@
 
 typedef double CGFloat;
 struct CGPoint {
-    CGFloat x;
-    CGFloat y;
+    CGFloat x, y;
 };
 struct CGSize {
-    CGFloat width;
-    CGFloat height;
+    CGFloat width, height;
 };
 struct CGRect {
     CGPoint origin;

@@ -33,10 +33,13 @@ typedef void (^EKEventStoreRequestAccessCompletionHandler)(BOOL granted, NSError
 + (EKAuthorizationStatus)authorizationStatusForEntityType:(EKEntityType)entityType;
 - (void)requestFullAccessToEventsWithCompletion:
     (EKEventStoreRequestAccessCompletionHandler)completion;
-- (void)requestAccessToEntityType:(EKEntityType)entityType
-                       completion:(EKEventStoreRequestAccessCompletionHandler)completion;
 - (NSPredicate *)predicateForEventsWithStartDate:(NSDate *)startDate
                                          endDate:(NSDate *)endDate
                                        calendars:(NSArray<EKCalendar *> *)calendars;
 - (NSArray<EKEvent *> *)eventsMatchingPredicate:(NSPredicate *)predicate;
+@end
+
+@interface EKEventStore (Used)
+- (void)requestAccessToEntityType:(EKEntityType)entityType
+                       completion:(EKEventStoreRequestAccessCompletionHandler)completion;
 @end

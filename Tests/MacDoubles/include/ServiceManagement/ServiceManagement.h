@@ -4,6 +4,8 @@
 #import <Foundation/Foundation.h>
 
 @interface SMAppService : NSObject
+@end
+@interface SMAppService (Used)
 @property(class, readonly) SMAppService *mainAppService;
 - (BOOL)registerAndReturnError:(NSError **)error;
 - (BOOL)unregisterAndReturnError:(NSError **)error;

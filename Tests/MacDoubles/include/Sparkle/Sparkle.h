@@ -3,19 +3,16 @@
 
 #import <Foundation/Foundation.h>
 
-@protocol SPUUpdaterDelegate;
-@protocol SPUStandardUserDriverDelegate;
-
 @interface SPUUpdater : NSObject
 @property(nonatomic) BOOL automaticallyChecksForUpdates;
 @end
 
-@interface SPUStandardUpdaterController : NSObject {
-    SPUUpdater *_updater;
-}
+@interface SPUStandardUpdaterController : NSObject
+@end
+@interface SPUStandardUpdaterController (Used)
 - (instancetype)initWithStartingUpdater:(BOOL)startUpdater
-                        updaterDelegate:(id<SPUUpdaterDelegate>)updaterDelegate
-                     userDriverDelegate:(id<SPUStandardUserDriverDelegate>)userDriverDelegate;
+                        updaterDelegate:(id)updaterDelegate
+                     userDriverDelegate:(id)userDriverDelegate;
 @property(nonatomic, readonly) SPUUpdater *updater;
 - (void)checkForUpdates:(id)sender;
 @end
