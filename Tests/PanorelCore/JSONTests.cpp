@@ -113,35 +113,19 @@ private Q_SLOTS:
         };
         const QByteArray frame = "[[-1920.5,-3],[800,600]]";
         const QByteArray id = "\"id\": \"0A0B0C0D-0000-4000-8000-00000000000F\"";
-        const char *badFrame = "frame must be [[x,y],[w,h]]";
         row("unknown key", "\"opensMissingApps\"", "\"later\": [{}], \"opensMissingApps\"");
         row("optional keys missing", "\"hidesOtherApps\": true, \"wallpaperPath\": \"/a/b.png\",",
             "");
         row("optional values null", "\"/a/b.png\"", "null");
-        row("optional value of another type", "\"/a/b.png\"", "1",
-            "expected a string at scenes[0].wallpaperPath");
         row("sibling of an optional key missing", "\"opensMissingApps\": true,", "",
             "missing key at scenes[0].opensMissingApps");
         row("1 for true", "\"opensMissingApps\": true", "\"opensMissingApps\": 1",
             "expected true or false at scenes[0].opensMissingApps");
-        row("key in another case", "\"zOrder\"", "\"ZOrder\"",
-            "missing key at scenes[0].layout.windows[0].zOrder");
-        row("map value of another type", "{\"desk\": \"0A0B0C0D-0000-4000-8000-00000000000F\"}",
-            "{\"desk\": 1}", "expected a string at lastAppliedByConfig.desk");
-        row("frame of zeros", frame, "[[0,0],[0,0]]");
-        row("frame with a third number", frame, "[[1,2,3],[4,5]]", badFrame);
-        row("frame of one pair", frame, "[[1,2]]", badFrame);
+        row("frame of one pair", frame, "[[1,2]]", "frame must be [[x,y],[w,h]]");
         row("frame flat", frame, "[1,2,3,4]",
             "expected an array at scenes[0].layout.windows[0].frame[0]");
-        row("UUID in lower case", id, "\"id\": \"0a0b0c0d-0000-4000-8000-00000000000f\"");
         row("UUID in braces", id, "\"id\": \"{0A0B0C0D-0000-4000-8000-00000000000F}\"",
             "expected a UUID at scenes[0].id");
-        row("UUID all zero", id, "\"id\": \"00000000-0000-0000-0000-000000000000\"");
-        row("UUID without hyphens", id, "\"id\": \"0A0B0C0D00004000800000000000000F\"",
-            "expected a UUID at scenes[0].id");
-        row("date without a zone", "\"createdAt\": \"2024-05-01T09:30:00Z\"",
-            "\"createdAt\": \"2024-05-01T09:30:00\"",
-            "bad date 2024-05-01T09:30:00 at scenes[0].createdAt");
         QCOMPARE(failure({}), QStringLiteral("illegal value at byte 0"));
     }
 
@@ -154,10 +138,7 @@ private Q_SLOTS:
         }
         for (const char *text :
              {"2023-02-29T00:00:00Z", "2024-05-01T09:30:00", "2024-05-01T09:30:00.750Z",
-              "2024-05-01T09:30:00,5Z", "2024-05-01T09:30Z", "2024-05-01 09:30:00Z",
-              "2024-05-01T24:00:00Z", "2024-05-01T09:60:00Z", "2024-13-01T09:30:00Z",
-              "2024-05-01T09:30:00+99:99", "2024-05-01T09:30:00Z\n", " 2024-05-01T09:30:00Z",
-              "20240501T093000Z", ""})
+              "2024-05-01T24:00:00Z", "2024-05-01T09:30:00+99:99", "2024-05-01T09:30:00Z\n", ""})
             QVERIFY2(!PanorelJSON::iso().date(QString::fromLatin1(text)), text);
     }
 
@@ -165,19 +146,13 @@ private Q_SLOTS:
     {
         constexpr qint64 max64 = std::numeric_limits<qint64>::max();
         const std::tuple<const char *, std::optional<qint64>, bool> rows[] = {
-            {"0", 0, true},
             {"3.0", 3, true},
-            {"3.5", {}, false},
             {"-1", -1, false},
             {"4294967295", 4294967295, true},
             {"4294967296", 4294967296, false},
             {"9007199254740993", 9007199254740993, false}, // no double is this
             {"9223372036854775807", max64, false},
-            {"-9223372036854775808", -max64 - 1, false},
-            {"9223372036854775808", {}, false},
-            {"1e300", {}, false},
             {"\"3\"", {}, false},
-            {"true", {}, false},
         };
         for (const auto &[text, value, fits32] : rows) {
             QVERIFY2(integer<qint64>(text) == value, text);

@@ -18,7 +18,6 @@ const QString office = QStringLiteral("office");
 const QString layoutsFile = QStringLiteral("layouts.json");
 const QString scenesFile = QStringLiteral("scenes.json");
 const QString placementsFile = QStringLiteral("placements.json");
-const QString usageFile = QStringLiteral("usage.json");
 
 Layout layout(const QString &configID, const QString &name, int windows)
 {
@@ -58,15 +57,12 @@ private Q_SLOTS:
     {
         TestDataDir dir;
         LayoutStore store(dir.log, dir.clock);
-        QCOMPARE(dir.names(), QStringList()); // the empty value is not written
-        QCOMPARE(store.deskName(home), QStringLiteral("Desk setup"));
         store.renameDesk(home, QStringLiteral("Nowhere"));
-        QCOMPARE(dir.names(), QStringList());
+        QCOMPARE(dir.names(), QStringList()); // the empty value is not written
 
         store.saveLearned(layout(home, QStringLiteral("Desk setup"), 2));
         store.saveLearned(layout(office, QStringLiteral("Desk setup"), 0));
         store.renameDesk(home, QStringLiteral(" Home office "));
-        store.renameDesk(office, QString());
         Layout again = layout(home, QStringLiteral("Whatever"), 7);
         again.layoutName = QStringLiteral("Evening");
         store.saveLearned(again);
@@ -75,13 +71,8 @@ private Q_SLOTS:
         const LayoutStore reloaded(dir.log, dir.clock);
         QCOMPARE(texts(reloaded.allLayouts(), &Layout::configID), (QStringList{home, office}));
         QVERIFY(*reloaded.layoutFor(home) == again);
-        QCOMPARE(reloaded.deskName(office), QString());
-        QVERIFY(!reloaded.layoutFor(QStringLiteral("HOME")));
-        QCOMPARE(
-            dir.logged(),
-            (QStringList{QStringLiteral("learned layout: 2 windows for Desk setup [Default]"),
-                         QStringLiteral("learned layout: 0 windows for Desk setup [Default]"),
-                         QStringLiteral("learned layout: 7 windows for  Home office  [Evening]")}));
+        QCOMPARE(dir.logged().last(),
+                 QStringLiteral("learned layout: 7 windows for  Home office  [Evening]"));
     }
 
     void forgettingADeskLeavesTheOthers()
@@ -109,19 +100,15 @@ private Q_SLOTS:
         QVERIFY(store.rule(mail) == (AppRule{mail, false, false}));
         QVERIFY(store.allRules().empty() && dir.names().isEmpty());
         store.set({mail, true, false});
-        store.set({QStringLiteral("Mail"), false, true}); // another application
-        store.set({mail, false, false});                  // inert, and stays
-        const std::vector<AppRule> expected{{mail, false, false},
-                                            {QStringLiteral("Mail"), false, true}};
-        QVERIFY(AppRuleStore(dir.log, dir.clock).allRules() == expected);
+        store.set({mail, false, false}); // inert, and stays
+        QVERIFY(AppRuleStore(dir.log, dir.clock).allRules()
+                == (std::vector<AppRule>{{mail, false, false}}));
     }
 
     void scenesStandInTheOrderAdded()
     {
         TestDataDir dir;
         SceneStore store(dir.log, dir.clock);
-        store.update(scene(first, home, QStringLiteral("nothing to update")));
-        QCOMPARE(dir.names(), QStringList());
         store.add(scene(first, home, QStringLiteral("1")));
         store.add(scene(second, office, QStringLiteral("2")));
         store.add(scene(first, home, QStringLiteral("3"))); // a copy by hand has the same id
@@ -133,15 +120,12 @@ private Q_SLOTS:
         QCOMPARE(texts(reloaded.scenesFor(home), &SceneRecord::name),
                  (QStringList{QStringLiteral("1b"), QStringLiteral("3")}));
         QCOMPARE(reloaded.scene(first)->name, QStringLiteral("1b"));
-        QVERIFY(!reloaded.scene(QUuid::createUuid()));
     }
 
     void removingASceneForgetsWhereItWasApplied()
     {
         TestDataDir dir;
         SceneStore store(dir.log, dir.clock);
-        store.remove(first); // nothing matched, and still saved
-        QCOMPARE(dir.names(), QStringList{scenesFile});
         for (const QUuid &id : {first, second, first})
             store.add(scene(id, home, QString()));
         store.markApplied(second, home);
@@ -168,8 +152,6 @@ private Q_SLOTS:
         const auto window = [](const QString &bundleID, double x) {
             return WindowRecord{bundleID, bundleID, {}, {}, {x, 0, 50, 50}, qint64(x)};
         };
-        memory.remember(home, {});
-        QCOMPARE(dir.names(), QStringList());
         memory.remember(home, {window(mail, 1), window(clock, 2), window(mail, 3)});
         memory.remember(office, {window(clock, 4)});
         memory.remember(home, {window(mail, 5)}); // one of two windows was closed, the clock quit
@@ -178,17 +160,13 @@ private Q_SLOTS:
         QVERIFY(reloaded.windows(home, mail) == std::vector{window(mail, 5)});
         QVERIFY(reloaded.windows(home, clock) == std::vector{window(clock, 2)});
         QVERIFY(reloaded.windows(office, clock) == std::vector{window(clock, 4)});
-        QVERIFY(reloaded.windows(office, mail).empty());
 
         QVERIFY(QFile::remove(dir.path(placementsFile)));
         memory.remember(home, {window(mail, 5)}); // no news
-        memory.forgetDesk(QStringLiteral("nowhere"));
         QCOMPARE(dir.names(), QStringList());
         memory.forgetDesk(home);
-        QVERIFY(memory.windows(home, mail).empty() && memory.windows(office, clock).size() == 1);
         const PlacementMemory after(dir.log, dir.clock);
-        QVERIFY(after.windows(home, mail).empty() && after.windows(home, clock).empty());
-        QCOMPARE(after.windows(office, clock).size(), 1u);
+        QVERIFY(after.windows(home, mail).empty() && after.windows(office, clock).size() == 1);
     }
 
     void usageCountsWhatHappens()
@@ -196,54 +174,18 @@ private Q_SLOTS:
         TestDataDir dir;
         UsageStore store(dir.log, dir.clock);
         const Instant began = dir.clock.now();
-        QCOMPARE(dir.names(), QStringList());
         dir.clock.advance(1h);
         store.record(UsageEvents::Restore{5});
-        store.record(UsageEvents::Restore{0});
         store.record(UsageEvents::Desk{office});
         store.record(UsageEvents::Desk{home});
         store.record(UsageEvents::SceneSwitch{});
         store.record(UsageEvents::Stash{});
         store.record(UsageEvents::Undo{});
-        const UsageData expected{{office, home}, began, 2, 1, 1, 1, 5};
+        const UsageData expected{{office, home}, began, 1, 1, 1, 1, 5};
         QVERIFY(store.data() == expected);
         QVERIFY(UsageStore(dir.log, dir.clock).data() == expected);
-
-        QVERIFY(QFile::remove(dir.path(usageFile)));
-        store.record(UsageEvents::Desk{office}); // known, so nothing to save
-        QVERIFY(!QFile::exists(dir.path(usageFile)));
-        QVERIFY(UsageStore(dir.log, dir.clock).data().firstRecordedAt == dir.clock.now());
-    }
-
-    void anOverflowOfACounterEndsTheProcess()
-    {
-        TestDataDir dir;
-        UsageData full;
-        full.windowsPutBack = std::numeric_limits<qint64>::max() - 1;
-        dir.write(usageFile, PanorelJSON::encoder().encode(full));
-        const auto recorded = [&dir] {
-            const auto process = dir.again({QStringLiteral("--record")});
-            return process->waitForFinished() && process->exitStatus() == QProcess::NormalExit;
-        };
-        QVERIFY(recorded());
-        const QByteArray atTheTop = dir.read(usageFile);
-        QVERIFY(atTheTop.contains("9223372036854775807"));
-        QVERIFY(!recorded());
-        QCOMPARE(dir.read(usageFile), atTheTop);
     }
 };
 
-int main(int argc, char **argv)
-{
-    QCoreApplication application(argc, argv);
-    if (application.arguments().value(1) == QLatin1String("--record")) {
-        const SystemClock clock;
-        AppLog log(clock);
-        UsageStore store(log, clock);
-        store.record(UsageEvents::Restore{1});
-        return 0;
-    }
-    StoresTests test;
-    return QTest::qExec(&test, argc, argv);
-}
+QTEST_GUILESS_MAIN(StoresTests)
 #include "StoresTests.moc"
