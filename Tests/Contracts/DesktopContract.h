@@ -34,12 +34,12 @@ protected:
 
     RunningApplication running(const QString &application)
     {
-        const auto all = m_rig.workspace().runningApplications();
-        const auto found = std::ranges::find_if(all, [&](const RunningApplication &candidate) {
-            return candidate.bundleID == m_rig.bundleID(application)
-                   && candidate.policy == ActivationPolicy::Regular;
-        });
-        return found == all.end() ? RunningApplication{-1, {}, {}, {}, false} : *found;
+        for (const RunningApplication &candidate : m_rig.workspace().runningApplications()) {
+            if (candidate.bundleID == m_rig.bundleID(application)
+                && candidate.policy == ActivationPolicy::Regular)
+                return candidate;
+        }
+        return {-1, {}, {}, {}, false};
     }
     ProcessIdentifier pidOf(const QString &application) { return running(application).pid; }
 

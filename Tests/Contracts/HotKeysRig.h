@@ -19,16 +19,17 @@ public:
     /// The user presses the keys that the combination is on, and lets go.
     virtual void press(const HotKeyCombo &combo) = 0;
     /// The same, but the user holds them for so long that they repeat. Registered keys only.
-    virtual void hold(const HotKeyCombo &combo) = 0;
+    virtual void hold(const HotKeyCombo &combo) { press(combo); }
 
     /// Another program asks for the combination as it is, without locks; false: it was refused.
     virtual bool takeByAnother(const HotKeyCombo &combo) = 0;
     virtual void endTheOther() = 0;
 
-    virtual void toggleCapsLock() = 0;
-    virtual void toggleNumLock() = 0;
+    // A keyboard that has none of these leaves them out.
+    virtual void toggleCapsLock() {}
+    virtual void toggleNumLock() {}
     /// "us" or "de", which has Y and Z the other way round.
-    virtual void setLayout(const QString &layout) = 0;
+    virtual void setLayout(const QString &) {}
 
     /// Runs the event loop until the condition holds; false when it never does.
     virtual bool waitUntil(const std::function<bool()> &condition)

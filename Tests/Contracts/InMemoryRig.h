@@ -50,10 +50,7 @@ public:
     void restore(const QString &title) override { platform.desktop.activate(m_numbers.at(title)); }
     bool isOnScreen(const QString &title) override { return window(title).isVisible(); }
     void makeFullScreen(const QString &title) override { window(title).isFullScreen = true; }
-    QString bundleID(const QString &application) const override
-    {
-        return QStringLiteral("org.example.") + application;
-    }
+    QString bundleID(const QString &application) const override { return application; }
     QString focused() override
     {
         const auto number = platform.desktop.focused;
@@ -88,20 +85,15 @@ public:
 
     HotKeyPort &hotKeys() override { return keys; }
     void press(const HotKeyCombo &combo) override { keys.press(combo); }
-    void hold(const HotKeyCombo &combo) override { keys.press(combo); }
     bool takeByAnother(const HotKeyCombo &combo) override
     {
-        if (std::ranges::find(keys.registered, combo,
-                              &std::pair<const HotKeyNumber, HotKeyCombo>::second)
-            != keys.registered.end())
+        if (std::ranges::any_of(keys.registered,
+                                [&](const auto &it) { return it.second == combo; }))
             return false;
         keys.refused.push_back(combo);
         return true;
     }
     void endTheOther() override { keys.refused.clear(); }
-    void toggleCapsLock() override {}
-    void toggleNumLock() override {}
-    void setLayout(const QString &) override {}
 };
 
 } // namespace Panorel

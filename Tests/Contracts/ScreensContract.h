@@ -12,42 +12,31 @@ public:
     explicit ScreensContract(DesktopRig &rig) : m_rig(rig) {}
 
 private Q_SLOTS:
-    void thePrimaryScreenIsTheOriginOfTheBottomLeftSpace()
-    {
-        m_rig.plugSecondDisplay();
-        const auto screens = m_rig.screens().screens();
-        QCOMPARE(screens.size(), 2u);
-        QVERIFY(screens[0].frame == (Rect{0, 0, 1920, 1080}));
-        // The tops are level, so the lower screen begins above the primary's bottom.
-        QVERIFY(screens[1].frame == (Rect{1920, 56, 1280, 1024}));
-        for (const Screen &screen : screens) {
-            QVERIFY(!screen.localizedName.isEmpty());
-            QVERIFY(screen.frame.intersection(screen.visibleFrame) == screen.visibleFrame);
-        }
-        m_rig.unplugSecondDisplay();
-    }
-
-    void aDisplayIsAnnouncedAndKeepsItsIdentityAcrossAnUnplug()
+    void aDisplayIsAnnouncedPlacedAndKnownAgain()
     {
         int announced = 0;
         m_rig.screens().setChangeCallback([&] { ++announced; });
         m_rig.plugSecondDisplay();
         QVERIFY(m_rig.waitUntil([&] { return announced > 0; }));
-        const DisplayIdentity before = identity(1);
-        QVERIFY(before.uuid.has_value());
-        QVERIFY(before.uuid != identity(0).uuid);
+        const auto screens = m_rig.screens().screens();
+        QCOMPARE(screens.size(), 2u);
+        // From the primary's bottom left. The tops are level, so the lower screen begins above it.
+        QVERIFY(screens[0].frame == (Rect{0, 0, 1920, 1080}));
+        QVERIFY(screens[1].frame == (Rect{1920, 56, 1280, 1024}));
+        for (const Screen &screen : screens) {
+            QVERIFY(!screen.localizedName.isEmpty());
+            QVERIFY(screen.frame.intersection(screen.visibleFrame) == screen.visibleFrame);
+        }
+        const auto uuid = identity(1).uuid;
+        QVERIFY(uuid.has_value() && uuid != identity(0).uuid);
 
         announced = 0;
         m_rig.unplugSecondDisplay();
         QVERIFY(m_rig.waitUntil([&] { return announced > 0; }));
-        QCOMPARE(m_rig.screens().screens().size(), 1u);
         m_rig.screens().setChangeCallback({});
-
         m_rig.plugSecondDisplay();
-        QCOMPARE(identity(1).uuid, before.uuid);
-        QCOMPARE(identity(1).serialNumber, before.serialNumber);
+        QCOMPARE(identity(1).uuid, uuid);
         m_rig.unplugSecondDisplay();
-        QVERIFY(!m_rig.screens().identity(4711).uuid);
     }
 
 private:

@@ -16,28 +16,21 @@ public:
 private Q_SLOTS:
     void valuesKeepTheirTypes()
     {
+        const QString key = QStringLiteral("key"), words = QStringLiteral("automation, „heute“");
         const QByteArray bytes("{\"keyCode\" : 1}\0\xff, ;#\n", 21);
-        m_defaults.setBoolean(QStringLiteral("off"), false);
-        m_defaults.setNumber(QStringLiteral("third"), 1.0 / 3);
-        m_defaults.setNumber(QStringLiteral("three"), 3);
-        m_defaults.setData(QStringLiteral("bytes"), bytes);
-        QCOMPARE(m_defaults.boolean(QStringLiteral("off")), false);
-        QVERIFY(m_defaults.number(QStringLiteral("third")).value() == 1.0 / 3);
-        QVERIFY(m_defaults.number(QStringLiteral("three")).value() == 3.0);
-        QCOMPARE(m_defaults.data(QStringLiteral("bytes")), bytes);
-        m_defaults.setText(QStringLiteral("words"), QStringLiteral("automation, „heute“"));
-        QCOMPARE(m_defaults.text(QStringLiteral("words")), QStringLiteral("automation, „heute“"));
-    }
-
-    void whatIsGoneOrOfAnotherTypeReadsAsAbsent()
-    {
-        const auto text = QStringLiteral("text");
-        m_defaults.setData(text, "yes");
-        QVERIFY(m_defaults.contains(text));
-        QVERIFY(!m_defaults.boolean(text) && !m_defaults.number(text) && !m_defaults.text(text));
-        m_defaults.remove(text);
-        QVERIFY(!m_defaults.contains(text) && !m_defaults.data(text));
-        m_defaults.remove(text);
+        m_defaults.setBoolean(key, false);
+        QCOMPARE(m_defaults.boolean(key), false);
+        for (const double number : {1.0 / 3, 3.0}) {
+            m_defaults.setNumber(key, number);
+            QVERIFY(m_defaults.number(key) == number);
+        }
+        m_defaults.setText(key, words);
+        QCOMPARE(m_defaults.text(key), words);
+        m_defaults.setData(key, bytes);
+        QCOMPARE(m_defaults.data(key), bytes);
+        QVERIFY(!m_defaults.boolean(key) && !m_defaults.number(key) && !m_defaults.text(key));
+        m_defaults.remove(key);
+        QVERIFY(!m_defaults.contains(key) && !m_defaults.data(key));
     }
 
 private:

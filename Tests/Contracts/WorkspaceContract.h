@@ -27,38 +27,20 @@ private Q_SLOTS:
         closeAll();
     }
 
-    void hidingTakesTheApplicationsWindowsAwayAndNoOther()
-    {
-        hide(mail);
-        QVERIFY(m_rig.isOnScreen(m_first) && m_rig.isOnScreen(m_second));
-        QVERIFY(!isHidden(editor));
-        QCOMPARE(m_rig.focused(), m_second);
-        hide(editor);
-        QVERIFY(onScreen().empty());
-        for (const QString &title : {m_first, m_second})
-            QCOMPARE(window(editor, title).isMinimized.value_or(false), false);
-        QVERIFY(!m_rig.accessibility().focusedWindow());
-    }
-
-    void whatComesBackHasItsGeometryAndOrderAndLeavesTheFocus()
-    {
-        for (int round = 0; round < 2; ++round) {
-            hide(mail);
-            unhide(mail);
-            QVERIFY(m_rig.waitUntil([this] { return onScreen() == m_before; }));
-            QCOMPARE(m_rig.focused(), m_second);
-        }
-        port().unhide(pidOf(mail)); // not hidden, so nothing to do
-        QVERIFY(onScreen() == m_before);
-    }
-
-    void aWholeDeskComesBackInItsOrderAndWithItsFocus()
+    void aHiddenDeskComesBackInItsOrderAndWithItsFocus()
     {
         AccessibilityPort &windows = m_rig.accessibility();
         const WindowElementRef focused = windows.focusedWindow();
-        QVERIFY(focused);
+        hide(mail);
+        QVERIFY(m_rig.isOnScreen(m_first) && m_rig.isOnScreen(m_second) && !isHidden(editor));
+        unhide(mail);
+        QVERIFY(m_rig.waitUntil([this] { return onScreen() == m_before; }));
+        QCOMPARE(m_rig.focused(), m_second);
         for (const QString &application : {mail, editor})
             hide(application);
+        QVERIFY(onScreen().empty() && !windows.focusedWindow());
+        for (const QString &title : {m_first, m_second})
+            QCOMPARE(window(editor, title).isMinimized.value_or(false), false);
         windows.focus(focused); // hidden, so nothing to do
         QVERIFY(!m_rig.isOnScreen(m_second));
         for (const QString &application : {mail, editor})
@@ -70,16 +52,17 @@ private Q_SLOTS:
         QVERIFY(m_rig.waitUntil([this] { return onScreen() == m_before; }));
     }
 
-    void aWindowThatWasMinimisedStaysSo()
+    void aMinimisedWindowStaysSoAndOneThatTheUserBringsBackIsHisAgain()
     {
         m_rig.minimize(m_first);
         hide(editor);
-        QCOMPARE(window(editor, m_first).isMinimized, true);
-        QCOMPARE(window(editor, m_second).isMinimized.value_or(false), false);
         unhide(editor);
         QVERIFY(m_rig.waitUntil([this] { return m_rig.isOnScreen(m_second); }));
         QVERIFY(!m_rig.isOnScreen(m_first));
         QCOMPARE(window(editor, m_first).isMinimized, true);
+        hide(editor);
+        m_rig.restore(m_second);
+        QVERIFY(m_rig.waitUntil([this] { return !isHidden(editor); }));
     }
 
     void aHiddenWindowCanBeMoved()
@@ -93,43 +76,17 @@ private Q_SLOTS:
         QVERIFY(!m_rig.isOnScreen(m_other) && isHidden(mail));
         unhide(mail);
         QVERIFY(m_rig.waitUntil([this] { return m_rig.isOnScreen(m_other); }));
-        QVERIFY(window(mail, m_other).position == after.position);
-        QVERIFY(window(mail, m_other).size == after.size);
-    }
-
-    void aWindowThatTheUserBringsBackIsHisAgain()
-    {
-        hide(editor);
-        m_rig.restore(m_first);
-        QVERIFY(m_rig.waitUntil([this] { return !isHidden(editor); }));
-        QVERIFY(!m_rig.isOnScreen(m_second));
-        m_rig.minimize(m_first);
-        QCOMPARE(window(editor, m_first).isMinimized, true);
-        port().unhide(pidOf(editor)); // what is still hidden comes back all the same
-        QVERIFY(m_rig.waitUntil([this] { return m_rig.isOnScreen(m_second); }));
-        QVERIFY(!m_rig.isOnScreen(m_first));
-    }
-
-    void aWindowThatIsClosedWhileHiddenIsNotMissed()
-    {
-        hide(editor);
-        close(m_second);
-        QVERIFY(isHidden(editor));
-        unhide(editor);
-        QVERIFY(m_rig.waitUntil([this] { return m_rig.isOnScreen(m_first); }));
-        port().hide(987654);
-        port().unhide(987654);
-        QVERIFY(m_rig.isOnScreen(m_first));
+        const WindowAttributes back = window(mail, m_other);
+        QVERIFY(back.position == after.position && back.size == after.size);
     }
 
     void aLaunchIsToldOnceWithTheFirstWindow()
     {
         QStringList launched;
-        const auto listen = [&](const RunningApplication &application) {
+        port().setLaunchCallback([&](const RunningApplication &application) {
             QCOMPARE(application.policy, ActivationPolicy::Regular);
             launched.append(application.bundleID.value());
-        };
-        port().setLaunchCallback(listen);
+        });
         const QString firstOfClock = open(clock, {50, 60, 300, 200});
         QVERIFY(m_rig.waitUntil([&] { return launched == QStringList{m_rig.bundleID(clock)}; }));
         open(editor, {90, 60, 300, 200}); // ran before
@@ -137,14 +94,8 @@ private Q_SLOTS:
         for (const QString &title : {firstOfClock, secondOfClock})
             close(title);
         open(clock, {50, 60, 300, 200}); // it had quit
-        QVERIFY(m_rig.waitUntil([&] { return launched.size() == 2; }));
-        port().setLaunchCallback({});
-        open(QStringLiteral("paint"), {50, 60, 300, 200});
-        port().setLaunchCallback(listen);
-        open(QStringLiteral("music"), {50, 60, 300, 200});
-        QVERIFY(m_rig.waitUntil([&] { return launched.size() == 3; }));
-        QCOMPARE(launched, (QStringList{m_rig.bundleID(clock), m_rig.bundleID(clock),
-                                        m_rig.bundleID(QStringLiteral("music"))}));
+        QVERIFY(m_rig.waitUntil([&] { return launched.size() > 1; }));
+        QCOMPARE(launched, (QStringList{m_rig.bundleID(clock), m_rig.bundleID(clock)}));
     }
 
 private:
