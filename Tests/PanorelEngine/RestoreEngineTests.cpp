@@ -58,7 +58,6 @@ private Q_SLOTS:
                                 "raise 1, raise 2, raise 3"));
         QVERIFY(desk.onScreen() == desk.layout.windows);
         QCOMPARE(report.summary(), QStringLiteral("3/3 restored, 0 failed, 0 skipped, 0.00s"));
-        QVERIFY(report.notes.isEmpty());
         QCOMPARE(desk.dir.logged(),
                  QStringList{QStringLiteral("restore report: ") + report.summary()});
     }
@@ -79,14 +78,11 @@ private Q_SLOTS:
         desk.desktop.window(desk.plan).landsOff = {5.5, 0};
         desk.desktop.window(desk.inbox).landsOff = {0, -5.5};
         const RestoreReport report = desk.engine.apply(desk.layout, true);
-        QCOMPARE(report.restored, 1);
-        QCOMPARE(report.failed, 2);
+        QCOMPARE(report.summary(), QStringLiteral("1/3 restored, 2 failed, 0 skipped, 0.00s"));
         QVERIFY(!desk.desktop.journal.contains(QStringLiteral("raise 3")));
-        QCOMPARE(desk.dir.logged(),
-                 (QStringList{QStringLiteral("restore report: 1/3 restored, 2 failed, 0 skipped, "
-                                             "0.00s"),
-                              QStringLiteral("  failed: Editor “Plan”, could not move"),
-                              QStringLiteral("  failed: Mail “Inbox”, could not move")}));
+        QCOMPARE(report.notes,
+                 (QStringList{QStringLiteral("failed: Editor “Plan”, could not move"),
+                              QStringLiteral("failed: Mail “Inbox”, could not move")}));
     }
 
     void windowsThatMisbehaveFailAlone()
@@ -109,13 +105,10 @@ private Q_SLOTS:
         Desk desk;
         desk.rules.set({editorID, true, false});
         desk.desktop.close(desk.inbox);
-        WindowRecord gone = desk.layout.windows.front();
-        gone.bundleID = QStringLiteral("org.example.clock");
-        gone.appName = QStringLiteral("Clock");
-        gone.title.clear();
-        desk.layout.windows.push_back(gone);
-        desk.layout.windows.push_back(gone);
-        const auto clock = desk.desktop.launch(gone.bundleID, {});
+        const QString clockID = QStringLiteral("org.example.clock");
+        const WindowRecord gone{QStringLiteral("Clock"), clockID, {}, {}, {0, 0, 99, 99}, 3};
+        desk.layout.windows.insert(desk.layout.windows.end(), 2, gone);
+        const auto clock = desk.desktop.launch(clockID, {});
         desk.desktop.open(clock, {}, {0, 0, 99, 99});
         desk.desktop.window(desk.desktop.open(clock, {}, {9, 9, 99, 99})).isMinimized = true;
 
@@ -131,11 +124,8 @@ private Q_SLOTS:
     {
         Desk desk;
         QVERIFY(!desk.engine.undoLast(true));
-        QVERIFY(desk.dir.logged().isEmpty());
-
         const auto scattered = desk.onScreen();
         desk.engine.apply(desk.layout, true);
-        QCOMPARE(desk.engine.lastUndo()->layoutName, QStringLiteral("Undo"));
         QCOMPARE(desk.engine.lastUndo()->name, QStringLiteral("Home"));
         QCOMPARE(desk.engine.undoLast(true)->restored, 3);
         QVERIFY(desk.onScreen() == scattered);

@@ -68,12 +68,6 @@ private Q_SLOTS:
         QCOMPARE(desk.desktop.focused, desk.draft);
         QVERIFY(!desk.stash->isDeskAway());
         QCOMPARE(desk.engine.lastUndo()->name, QStringLiteral("Stash"));
-        QCOMPARE(desk.usage.data().stashUses, 1);
-        QCOMPARE(desk.dir.logged(),
-                 (QStringList{QStringLiteral("stash: hid 2 apps"),
-                              QStringLiteral("stash: brought desk back"),
-                              QStringLiteral("restore report: 4/4 restored, 0 failed, 0 skipped, "
-                                             "0.00s")}));
     }
 
     void onlyOrdinaryApplicationsThatAreVisibleAreTouched()
@@ -88,7 +82,6 @@ private Q_SLOTS:
         desk.toggle();
         QVERIFY(!desk.isHidden(applet) && !desk.isHidden(InMemoryDesktop::ownPID));
         QVERIFY(desk.isHidden(nameless));
-        QCOMPARE(desk.dir.logged().last(), QStringLiteral("stash: hid 2 apps"));
         desk.toggle();
         desk.scheduler.advance(400ms);
         QVERIFY(desk.isHidden(music)); // the user's own doing
@@ -96,31 +89,10 @@ private Q_SLOTS:
         QVERIFY(!desk.stash->isDeskAway()); // nor does that keep the desk from being learned
     }
 
-    void theOrderIsRightWhereWindowsFailOrAreIgnored()
-    {
-        for (const bool isIgnored : {false, true}) {
-            Desk desk;
-            if (isIgnored)
-                desk.rules.set({QStringLiteral("mail"), true, false});
-            else
-                desk.desktop.window(desk.shell2).landsOff = {0, 9};
-            desk.toggle();
-            desk.toggle();
-            desk.scheduler.advance(400ms);
-            std::vector<double> tops;
-            for (const WindowRecord &record : desk.onScreen())
-                tops.push_back(record.frame.y);
-            const double landed = isIgnored ? 500 : 509;
-            QVERIFY(tops == (std::vector<double>{500, landed, 0, 0})); // draft, sh, inbox, sh
-            QCOMPARE(desk.desktop.focused, desk.draft);
-        }
-    }
-
     void whatHappensToTheDeskMeanwhileIsRespected()
     {
         Desk desk;
         desk.desktop.window(desk.shell2).isFullScreen = true; // and so not captured
-        desk.desktop.window(desk.shell2).title = QStringLiteral("Film");
         desk.desktop.activate(desk.shell);
         desk.toggle();
         QVERIFY(desk.desktop.window(desk.shell2).isHidden);
@@ -133,28 +105,22 @@ private Q_SLOTS:
         QVERIFY(desk.frame(desk.shell) == (Rect{0, 0, 333, 222})); // sizes were not asked for
         QVERIFY(!desk.desktop.window(desk.shell2).isHidden);
         QCOMPARE(desk.desktop.focused, board); // the user went on working there
-        QVERIFY(desk.dir.logged().contains(QStringLiteral("  skipped: Mail, app not running")));
     }
 
     void onAnotherDeskItsLearnedLayoutHolds()
     {
-        for (const bool isLearned : {true, false}) {
-            Desk desk;
-            if (isLearned) {
-                desk.learned[office].windows = {desk.before.front()};
-                desk.learned[office].windows.front().frame = {70, 80, 410, 310};
-            }
-            desk.toggle(home);
-            desk.scatter();
-            desk.toggle(office);
-            desk.learned.clear(); // the layout of that moment holds
-            desk.scheduler.advance(400ms);
-            QVERIFY(!desk.isHidden(desk.mail) && !desk.isHidden(desk.terminal));
-            QVERIFY(desk.frame(desk.inbox) == (Rect{20, 50, 333, 222}));
-            QVERIFY(desk.frame(desk.draft)
-                    == (isLearned ? Rect{70, 80, 410, 310} : Rect{40, 50, 333, 222}));
-            QCOMPARE(desk.desktop.focused, desk.draft);
-        }
+        Desk desk;
+        desk.learned[office].windows = {desk.before.front()};
+        desk.learned[office].windows.front().frame = {70, 80, 410, 310};
+        desk.toggle(home);
+        desk.scatter();
+        desk.toggle(office);
+        desk.learned.clear(); // the layout of that moment holds
+        desk.scheduler.advance(400ms);
+        QVERIFY(!desk.isHidden(desk.mail) && !desk.isHidden(desk.terminal));
+        QVERIFY(desk.frame(desk.inbox) == (Rect{20, 50, 333, 222}));
+        QVERIFY(desk.frame(desk.draft) == (Rect{70, 80, 410, 310}));
+        QCOMPARE(desk.desktop.focused, desk.draft);
     }
 
     void stashingAgainAtOnceKeepsTheArrangement()
@@ -173,13 +139,6 @@ private Q_SLOTS:
         desk.scheduler.advance(400ms);
         QVERIFY(desk.onScreen() == desk.before);
         QCOMPARE(desk.desktop.focused, desk.draft);
-
-        desk.toggle();
-        desk.scatter();
-        desk.toggle();
-        desk.stash.reset();
-        desk.scheduler.advance(1h);
-        QCOMPARE(desk.frame(desk.inbox).width, 333);
     }
 
     void theDeskIsAwayUntilTheUserHasBroughtItBack()
@@ -194,8 +153,7 @@ private Q_SLOTS:
         QVERIFY(desk.stash->isDeskAway());
         desk.desktop.activate(desk.shell);
         QVERIFY(!desk.stash->isDeskAway());
-        desk.desktop.hide(desk.terminal); // by the user this time
-        QVERIFY(!desk.stash->isDeskAway() && desk.stash->isStashed());
+        QVERIFY(desk.stash->isStashed());
     }
 };
 
