@@ -1,29 +1,15 @@
 #include "Fuzz/Fuzz.h"
 
-#include <algorithm>
 #include <stdexcept>
 
 namespace Panorel::Fuzz {
 
-namespace {
-
-std::vector<const Target *> &registered()
-{
-    static std::vector<const Target *> all;
-    return all;
-}
-
-} // namespace
+constinit std::vector<const Target *> targets; // before any target
 
 Target::Target(const char *named, void (*checking)(const QByteArray &))
     : name(named), check(checking)
 {
-    registered().push_back(this);
-}
-
-const std::vector<const Target *> &targets()
-{
-    return registered();
+    targets.push_back(this);
 }
 
 void require(bool holds, const char *promise)

@@ -3,7 +3,6 @@
 #include <QByteArray>
 
 #include <cstring>
-#include <type_traits>
 #include <vector>
 
 /// Readers of outside data, each with what holds whatever it is given. A fuzzer (preset "fuzz")
@@ -12,15 +11,15 @@ namespace Panorel::Fuzz {
 
 /// One reader: a file of its own, named as its folder of the corpus.
 struct Target {
-    /// `check` ends normally, or throws std::logic_error with the promise that was broken.
-    Target(const char *name, void (*check)(const QByteArray &input));
+    Target(const char *named, void (*checking)(const QByteArray &));
 
     const char *name;
+    /// Ends normally, or throws std::logic_error with the promise that was broken.
     void (*check)(const QByteArray &input);
 };
 
 /// Those that are linked into this program.
-const std::vector<const Target *> &targets();
+extern std::vector<const Target *> targets;
 
 /// Throws std::logic_error(promise) unless it holds.
 void require(bool holds, const char *promise);
@@ -32,7 +31,6 @@ public:
 
     template <typename Number> Number number()
     {
-        static_assert(std::is_arithmetic_v<Number> && !std::is_same_v<Number, bool>);
         Number value{};
         const QByteArray bytes = take(sizeof(Number));
         std::memcpy(&value, bytes.constData(), std::size_t(bytes.size()));

@@ -7,6 +7,6 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const QByteArray input(reinterpret_cast<const char *>(data), qsizetype(size));
-    Panorel::Fuzz::targets().front()->check(input);
+    Panorel::Fuzz::targets.front()->check(input);
     return 0;
 }

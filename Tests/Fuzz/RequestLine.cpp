@@ -12,34 +12,24 @@ using Fuzz::require;
 namespace {
 
 /// A server that repeats what it hears.
-class Listener {
-public:
-    Listener() { require(m_server.listen(path()), "a socket can be made"); }
-
-    QString path() const { return m_dir.filePath(QStringLiteral("s")); }
+struct Listener {
     QStringList heard;
-
-private:
-    QTemporaryDir m_dir;
-    RequestServer m_server{[this](const QString &request) {
+    QTemporaryDir dir;
+    QString path = dir.filePath(QStringLiteral("s"));
+    RequestServer server{[this](const QString &request) {
         heard.append(request);
         return QStringLiteral("heard");
     }};
-};
 
-void ensureApplication()
-{
-    static int count = 1;
-    static char name[] = "fuzz";
-    static char *arguments[] = {name, nullptr};
-    if (!QCoreApplication::instance())
-        new QCoreApplication(count, arguments); // for ever
-}
+    Listener() { require(server.listen(path), "a socket can be made"); }
+};
 
 /// The first byte says in pieces of how many bytes the rest is sent; then the client hangs up.
 void check(const QByteArray &input)
 {
-    ensureApplication();
+    static int count = 0;
+    if (!QCoreApplication::instance())
+        new QCoreApplication(count, nullptr); // for ever
     static Listener listener;
     listener.heard.clear();
     Fuzz::Input parts(input);
@@ -47,7 +37,7 @@ void check(const QByteArray &input)
     const QByteArray sent = parts.rest();
 
     QLocalSocket client;
-    client.connectToServer(listener.path());
+    client.connectToServer(listener.path);
     require(client.waitForConnected(5000), "somebody listens");
     for (qsizetype at = 0; at < sent.size() && at < 3 * RequestServer::maximumRequest;
          at += piece * 16) {

@@ -4,6 +4,7 @@
 #include "Support/TestDataDir.h"
 
 #include <QFile>
+#include <QVariant>
 
 #include <algorithm>
 #include <cmath>
@@ -16,35 +17,26 @@ namespace {
 const QStringList keys{QStringLiteral("enabled"), QStringLiteral("displaySettleSeconds"),
                        QStringLiteral("stashHotKey"), QStringLiteral("group/text")};
 
-struct Values {
-    std::optional<bool> boolean;
-    std::optional<double> number;
-    std::optional<QByteArray> data;
-    std::optional<QString> text;
-
-    /// Others than `this` has do not count: "true" is a text as well, once it was written anew.
-    bool areKeptIn(const Values &other) const
-    {
-        const auto kept = [](const auto &mine, const auto &theirs) {
-            return !mine || mine == theirs;
-        };
-        return kept(boolean, other.boolean) && kept(number, other.number) && kept(data, other.data)
-               && kept(text, other.text);
-    }
-};
-
-std::vector<Values> valuesIn(const UserDefaultsPort &defaults)
+/// Of each key as every type, invalid where it is none.
+QVariantList valuesIn(const UserDefaultsPort &defaults)
 {
-    std::vector<Values> values;
-    for (const QString &key : keys)
-        values.push_back(
-            {defaults.boolean(key), defaults.number(key), defaults.data(key), defaults.text(key)});
+    const auto variant = [](const auto &value) { return value ? QVariant(*value) : QVariant(); };
+    QVariantList values;
+    for (const QString &key : keys) {
+        const auto number = defaults.number(key);
+        require(!number || std::isfinite(*number), "a number is finite");
+        values << variant(defaults.boolean(key)) << variant(number) << variant(defaults.data(key))
+               << variant(defaults.text(key));
+    }
     return values;
 }
 
-bool areKept(const std::vector<Values> &before, const std::vector<Values> &after)
+/// New ones do not count: "true" is a text as well, once it was written anew.
+bool areKept(const QVariantList &before, const QVariantList &after)
 {
-    return std::ranges::equal(before, after, &Values::areKeptIn);
+    return std::ranges::equal(before, after, [](const QVariant &old, const QVariant &now) {
+        return !old.isValid() || old == now;
+    });
 }
 
 void check(const QByteArray &input)
@@ -55,12 +47,10 @@ void check(const QByteArray &input)
     const QString name = QStringLiteral("%1.ini").arg(++runs);
     const QString added = QStringLiteral("added");
     dir.write(name, input);
-    std::vector<Values> before;
+    QVariantList before;
     {
         X11::IniUserDefaults defaults(dir.path(name), dir.log, dir.clock);
         before = valuesIn(defaults);
-        for (const Values &values : before)
-            require(!values.number || std::isfinite(*values.number), "a number is finite");
         defaults.setText(added, QStringLiteral("\u00e4, [b]\n=%;"));
         if (!QFile::exists(dir.path(name + QStringLiteral(".corrupt-1715592000"))))
             require(areKept(before, valuesIn(defaults)), "a value does not change another");
