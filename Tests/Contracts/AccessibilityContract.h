@@ -25,8 +25,6 @@ private Q_SLOTS:
     {
         QCOMPARE(titles(editor), (QStringList{m_second, m_first}));
         QCOMPARE(titles(mail), QStringList{m_other});
-        QVERIFY(pidOf(editor) != m_rig.workspace().ownProcessIdentifier());
-        QVERIFY(port().windows(987654).empty());
         const QString focused = m_rig.focused();
         port().raise({window(editor, m_second).element, window(editor, m_first).element});
         QVERIFY(m_rig.waitUntil([&] { return titles(editor) == QStringList{m_first, m_second}; }));
@@ -41,8 +39,7 @@ private Q_SLOTS:
         port().apply(second, Point{900, 60}, {});
         port().apply(first, Point{710, 415}, Size{420, 330}); // the newer request holds
         const FrameReading secondAfter = port().readFrame(second);
-        QVERIFY(secondAfter.position == (Point{900, 60}));
-        QVERIFY(secondAfter.size == secondFrame.size());
+        QVERIFY(secondAfter.position == (Point{900, 60}) && secondAfter.size == secondFrame.size());
         const WindowAttributes firstAfter = window(editor, m_first);
         QVERIFY(firstAfter.position == (Point{710, 415}) && firstAfter.size == (Size{420, 330}));
         close(m_first);

@@ -77,9 +77,7 @@ private Q_SLOTS:
         QVERIFY(m_rig.takeByAnother(altShiftS)); // what is given back is free
         QVERIFY(!take(altShiftS, 12));
         m_rig.endTheOther();
-        registration = take(altShiftS, 13);
-        m_rig.press(altShiftS);
-        QCOMPARE(told(), Numbers{13});
+        QVERIFY(take(altShiftS, 13));
     }
 
 private:
