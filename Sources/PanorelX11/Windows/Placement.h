@@ -55,6 +55,9 @@ public:
     /// window may yet be moved once more, and for a moment elsewhere.
     bool hasRepeated() const { return m_hasRepeated; }
     bool hasUnmaximized() const { return m_hasUnmaximized; }
+    /// Whether the client has to leave the maximised state at its own pace, for it draws its own
+    /// decorations.
+    bool dependsOnClient() const { return m_hasUnmaximized && m_lastGeometry.decoratesItself(); }
     /// Whether a change was noted that no reading has been judged for.
     bool hasChanged() const { return m_hasChanged; }
     /// Absent while the window manager has not come to the last request.

@@ -14,8 +14,9 @@ constexpr auto patience = 2s;
 constexpr auto patienceAfterDisplayChange = 6s;
 constexpr auto recentDisplayChange = 10s;
 
-/// How much longer a window manager is given that has not answered at all, or is still at it.
-constexpr auto patienceWithSlowManager = 4s;
+/// How much longer a window manager is given that has not come to it or is still at it, and a
+/// client that has to do its part.
+constexpr auto patienceWithSlowOnes = 4s;
 constexpr auto silenceAfterAnswers = 500ms;
 
 /// How much longer than its placement a client may take to notice that it was un-maximised.
@@ -184,9 +185,9 @@ WindowPlacer::TimePoint WindowPlacer::nextLook(const Pending &pending) const
 
 WindowPlacer::TimePoint WindowPlacer::deadlineOf(const Pending &pending) const
 {
-    const TimePoint latest = pending.deadline + patienceWithSlowManager;
+    const TimePoint latest = pending.deadline + patienceWithSlowOnes;
     const auto handled = pending.placement.handled();
-    if (!handled)
+    if (!handled || pending.placement.dependsOnClient())
         return latest;
     return std::clamp(std::max(*handled, m_lastAnswer) + silenceAfterAnswers, pending.deadline,
                       latest);
