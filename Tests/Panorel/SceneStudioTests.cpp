@@ -6,7 +6,6 @@
 #include "Support/InMemoryPlatform.h"
 #include "Support/TestDataDir.h"
 
-#include <QAccessible>
 #include <QDialog>
 #include <QMenu>
 #include <QMouseEvent>
@@ -73,33 +72,11 @@ struct Studio {
     {
         QTest::keyClick(QApplication::focusWidget(), key, modifiers);
     }
-    void hold(Qt::Key key, int repeats)
-    {
-        QTest::keyPress(&canvas(), key);
-        for (int i = 0; i < repeats; ++i) {
-            QKeyEvent event(QEvent::KeyPress, key, {}, {}, true);
-            QCoreApplication::sendEvent(&canvas(), &event);
-        }
-        QTest::keyRelease(&canvas(), key);
-    }
     void undo() { QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier); }
     ViewProbe probe() const { return {*view}; }
     bool canUndo() const { return probe().find("Undo")->isEnabled(); }
     void click(const char *title) { probe().click(title); }
-    void clickOn(const QPoint &at, Qt::MouseButton button = Qt::LeftButton)
-    {
-        QTest::mouseClick(&canvas(), button, {}, at);
-    }
-    QMenu *menu() const { return view->findChild<QMenu *>(); }
-    void closeMenu()
-    {
-        menu()->close();
-        view->activateWindow();
-        if (!QTest::qWaitFor([this] { return !menu() && view->isActiveWindow(); }))
-            qFatal("the menu stays");
-    }
     QDialog *question() const { return view ? view->findChild<QDialog *>() : nullptr; }
-    QString note() const { return probe().text("note"); }
 };
 
 struct OpenStudio : Studio {
@@ -114,8 +91,7 @@ class SceneStudioTests : public QObject {
 private Q_SLOTS:
     void aBoxFollowsThePointer()
     {
-        for (const auto &[size, hasDisplays] : {std::pair(QSize(960, 640), true),
-                                                {QSize(420, 360), true},
+        for (const auto &[size, hasDisplays] : {std::pair(QSize(420, 360), true),
                                                 {QSize(2400, 1500), true},
                                                 {QSize(960, 640), false}}) {
             Studio studio;
@@ -135,10 +111,6 @@ private Q_SLOTS:
                 QVERIFY(std::abs(studio.frame(0)->y - 200 - way.y() / transform.m11()) <= 0.5);
                 QCOMPARE(studio.canvas().transform(), transform);
             }
-            studio.moveTo(from, Qt::AltModifier);
-            QVERIFY(*studio.frame(0) == notesPlace);
-            studio.release(from);
-            QCOMPARE(studio.canvas().selected(), 0);
         }
     }
 
@@ -173,17 +145,12 @@ private Q_SLOTS:
             StudioLines guides = {};
         } rows[] = {
             {"edge of the display", whole, {-195, 0}, 10, {0, 200, 600, 400}, {{0}, {}}},
-            {"between displays", whole, {635, 0}, 10, {840, 200, 600, 400}, {{1440}, {}}},
             {"below the menu bar", whole, {0, -165}, 10, {200, 30, 600, 400}, {{}, {30}}},
             {"beside the other", whole, {995, -95}, 10, {1200, 100, 600, 400}, {{1800}, {100}}},
             {"a corner", lowerRight, {635, 205}, 10, {200, 200, 1240, 600}, {{1440}, {800}}},
             {"out of reach", whole, {-180, 0}, 10, {20, 200, 600, 400}},
-            {"to no line", whole, {-195.3, 0}, 0, {5, 200, 600, 400}},
-            {"right", Qt::RightEdge, {15.3, 9}, 0, {200, 200, 615, 400}},
             {"upper left", upperLeft, {-15.3, 9}, 0, {185, 209, 615, 391}},
-            {"left, to the smallest", Qt::LeftEdge, {900, 0}, 0, {600, 200, 200, 400}},
             {"upper left, to the smallest", upperLeft, {900, 900}, 0, {600, 450, 200, 150}},
-            {"right, to the smallest", Qt::RightEdge, {-900, 0}, 0, {200, 200, 200, 400}},
             {"top, beyond the displays", Qt::TopEdge, {0, -900}, 0, {200, 0, 600, 600}},
         };
         for (const auto &row : rows) {
@@ -193,9 +160,6 @@ private Q_SLOTS:
             gesture.dragTo(row.way, row.reach);
             QVERIFY2(*studio.frame(0) == row.expected, row.name);
             QVERIFY2(gesture.guides() == row.guides, row.name);
-            studio.view->model().removeBox(0);
-            gesture.dragTo(row.way, row.reach); // the box is gone
-            studio.view->discard();
         }
     }
 
@@ -203,21 +167,15 @@ private Q_SLOTS:
     {
         OpenStudio studio;
         const QPoint from = studio.at(500, 400);
-        const QPoint to = from + (studio.at(0, 0) - studio.at(200, 0)) + QPoint(3, 0);
         studio.press(from);
-        studio.moveTo(to);
+        studio.moveTo(from + (studio.at(0, 0) - studio.at(200, 0)) + QPoint(3, 0));
         QCOMPARE(studio.frame(0)->x, 0.0);
         QTest::keyPress(&studio.canvas(), Qt::Key_Alt);
         QVERIFY(studio.frame(0)->x > 5);
         QTest::keyRelease(&studio.canvas(), Qt::Key_Alt);
         QCOMPARE(studio.frame(0)->x, 0.0);
-        QTest::keyClick(&studio.canvas(), Qt::Key_Delete); // not while the mouse holds it
         QTest::keyClick(&studio.canvas(), Qt::Key_Escape);
-        QVERIFY(*studio.frame(0) == notesPlace);
-        studio.release(to);
-        QVERIFY(!studio.canUndo());
-        studio.drag(from, {1, 1}); // a trembling click
-        QVERIFY(*studio.frame(0) == notesPlace);
+        QVERIFY(*studio.frame(0) == notesPlace && !studio.canUndo());
     }
 
     void thePressTakesTheFrontmostBoxAndTheSelectedOnesEdges()
@@ -225,133 +183,83 @@ private Q_SLOTS:
         Studio studio;
         studio.scene.layout.windows.push_back(window("Chat", "", {300, 300, 600, 400}));
         studio.open();
-        const QPoint both = studio.at(600, 500);
-        studio.clickOn(both);
+        studio.drag(studio.at(600, 500), {0, 0});
         QCOMPARE(studio.canvas().selected(), 0);
-        studio.clickOn(studio.at(850, 650));
-        QCOMPARE(studio.canvas().selected(), 2);
+        studio.canvas().select(2);
         studio.drag(studio.at(300, 500), {-20, 0}, Qt::AltModifier); // lies under the front box
         QVERIFY(studio.frame(2)->x < 300 && studio.frame(2)->maxX() == 900);
         QVERIFY(*studio.frame(0) == notesPlace);
-        studio.clickOn(QPoint(3, 3));
-        QCOMPARE(studio.canvas().selected(), std::nullopt);
-        studio.clickOn(both, Qt::RightButton);
+        studio.drag(QPoint(3, 3), {0, 0});
         QCOMPARE(studio.canvas().selected(), std::nullopt);
     }
 
     void everythingIsDoneByKeyboardAlone()
     {
         OpenStudio studio;
-        QCOMPARE(QApplication::focusWidget(), &studio.canvas());
         studio.key(Qt::Key_Tab);
-        QCOMPARE(studio.canvas().selected(), 0);
         studio.key(Qt::Key_Left);
         studio.key(Qt::Key_Down, Qt::ShiftModifier);
-        QVERIFY(*studio.frame(0) == Rect({199, 210, 600, 400}));
         studio.key(Qt::Key_Right, Qt::ControlModifier | Qt::ShiftModifier);
         studio.key(Qt::Key_Up, Qt::ControlModifier);
-        QVERIFY(*studio.frame(0) == Rect({199, 210, 610, 399}));
-        QCOMPARE(studio.note(), QStringLiteral("Editor, Notes · 199, 210 · 610 × 399"));
-        const auto *spoken = QAccessible::queryAccessibleInterface(&studio.canvas());
-        QCOMPARE(spoken->text(QAccessible::Description), studio.note());
-        studio.key(Qt::Key_Tab);
-        QCOMPARE(studio.note(),
-                 QStringLiteral("Mail, Inbox · 1800, 100 · 900 × 700 · not running"));
-
+        QCOMPARE(studio.probe().text("note"),
+                 QStringLiteral("Editor, Notes · 199, 210 · 610 × 399"));
+        studio.key(Qt::Key_Delete);
+        QVERIFY(!studio.frame(0));
+        QCOMPARE(studio.canvas().selected(), 1);
+        studio.undo();
+        QVERIFY(studio.frame(0));
         QStringList visited;
         for (studio.key(Qt::Key_Tab); QApplication::focusWidget() != &studio.canvas();
              studio.key(Qt::Key_Tab))
             visited << QApplication::focusWidget()->accessibleName();
         QCOMPARE(visited.join(u'|'),
-                 QStringLiteral("Cancel|Save|Add application|Remove window|Undo"));
-        QCOMPARE(studio.canvas().selected(), 0);
-        studio.key(Qt::Key_Backtab, Qt::ShiftModifier);
-        QCOMPARE(QApplication::focusWidget()->accessibleName(), QStringLiteral("Undo"));
-        studio.key(Qt::Key_Tab);
-        studio.key(Qt::Key_Delete);
-        QVERIFY(!studio.frame(0));
-        QCOMPARE(studio.canvas().selected(), 1);
-        studio.key(Qt::Key_Delete);
-        QCOMPARE(QApplication::focusWidget()->accessibleName(), QStringLiteral("Add application"));
-        studio.undo();
-        studio.undo();
-        QVERIFY(studio.frame(0) && studio.frame(1));
+                 QStringLiteral("Cancel|Save|Add application|Remove window|Undo|Redo"));
     }
 
     void aGestureIsOneStepBack()
     {
         OpenStudio studio;
         studio.drag(studio.at(500, 400), {40, 30});
-        const Rect dragged = *studio.frame(0);
-        studio.hold(Qt::Key_Right, 5);
-        const Rect nudged = *studio.frame(0);
-        QCOMPARE(nudged.x, dragged.x + 6);
+        const std::optional<Rect> dragged = studio.frame(0);
+        QTest::keyPress(&studio.canvas(), Qt::Key_Right);
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Right, {}, {}, true);
+        QCoreApplication::sendEvent(&studio.canvas(), &repeated);
+        QTest::keyRelease(&studio.canvas(), Qt::Key_Right);
+        const std::optional<Rect> nudged = studio.frame(0);
+        QCOMPARE(nudged->x, dragged->x + 2);
         studio.click("Remove window");
-        const std::optional<Rect> steps[] = {std::nullopt, nudged, dragged, notesPlace};
-        for (std::size_t i = 1; i < 4; ++i) {
+        for (const auto &step : {nudged, dragged, std::optional(notesPlace)}) {
             studio.undo();
-            QCOMPARE(studio.frame(0), steps[i]);
+            QCOMPARE(studio.frame(0), step);
         }
         QVERIFY(!studio.canUndo());
-        studio.undo();
-        for (std::size_t i = 3; i > 0; --i) {
-            i == 1 ? studio.key(Qt::Key_Y, Qt::ControlModifier)
-                   : studio.key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-            QCOMPARE(studio.frame(0), steps[i - 1]);
-        }
-        studio.click("Undo");
-        studio.canvas().select(0);
-        studio.hold(Qt::Key_Left, 0);
-        QVERIFY(!studio.probe().find("Redo")->isEnabled()); // another way was taken
-        QTest::keyPress(&studio.canvas(), Qt::Key_Up);      // and is still held
-        studio.undo();
-        QCOMPARE(studio.frame(0)->y, nudged.y);
+        studio.key(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(studio.frame(0), dragged);
     }
 
     void closingAsksOnlyWhereSomethingWouldBeLost()
     {
-        for (const char *answer : {"Save", "Discard", "Cancel"}) {
+        for (const QByteArray answer : {"Save", "Discard", "Cancel"}) {
             OpenStudio studio;
-            QCOMPARE(studio.view->windowTitle(), QStringLiteral("R&D [*][*] desk"));
             studio.drag(studio.at(500, 400), {40, 30});
+            const Rect edited = *studio.frame(0);
             studio.click("Cancel");
-            QKeyEvent again(QEvent::KeyPress, Qt::Key_Escape, {});
-            QCoreApplication::sendEvent(studio.view, &again);
-            QVERIFY(studio.view->isVisible());
-            QCOMPARE(studio.view->findChildren<QDialog *>().size(), 1);
-            QVERIFY(studio.saved.empty());
+            QVERIFY(studio.view->isVisible() && studio.saved.empty());
             ViewProbe{*studio.question()}.click(answer);
-            const bool stays = answer == QByteArray("Cancel");
             QTRY_COMPARE(studio.question(), nullptr);
-            QTRY_COMPARE(studio.view.isNull(), !stays);
-            QCOMPARE(studio.saved.size(), answer == QByteArray("Save") ? 1u : 0u);
+            QTRY_COMPARE(studio.view.isNull(), answer != "Cancel");
+            QCOMPARE(studio.saved.size(), answer == "Save" ? 1u : 0u);
+            for (const SceneRecord &scene : studio.saved)
+                QVERIFY(scene.layout.windows.at(0).frame == edited);
         }
         OpenStudio studio;
         studio.drag(studio.at(500, 400), {40, 30});
         studio.undo();
         studio.key(Qt::Key_Escape);
         QTRY_VERIFY(studio.view.isNull());
-        studio.open();
-        studio.drag(studio.at(500, 400), {40, 30});
-        studio.controller.closeWithoutAsking();
-        QTRY_VERIFY(studio.view.isNull());
-        QVERIFY(studio.saved.empty());
     }
 
-    void savingHandsTheSceneOverAndCloses()
-    {
-        OpenStudio studio;
-        studio.press(studio.at(500, 400));
-        studio.moveTo(studio.at(550, 400), Qt::AltModifier);
-        const Rect held = *studio.frame(0);
-        QVERIFY(held.x > 240);
-        QTest::keyClick(studio.view, Qt::Key_S, Qt::ControlModifier); // the mouse still holds it
-        QTRY_VERIFY(studio.view.isNull());
-        QCOMPARE(studio.saved.size(), 1u);
-        QVERIFY(studio.saved[0].layout.windows.at(0).frame == held);
-    }
-
-    void aSceneOpensOnceAndWhereTheLastOneStood()
+    void aSceneThatIsOpenIsShownAsItIs()
     {
         OpenStudio studio;
         studio.drag(studio.at(500, 400), {40, 30});
@@ -359,11 +267,6 @@ private Q_SLOTS:
         studio.open();
         QCOMPARE(studio.view, first);
         QVERIFY(*studio.frame(0) != notesPlace);
-        studio.view->setGeometry(60, 70, 700, 500);
-        studio.click("Save");
-        QTRY_VERIFY(first.isNull());
-        studio.open();
-        QTRY_COMPARE(studio.view->size(), QSize(700, 500));
     }
 
     void anEmptySceneSaysHowToBegin()
@@ -373,60 +276,30 @@ private Q_SLOTS:
         studio.platform.desktop.launch(QStringLiteral("shop"), QStringLiteral("Saw & \n Sons"));
         studio.open();
         QVERIFY(!studio.canvas().isVisible());
+        studio.probe().photograph("studio-empty");
         studio.click("Add application");
-        QStringList names;
-        for (const QAction *action : studio.menu()->actions())
-            names << action->text();
-        QCOMPARE(names, QStringList({QStringLiteral("Editor"), QStringLiteral("Saw && Sons")}));
-        studio.menu()->actions().last()->trigger();
-        studio.closeMenu();
+        auto *menu = studio.view->findChild<QMenu *>();
+        QCOMPARE(menu->actions().last()->text(), QStringLiteral("Saw && Sons"));
+        menu->actions().last()->trigger();
         QVERIFY(studio.canvas().isVisible());
         QCOMPARE(studio.canvas().selected(), 0);
-        QCOMPARE(studio.view->focusWidget(), &studio.canvas());
-        studio.click("Add application");
-        studio.menu()->actions().first()->trigger();
-        studio.closeMenu();
-        studio.click("Add application");
-        QVERIFY(!studio.menu()->actions().first()->isEnabled()); // there are no others
-        studio.closeMenu();
-        studio.undo();
-        studio.undo();
-        QVERIFY(!studio.canvas().isVisible());
-        studio.view->discard();
     }
 
     void allOfItShows()
     {
-        const std::pair<const char *, void (*)(Studio &)> acts[] = {
-            {"select", [](Studio &studio) { studio.canvas().select(0); }},
-            {"small", [](Studio &studio) { studio.view->resize(640, 480); }},
-            {"drag",
-             [](Studio &studio) {
-                 studio.press(studio.at(500, 400));
-                 studio.moveTo(studio.at(940, 398));
-                 studio.moveTo(studio.at(1137, 450));
-             }},
-            {"ask",
-             [](Studio &studio) {
-                 studio.view->model().move(0, {10, 0});
-                 studio.view->close();
-             }},
-            {"empty", [](Studio &studio) {
-                 while (!studio.view->model().boxes().empty())
-                     studio.view->model().removeBox(studio.view->model().boxes().front().id);
-             }}};
-        for (const auto &[name, act] : acts) {
-            Studio studio;
-            auto &windows = studio.scene.layout.windows;
-            const char *title = "Präsentation für den Aufsichtsrat – Übersicht aller Maßnahmen";
-            windows.push_back(window("Browser", title, {60, 60, 1000, 780}));
-            windows.push_back(window("Player", "", {2780, 40, 200, 150}));
-            studio.platform.desktop.launch(QStringLiteral("browser"), {});
-            studio.open();
-            act(studio);
-            QWidget *asked = studio.question();
-            ViewProbe{asked ? *asked : *studio.view}.photograph(QByteArray("studio-") + name);
-        }
+        Studio studio;
+        auto &windows = studio.scene.layout.windows;
+        windows.push_back(window("Browser", "Übersicht – Maßnahmen", {60, 60, 1000, 780}));
+        windows.push_back(window("Player", "", {2780, 40, 200, 150}));
+        studio.open();
+        const QPoint end = studio.at(1137, 450);
+        studio.press(studio.at(500, 400));
+        studio.moveTo(studio.at(940, 398));
+        studio.moveTo(end);
+        studio.probe().photograph("studio-drag");
+        studio.release(end);
+        studio.view->close();
+        ViewProbe{*studio.question()}.photograph("studio-ask");
     }
 };
 
