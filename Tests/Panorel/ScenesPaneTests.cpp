@@ -2,10 +2,6 @@
 #include "Panorel/SettingsProgram.h"
 #include "Panorel/UI/NameField.h"
 #include "Panorel/ViewProbe.h"
-#include "Support/TestHome.h"
-
-#include <QFileDialog>
-#include <QTemporaryDir>
 
 using namespace Panorel;
 
@@ -26,14 +22,12 @@ struct Pane {
                     oneKeyBoard()};
     ViewProbe view{pane};
 
-    Pane() = default;
-    explicit Pane(std::initializer_list<const char *> scenes)
+    Pane(std::initializer_list<const char *> scenes = {})
     {
         for (const char *scene : scenes)
             program.addScene(scene);
-        open();
+        view.open({700, 620});
     }
-    void open() { view.open({700, 620}); }
     NameField &name(int nth) { return *view.shown<NameField>().at(nth); }
     QStringList names()
     {
@@ -41,14 +35,6 @@ struct Pane {
         for (const NameField *field : view.shown<NameField>())
             names << field->name();
         return names;
-    }
-    void write(int nth, const QString &text, Qt::Key end)
-    {
-        QTest::mouseClick(&name(nth), Qt::LeftButton);
-        name(nth).selectAll();
-        QTest::keyClick(&name(nth), Qt::Key_Delete);
-        name(nth).insert(text);
-        QTest::keyClick(&name(nth), end);
     }
 };
 
@@ -66,12 +52,8 @@ private Q_SLOTS:
     void aFirstSceneIsMadeWhereThereIsNone()
     {
         Pane test;
-        test.open();
-        QVERIFY(test.view.shown<NameField>().isEmpty());
         test.view.photograph("scenes-empty");
         test.view.click("Add scene from current windows");
-        QCOMPARE(test.names(), listed("Scene 1"));
-        QVERIFY(test.view.reads("2 windows"));
         QVERIFY(test.name(0).hasFocus()); // to be given its own name at once
         QTest::keyClicks(&test.name(0), QStringLiteral("Writing"));
         test.view.click("Apply"); // a click elsewhere ends the writing
@@ -84,46 +66,39 @@ private Q_SLOTS:
     void scenesStandUnderTheirDesksTheCurrentOneFirst()
     {
         Pane test;
-        test.program.addForeignScene("Away");
+        SceneRecord away = test.program.addScene("Away");
+        test.program.model.removeScene(away.id);
+        away.configID = QStringLiteral("elsewhere");
+        away.layout.displays.clear();
+        test.program.model.addScene(away);
         test.program.addScene("Writing");
-        test.program.addForeignScene("Far away");
-        test.program.addScene("Mail");
         const QString desk = test.program.model.currentConfigID();
         test.program.model.renameDesk(desk, QStringLiteral("<b>A&B</b>\n") + QString(300, u'x'));
-        test.open();
         QVERIFY(test.pane.widget()->width() <= test.pane.width());
-        QCOMPARE(test.names(), listed("Writing|Mail|Away|Far away"));
+        QCOMPARE(test.names(), listed("Writing|Away"));
         QVERIFY(test.view.reads("Current desk") && test.view.reads("No displays"));
         test.view.photograph("scenes-desks");
-        test.program.undock(); // and another desk is the current one
-        test.program.scheduler.advance(std::chrono::seconds(10));
-        test.program.model.refresh();
-        QVERIFY(!test.view.reads("Current desk"));
     }
 
     void aNameIsWrittenInItsPlace()
     {
-        const QString old = QStringLiteral("Writing");
         const QString given = QStringLiteral("R&D");
-        const struct {
-            const char *how;
-            QString text;
-            Qt::Key end;
-            QString name;
-        } cases[] = {{"taken by Enter", given, Qt::Key_Return, given},
-                     {"taken by Tab", given, Qt::Key_Tab, given},
-                     {"given up by Escape", given, Qt::Key_Escape, old},
-                     {"empty", {}, Qt::Key_Return, old},
-                     {"blank", QStringLiteral(" \n "), Qt::Key_Return, old},
-                     {"two lines", QStringLiteral("a\nb"), Qt::Key_Return, QStringLiteral("a b")},
-                     {"300 characters", QString(300, u'x'), Qt::Key_Return, QString(300, u'x')}};
-        for (const auto &[how, text, end, name] : cases) {
+        const QString tooWide(300, u'x');
+        for (const auto &[text, end, name] :
+             {std::tuple(given, Qt::Key_Return, given),
+              {given, Qt::Key_Tab, given},
+              {given, Qt::Key_Escape, QStringLiteral("Writing")},
+              {QStringLiteral(" \n "), Qt::Key_Return, QStringLiteral("Writing")},
+              {QStringLiteral("a\nb"), Qt::Key_Return, QStringLiteral("a b")},
+              {tooWide, Qt::Key_Return, tooWide}}) {
             Pane test{"Writing"};
-            test.write(0, text, end);
-            QVERIFY2(test.program.sceneNames() == QStringList{name}, how);
-            QVERIFY2(test.name(0).name() == name, how);
-            QVERIFY2(!test.name(0).hasFocus() && test.pane.isVisible(), how);
-            QVERIFY2(test.name(0).width() < test.pane.width(), how);
+            QTest::mouseClick(&test.name(0), Qt::LeftButton);
+            test.name(0).selectAll();
+            test.name(0).insert(text);
+            QTest::keyClick(&test.name(0), end);
+            QCOMPARE(test.program.sceneNames(), QStringList{name});
+            QCOMPARE(test.name(0).name(), name);
+            QVERIFY(!test.name(0).hasFocus() && test.name(0).width() < test.pane.width());
         }
     }
 
@@ -146,7 +121,6 @@ private Q_SLOTS:
         Pane test{"Writing"};
         QVERIFY(!test.view.find("Hide other applications"));
         test.view.click("Key and options");
-        QVERIFY(test.view.reads("Applies the scene from anywhere."));
         const auto scene = [&] { return test.program.model.scenes().at(0); };
         test.view.click("Hide other applications");
         QVERIFY(scene().hidesOtherApps && !scene().opensMissingApps);
@@ -158,46 +132,10 @@ private Q_SLOTS:
         test.view.click("Shortcut for Key");
         QTest::keyClick(test.view.find("Shortcut for Key"), Qt::Key_1, Qt::AltModifier);
         QCOMPARE(scene().hotKey, (HotKeyCombo{18, HotKeyCombo::option}));
-        QVERIFY(test.view.reads("2 windows · Alt+1"));
-        for (const bool isTaken : {true, false}) { // by another action, and given up again
-            test.program.model.setKey(FixedAction::Undo,
-                                      isTaken ? scene().hotKey : std::optional<HotKeyCombo>());
-            QCOMPARE(test.view.reads("Already used by Undo last restore"), isTaken);
-        }
+        test.program.model.setKey(FixedAction::Undo, scene().hotKey);
+        QVERIFY(test.view.reads("Already used by Undo last restore"));
         test.view.click("Clear the shortcut for Key");
         QVERIFY(!scene().hotKey);
-        test.view.click("Hide options");
-        QVERIFY(!test.view.reads("Applies the scene from anywhere."));
-    }
-
-    void aPictureIsChosenShownAndRemoved()
-    {
-        const QTemporaryDir folder;
-        const QString good = folder.filePath(QStringLiteral("hills.png"));
-        const QString bad = folder.filePath(QStringLiteral("bad.png"));
-        QImage picture(640, 400, QImage::Format_RGB32);
-        picture.fill(QColor(0x5a8f7b));
-        QVERIFY(picture.save(good));
-        writeFile(bad, "\x89PNG nothing");
-
-        Pane test{"Writing"};
-        test.view.click("Key and options");
-        const auto path = [&] { return test.program.model.scenes().at(0).wallpaperPath; };
-        for (const QString &file : {good, bad}) {
-            test.view.click("Choose…");
-            auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-            QVERIFY(dialog);
-            auto *field = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-            field->setText(file);
-            QTest::keyClick(field, Qt::Key_Return);
-            QTRY_COMPARE(path(), file);
-            QVERIFY(test.view.reads(file == good ? "hills.png" : "bad.png can't be read"));
-            ViewProbe::settle();
-            test.view.photograph(file == good ? "scenes-picture" : "scenes-picture-unreadable");
-        }
-        test.view.click("Remove");
-        QCOMPARE(path(), std::nullopt);
-        QVERIFY(!test.view.find("Remove"));
     }
 
     void aDeletedSceneComesBackWhole()
@@ -207,34 +145,19 @@ private Q_SLOTS:
         for (const char *answer : {"Cancel", "Delete"}) {
             test.view.click("Delete…");
             QCOMPARE(test.names(), listed("Writing|Mail"));
-            const ViewProbe question = ViewProbe::dialog();
-            QVERIFY(question.reads("Delete “Writing”?"));
-            QCOMPARE(question.focused(), QStringLiteral("Cancel"));
-            question.photograph("scenes-delete");
-            question.click(answer);
+            QCOMPARE(ViewProbe::dialog().focused(), QStringLiteral("Cancel"));
+            ViewProbe::dialog().click(answer);
         }
         QCOMPARE(test.names(), listed("Mail"));
-        QVERIFY(test.view.reads("“Writing” was deleted."));
         test.view.click("Undo");
         QCOMPARE(test.names(), listed("Mail|Writing"));
         QCOMPARE(test.program.model.scenes().at(1), before);
-        QVERIFY(!test.view.find("Undo"));
 
         test.view.click("Delete…", 1); // it goes by another way while the question stands
         test.program.model.removeScene(before.id);
         ViewProbe::dialog().click("Delete");
         QCOMPARE(test.names(), listed("Mail"));
         QVERIFY(!test.view.find("Undo"));
-    }
-
-    void theKeyboardReachesEverythingInOrder()
-    {
-        Pane test{"Writing"};
-        test.view.find("Add scene from current windows")->setFocus(Qt::TabFocusReason);
-        for (const char *next : {"Scene name", "Apply", "Edit…", "Key and options", "Delete…"}) {
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-            QCOMPARE(QApplication::focusWidget()->accessibleName(), QString::fromUtf8(next));
-        }
     }
 };
 

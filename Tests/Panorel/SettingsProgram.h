@@ -27,16 +27,6 @@ struct SettingsProgram : Program {
         model.updateScene(scene);
         return scene;
     }
-    /// A scene of a desk that is not connected, without displays.
-    SceneRecord addForeignScene(const char *name)
-    {
-        SceneRecord scene = addScene(name);
-        model.removeScene(scene.id);
-        scene.configID = scene.layout.configID = QStringLiteral("elsewhere");
-        scene.layout.displays.clear();
-        model.addScene(scene);
-        return scene;
-    }
     QStringList sceneNames()
     {
         QStringList names;

@@ -56,16 +56,6 @@ struct ViewProbe {
         QTest::mouseClick(control, Qt::LeftButton);
         QCoreApplication::processEvents(); // what was pressed may be gone now
     }
-    /// Of all that is offered, in the order made.
-    QString titles() const
-    {
-        QStringList titles;
-        for (const ActionControl *control : root.findChildren<ActionControl *>()) {
-            if (control->isVisible())
-                titles << control->title();
-        }
-        return titles.join(u'|');
-    }
     bool reads(const char *text) const
     {
         for (const TextLabel *label : shown<TextLabel>()) {
@@ -109,17 +99,16 @@ struct ViewProbe {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-    /// Light, dark, and twice as dense with a font 1.5 times as large; in each, the text has the
+    /// Light; and dark, twice as dense, with a font 1.5 times as large. In both, the text has the
     /// height that it needs and, in the end, the view is as it should be.
     void photograph(
         const QByteArray &name, const std::function<bool()> &isRight = [] { return true; }) const
     {
         const QPalette palette = QApplication::palette();
         const QFont font = QApplication::font();
-        QApplication::setPalette(paletteOf(0xfafafb, 0xffffff, 0x1d1f23));
+        QApplication::setPalette(QPalette(QColor(0xfafafb)));
         save(name + "-light", 1, isRight);
-        QApplication::setPalette(paletteOf(0x26282c, 0x1e2023, 0xf1f2f4));
-        save(name + "-dark", 1, isRight);
+        QApplication::setPalette(QPalette(QColor(0x26282c)));
         QFont large = font;
         large.setPointSizeF(font.pointSizeF() * 1.5);
         setFont(large);
@@ -137,16 +126,6 @@ private:
             QEvent change(QEvent::ApplicationFontChange);
             QCoreApplication::sendEvent(widget, &change);
         }
-    }
-    static QPalette paletteOf(const QColor &window, const QColor &base, const QColor &text)
-    {
-        QPalette palette(text, window, window.lighter(), window.darker(), window, text, base);
-        palette.setColor(QPalette::Highlight, QColor(0x3584e4));
-        palette.setColor(QPalette::HighlightedText, Qt::white);
-        QColor faint = text;
-        faint.setAlphaF(0.5f);
-        palette.setColor(QPalette::PlaceholderText, faint);
-        return palette;
     }
     bool cutsText() const
     {
