@@ -3,7 +3,6 @@
 #include "Panorel/Commands/CommandText.h"
 #include "Panorel/Commands/LogFollower.h"
 #include "Panorel/Commands/SceneChoice.h"
-#include "Panorel/Commands/Verbs.h"
 #include "Panorel/InMemoryProgram.h"
 #include "Panorel/Records.h"
 #include "Support/TestHome.h"
@@ -61,27 +60,6 @@ struct CommandedProgram : Program {
     }
 };
 
-/// "program", "help", "version", the command with its options, or why it is none.
-QString understoodOf(const QString &typed)
-{
-    const auto parsed = CommandLine::parse(typed.split(u' ', Qt::SkipEmptyParts));
-    if (const auto *mistake = std::get_if<CommandLine::Mistake>(&parsed))
-        return mistake->message;
-    const auto *command = std::get_if<CommandLine::RunCommand>(&parsed);
-    if (!command)
-        return word(std::array{"program", "help", "version"}[parsed.index()]);
-    const CommandRequest &request = command->request;
-    QStringList words{request.verb};
-    words.append({request.arguments.begin(), request.arguments.end()});
-    for (const auto &[isOn, name] :
-         {std::pair{request.dryRun, "dry"}, std::pair{command->json, "json"},
-          std::pair{command->follow, "follow"}}) {
-        if (isOn)
-            words << word(name);
-    }
-    return words.join(u' ');
-}
-
 } // namespace
 
 class CommandTests : public QObject {
@@ -90,27 +68,24 @@ class CommandTests : public QObject {
 private Q_SLOTS:
     void whatIsTypedIsUnderstoodOrRefused()
     {
-        const std::pair<const char *, const char *> rows[] = {
-            {"", "program"},
-            {"-session 1 2", "program"}, // what a session manager adds
-            {"--help", "help"},
-            {"restore -h", "help"},
-            {"-v", "version"},
-            {"restore", "restore"},
-            {"restore --dry-run --json", "restore dry json"},
-            {"--json apply Work", "apply Work json"},
-            {"apply -- --dry-run", "apply --dry-run"},
-            {"log --follow", "log follow"},
-            {"import a.json --dry-run", "import a.json dry"},
+        const auto parsed = [](const char *typed) {
+            return CommandLine::parse(word(typed).split(u' ', Qt::SkipEmptyParts));
+        };
+        QVERIFY(std::holds_alternative<CommandLine::RunProgram>(parsed("-session 1 2")));
+        QVERIFY(std::holds_alternative<CommandLine::ShowHelp>(parsed("restore -h")));
+        const auto restore = std::get<CommandLine::RunCommand>(parsed("restore --json --dry-run"));
+        QVERIFY(restore.json && restore.request.dryRun && !restore.follow);
+        const auto apply = std::get<CommandLine::RunCommand>(parsed("apply -- --dry-run"));
+        QVERIFY(!apply.request.dryRun);
+        QCOMPARE(apply.request.arguments, std::vector{word("--dry-run")});
+        const std::pair<const char *, const char *> mistakes[] = {
             {"dance", "“dance” is no verb of Panorel; see panorel --help"},
             {"--dance", "there is no option --dance; see panorel --help"},
             {"undo --dry-run", "“undo” has no option --dry-run; see panorel --help"},
-            {"scenes --follow", "“scenes” has no option --follow; see panorel --help"},
             {"apply", "“apply” needs NAME|ID; see panorel --help"},
-            {"export a b", "“export” can't use “b”; see panorel --help"},
-            {"stash now", "“stash” can't use “now”; see panorel --help"}};
-        for (const auto &[typed, understood] : rows)
-            QCOMPARE(understoodOf(word(typed)), word(understood));
+            {"export a b", "“export” can't use “b”; see panorel --help"}};
+        for (const auto &[typed, message] : mistakes)
+            QCOMPARE(std::get<CommandLine::Mistake>(parsed(typed)).message, word(message));
     }
 
     void eachVerbDoesWhatItsRowInThePanelDoes()
@@ -125,28 +100,23 @@ private Q_SLOTS:
         QCOMPARE(program.text("save"), word("Saved 2 windows\n"));
         QCOMPARE(program.learnedMailFrame(), clampedPlace);
         QCOMPARE(program.text("stash"), word("Desk stashed\n"));
-        QVERIFY(program.panel.isStashed());
         QCOMPARE(program.text("stash"), word("Desk brought back\n"));
 
-        QCOMPARE(program.text("scenes"), word("No scenes.\n"));
         program.panel.onSaveScene();
         program.desktop.window(program.mail).frame = rightPlace;
         QCOMPARE(program.text("apply", {word("Scene 1")}),
                  word("Applied “Scene 1”: 2 of 2 windows\n"));
         QCOMPARE(program.mailFrame(), clampedPlace);
-        QVERIFY(program.text("scenes").contains(word("Scene 1  this desk  2 windows")));
-        QVERIFY(
-            program.text("desks").endsWith(word("2 windows  2024-05-13T09:20:00Z  here now\n")));
-        QVERIFY(program.text("status").contains(word("  Applied Scene 1: 2 windows\n")));
         program.controller->rules().set({word("mail"), true, false});
-        QCOMPARE(program.text("rules"), word("mail  left alone\n"));
         program.controller->triggers().add(
             {QUuid::createUuid(), QUuid::createUuid(), {TimeTrigger{9, 5, {2}}}, false});
-        QCOMPARE(program.text("triggers"), word("At 9:05 on Mon  a scene that is gone  off\n"));
-        for (const Verb &verb : verbs) { // none is only listed
-            std::vector<QString> arguments(*verb.argument ? 1 : 0, word("/nowhere"));
-            QVERIFY2(program.run(verb.name, arguments).status != ExitStatus::Usage, verb.name);
-        }
+        const std::pair<const char *, const char *> lists[] = {
+            {"scenes", "Scene 1  this desk  2 windows"},
+            {"desks", "2 windows  2024-05-13T09:20:00Z  here now\n"},
+            {"rules", "mail  left alone\n"},
+            {"triggers", "At 9:05 on Mon  a scene that is gone  off\n"}};
+        for (const auto &[verb, line] : lists)
+            QVERIFY2(program.text(verb).contains(word(line)), verb);
     }
 
     void aDryRunSaysWhatWouldMoveAndWhyAndLeavesNoTrace()
@@ -155,29 +125,25 @@ private Q_SLOTS:
         InMemoryDesktop &desktop = program.desktop;
         desktop.open(program.editorPID, word("Draft"), {300, 300, 400, 300});
         desktop.open(program.editorPID, word("Draft"), {500, 300, 400, 300});
-        desktop.open(program.mailPID, word("Letter"), {2100, 300, 300, 300});
-        desktop.open(program.mailPID, word("Old"), {2100, 350, 800, 600});
         QVERIFY(program.run("save").status == ExitStatus::Done);
         desktop.window(program.editor).title = word("Notes and more");
         desktop.window(program.mail).frame = clampedPlace;
+        desktop.window(program.mail).title =
+            word("a\x1B[2J\nb\u202Ec"); // may not act on a terminal
         program.panel.onSaveScene();
 
         const QStringList before = program.traces();
         const QString plan = program.text("restore", {}, true);
         for (const char *line : {
-                 "Mail    “Inbox”   900,200 500x400 -> 2000,200 500x400  by title",
-                 "Editor  “Notes”   is at 100,100 400x300                by prefix, now “Notes and "
+                 "Mail    “Inbox”  900,200 500x400 -> 2000,200 500x400  by order, now “a?[2J?b?c”",
+                 "Editor  “Notes”  is at 100,100 400x300                by prefix, now “Notes and "
                  "more”",
-                 "Editor  “Draft”   is at 300,300 400x300                by order",
+                 "Editor  “Draft”  is at 300,300 400x300                by order",
              })
             QVERIFY2(plan.contains(word(line)), qPrintable(plan));
         QVERIFY(program.run("apply", {word("Scene 1")}, true).status == ExitStatus::Done);
         QCOMPARE(program.traces(), before);
         QCOMPARE(program.mailFrame(), clampedPlace);
-
-        desktop.quit(program.editorPID);
-        QVERIFY(program.text("restore", {}, true)
-                    .contains(word("“Notes”   stays away: app not running")));
     }
 
     void aSceneIsFoundByNameOrIdOrNotAtAll()
@@ -186,25 +152,16 @@ private Q_SLOTS:
         for (SceneRecord &each : scenes)
             each.id = QUuid::createUuid();
         scenes[1].configID = word("here");
-        const auto idOf = [&](int i) {
-            return scenes[std::size_t(i)].id.toString(QUuid::WithoutBraces);
-        };
         const auto found = [&](const QString &nameOrID, const char *desk = "here") {
             return SceneChoice(scenes, nameOrID, word(desk));
         };
         QCOMPARE(found(word("Work")).scene(), &scenes[1]); // this desk's
         QVERIFY(!found(word("Work"), "elsewhere").scene());
-        QCOMPARE(found(idOf(0)).scene(), &scenes[0]);
+        QCOMPARE(found(scenes[0].id.toString(QUuid::WithoutBraces)).scene(), &scenes[0]);
         QCOMPARE(found(word("work")).reason(), word("there is no scene “work”"));
-        const QString twins = found(word("Play")).reason();
-        QVERIFY(twins.startsWith(word("there are 2 scenes “Play”")));
-        QVERIFY(twins.contains(idOf(2).toUpper()));
-        QVERIFY(!found(QString()).scene());
-
+        QVERIFY(found(word("Play")).reason().startsWith(word("there are 2 scenes “Play”")));
         CommandedProgram program;
-        for (const bool dryRun : {false, true})
-            QCOMPARE(int(program.run("apply", {word("none")}, dryRun).status),
-                     int(ExitStatus::NotFound));
+        QVERIFY(program.run("apply", {word("none")}).status == ExitStatus::NotFound);
     }
 
     void whatWasExportedComesBackWholeAndInForce()
@@ -239,12 +196,9 @@ private Q_SLOTS:
         QCOMPARE(readFile(reply.result.value(word("backup")).toString()),
                  program.dir.read(word("changed.json")));
 
-        QVERIFY(!program.prefs->placeNewApps());
-        program.scheduler.advance(59s);
-        QCOMPARE(program.mailFrame(), clampedPlace);
         controller.learn(); // not over what was imported
         QCOMPARE(program.learnedMailFrame(), rightPlace);
-        program.scheduler.advance(1s);
+        program.scheduler.advance(1min);
         QVERIFY(program.logged("scene applied: Scene 1, 2/2 restored, 0 failed, 0 skipped, 0.00s"));
         program.desktop.window(program.mail).frame = clampedPlace;
         program.platform.keys.press(*scene.hotKey);
@@ -257,8 +211,6 @@ private Q_SLOTS:
             const char *find, *replaceBy, *reason;
         } rows[] = {
             {"\"version\": 1", "\"version\": 2", "it was written by a newer version"},
-            {"\"version\": 1", "\"version\": 0", "it is damaged (version 0)"},
-            {"panorel-state", "song-list", "it is no export of Panorel"},
             {"\"version\": 1\n}\n", "", "it is no export of Panorel, or damaged"},
             {"\"triggers\"", "\"trickers\"", "it is damaged (missing key at state.triggers)"},
             {"\"enabled\": true", "\"enabled\": \"yes\"", "it is damaged (expected"}};
@@ -281,10 +233,8 @@ private Q_SLOTS:
         CommandedProgram program;
         const QString nowhere = program.dir.path(word("no/such/folder.json"));
         QVERIFY(program.text("import", {nowhere}).endsWith(word("there is no such file")));
-        QVERIFY(program.text("import", {program.dir.path(QString())}).endsWith(word("plain file")));
         QVERIFY(program.text("import", {word("/dev/zero")}).endsWith(word("plain file")));
         QVERIFY(program.text("export", {nowhere}).contains(word("can't be written: ")));
-        QVERIFY(program.text("export", {word("/dev/full")}).endsWith(word("plain file")));
         // Without a backup nothing is replaced.
         const QString file = program.exported("all.json");
         program.dir.write(word("backups"), "in the way");
@@ -297,26 +247,13 @@ private Q_SLOTS:
     void requestsFromElsewhereAreCheckedToo()
     {
         CommandedProgram program;
-        for (const char *line : {"", "restore", "[]", "{}", R"({"verb":"restore"})",
-                                 R"({"verb":"apply","arguments":[],"dryRun":false})",
-                                 R"({"verb":"undo","arguments":[],"dryRun":true})",
-                                 R"({"verb":"dance","arguments":[],"dryRun":false})"}) {
+        for (const char *line : {"restore", "[]", R"({"verb":"restore"})",
+                                 R"({"verb":"undo","arguments":[],"dryRun":true})"}) {
             const CommandReply reply = CommandCoding::reply(program.service->answer(word(line)));
             QCOMPARE(int(reply.status), int(ExitStatus::Usage));
-            QVERIFY(!reply.error.isEmpty());
         }
         const QString fine = CommandCoding::line(CommandRequest{word("scenes"), {}, false});
         QCOMPARE(int(CommandCoding::reply(program.service->answer(fine)).status), 0);
-    }
-
-    void aTitleCanNotActOnTheTerminal()
-    {
-        CommandedProgram program;
-        program.desktop.window(program.mail).title = word("a\x1B[2J\nb\u202Ec");
-        program.run("save");
-        const QString plan = program.text("restore", {}, true);
-        QVERIFY2(plan.contains(word("“a?[2J?b?c”")), qPrintable(plan));
-        QCOMPARE(plan.count(u'\n'), 2);
     }
 
     void theLogIsFollowedAlsoWhereItBeginsAnew()
@@ -325,16 +262,12 @@ private Q_SLOTS:
         QByteArray heard;
         LogFollower follower(dir.path(word("app.log")), [&](const auto &lines) { heard += lines; });
         follower.readOn(); // there is none yet
-        const std::pair<QByteArray, QByteArray> steps[] = {
-            {"one\ntwo\nthr", "one\ntwo\n"}, // whole lines
-            {"one\ntwo\nthree\n", "one\ntwo\nthree\n"},
-            {"new\n", "one\ntwo\nthree\nnew\n"}};
-        for (const auto &[written, expected] : steps) {
+        for (const QByteArray written : {"one\ntwo\nthr", "one\ntwo\nthree\n", "new\n"}) {
             dir.write(word("app.log"), written);
             follower.readOn();
             follower.readOn();
-            QCOMPARE(heard, expected);
         }
+        QCOMPARE(heard, QByteArray("one\ntwo\nthree\nnew\n"));
     }
 };
 

@@ -48,22 +48,20 @@ public:
             m_trace << QString::fromUtf8(name);
             if (wasSettling)
                 readLog(); // so that it tells of this step alone
-            (this->*happen)();
+            happen(*this);
             const bool isUntouched = m_program.dir.read(layoutsFile) == before;
             // The log is written on another thread: it is waited for only where it matters.
-            if (!isUntouched || wasAway || isUsersWish) {
-                if (const QString promise = readLog(isUsersWish); !promise.isEmpty())
-                    return broken(promise);
-            }
-            if (!isUntouched && !isUsersWish) {
-                if (const QString promise = brokenPromiseOfLearning(wasSettling, wasAway);
-                    !promise.isEmpty())
-                    return broken(promise);
-            }
-            if (happen == &Storm::wakeEarly)
+            QString broken;
+            if (!isUntouched || wasAway || isUsersWish)
+                broken = readLog(isUsersWish);
+            if (broken.isEmpty() && !isUntouched && !isUsersWish)
+                broken = brokenPromiseOfLearning(wasSettling, wasAway);
+            if (m_trace.last() == QLatin1String("wake early"))
                 m_returnUntil = {}; // that may have been it
-            if (const QString promise = brokenPromise(); !promise.isEmpty())
-                return broken(promise);
+            if (broken.isEmpty())
+                broken = brokenPromise();
+            if (!broken.isEmpty())
+                return broken + QStringLiteral(", after: ") + m_trace.join(QStringLiteral(", "));
         }
         return {};
     }
@@ -72,7 +70,7 @@ private:
     struct Happening {
         const char *name;
         bool isUsersWish; ///< which may change what is remembered at any time
-        void (Storm::*happen)();
+        std::function<void(Storm &)> happen;
     };
     static const std::vector<Happening> happenings;
     static inline const QString layoutsFile = QStringLiteral("layouts.json");
@@ -84,36 +82,29 @@ private:
     InMemoryDesktop &desktop() { return m_program.desktop; }
     InMemoryScreens &screens() { return m_program.platform.display; }
 
-    QString broken(const QString &promise) const
-    {
-        return promise + QStringLiteral(", after: ") + m_trace.join(QStringLiteral(", "));
-    }
-
     /// An application that was hidden with the desk still is, or the desk is on its way back.
     bool isDeskAway()
     {
         // One that the user has brought back is the stash's no more, whoever hides it again.
+        const auto hidden = hiddenApplications();
+        std::erase_if(m_stashed, [&](ProcessIdentifier pid) { return !hidden.contains(pid); });
+        return m_program.dir.clock.now() < m_returnUntil
+               || (m_program.panel.isStashed() && !m_stashed.empty());
+    }
+    std::set<ProcessIdentifier> hiddenApplications()
+    {
+        std::set<ProcessIdentifier> hidden;
         for (const RunningApplication &each : desktop().runningApplications()) {
-            if (!each.isHidden)
-                m_stashed.erase(each.pid);
+            if (each.isHidden)
+                hidden.insert(each.pid);
         }
-        if (m_program.dir.clock.now() < m_returnUntil)
-            return true;
-        return m_program.panel.isStashed()
-               && std::ranges::any_of(desktop().runningApplications(), [&](const auto &each) {
-                      return each.isHidden && m_stashed.contains(each.pid);
-                  });
+        return hidden;
     }
 
-    /// Without their time stamps.
     QStringList newLogLines()
     {
-        m_program.dir.log.flush();
-        const QByteArray log = m_program.dir.read(QStringLiteral("app.log"));
-        QStringList lines;
-        for (const QByteArray &line : log.mid(std::exchange(m_logRead, log.size())).split('\n'))
-            lines << QString::fromUtf8(line.mid(line.indexOf(' ') + 1));
-        return lines;
+        const QStringList lines = m_program.dir.logged();
+        return lines.mid(std::exchange(m_logRead, lines.size()));
     }
 
     QString readLog(bool mayBeUsersWish = true)
@@ -143,23 +134,24 @@ private:
 
     QString brokenPromise()
     {
-        if (m_learnedInRestore)
-            return QStringLiteral("a layout was overwritten in the middle of a restore");
         TestDataDir &dir = m_program.dir;
         const LayoutStore layouts(dir.log, dir.clock);
-        for (const Layout &layout : layouts.allLayouts()) {
-            if (layout.windows.empty())
-                return QStringLiteral("an empty desk was learned");
-        }
-        if (stored(layouts) != stored(controller().layouts()))
-            return QStringLiteral("the layouts in memory are not those on disk");
-        if (stored(SceneStore(dir.log, dir.clock)) != stored(controller().scenes()))
-            return QStringLiteral("the scenes in memory are not those on disk");
-        if (TriggerStore(dir.log, dir.clock).all() != controller().triggers().all())
-            return QStringLiteral("the triggers in memory are not those on disk");
-        if (stored(UsageStore(dir.log, dir.clock).data()) != stored(controller().usage().data()))
-            return QStringLiteral("the usage in memory is not that on disk");
-        return {};
+        const bool isEmptyLearned = std::ranges::any_of(
+            layouts.allLayouts(), [](const Layout &layout) { return layout.windows.empty(); });
+        const std::pair<bool, const char *> promises[] = {
+            {m_learnedInRestore, "a layout was overwritten in the middle of a restore"},
+            {isEmptyLearned, "an empty desk was learned"},
+            {stored(layouts) != stored(controller().layouts()),
+             "the layouts in memory are not those on disk"},
+            {stored(SceneStore(dir.log, dir.clock)) != stored(controller().scenes()),
+             "the scenes in memory are not those on disk"},
+            {TriggerStore(dir.log, dir.clock).all() != controller().triggers().all(),
+             "the triggers in memory are not those on disk"},
+            {stored(UsageStore(dir.log, dir.clock).data()) != stored(controller().usage().data()),
+             "the usage in memory is not that on disk"}};
+        const auto broken =
+            std::ranges::find(promises, true, &std::pair<bool, const char *>::first);
+        return broken == std::end(promises) ? QString() : QString::fromLatin1(broken->second);
     }
 
     InMemoryWindow *anyWindow()
@@ -281,13 +273,9 @@ private:
         if (!applications.empty())
             desktop().quit(applications[below(applications.size())].pid);
     }
-    void changePermission() { desktop().trusted = below(4) > 0; }
-    void blankTheList() { desktop().listReadable = below(4) > 0; }
 
     // Time.
     void waitShortly() { m_program.scheduler.advance(std::chrono::milliseconds(below(500))); }
-    void waitForTheSettle() { m_program.scheduler.advance(m_settleDelay); }
-    void waitForTheNextLearning() { m_program.scheduler.advance(90s); }
     void sleep()
     {
         m_program.dir.clock.advance(std::chrono::minutes(below(600)));
@@ -301,24 +289,16 @@ private:
     void wakeEarly() { m_program.scheduler.runNextEarly(); }
 
     // The user.
-    void restore() { controller().restoreNow(); }
-    void undo() { controller().undoLastRestore(); }
-    void save() { controller().saveLayoutNow(); }
     void stash()
     {
-        std::set<ProcessIdentifier> before;
-        for (const RunningApplication &each : desktop().runningApplications()) {
-            if (each.isHidden)
-                before.insert(each.pid);
-        }
+        const auto before = hiddenApplications();
         controller().toggleStash();
         const bool isStashed = m_program.panel.isStashed();
         m_returnUntil = isStashed ? Instant() : m_program.dir.clock.now() + 400ms;
         m_stashed.clear();
-        for (const RunningApplication &each : desktop().runningApplications()) {
-            if (isStashed && each.isHidden && !before.contains(each.pid))
-                m_stashed.insert(each.pid);
-        }
+        if (isStashed)
+            std::ranges::set_difference(hiddenApplications(), before,
+                                        std::inserter(m_stashed, m_stashed.end()));
     }
     void stashAndReturn()
     {
@@ -326,7 +306,6 @@ private:
         waitShortly();
         stash();
     }
-    void saveScene() { controller().saveCurrentAsScene(); }
     void applyScene() { controller().applyScene(anyScene().value_or(QUuid::createUuid())); }
     void changeScene()
     {
@@ -411,20 +390,24 @@ const std::vector<Storm::Happening> Storm::happenings = {
     {"minimise or activate", false, &Storm::minimize},
     {"launch", false, &Storm::launch},
     {"quit", false, &Storm::quit},
-    {"change the permission", false, &Storm::changePermission},
-    {"blank the window list", false, &Storm::blankTheList},
+    {"change the permission", false,
+     [](Storm &storm) { storm.desktop().trusted = storm.below(4) > 0; }},
+    {"blank the window list", false,
+     [](Storm &storm) { storm.desktop().listReadable = storm.below(4) > 0; }},
     {"wait shortly", false, &Storm::waitShortly},
-    {"wait for the settle", false, &Storm::waitForTheSettle},
-    {"wait for the next learning", false, &Storm::waitForTheNextLearning},
+    {"wait for the settle", false,
+     [](Storm &storm) { storm.m_program.scheduler.advance(storm.m_settleDelay); }},
+    {"wait for the next learning", false,
+     [](Storm &storm) { storm.m_program.scheduler.advance(90s); }},
     {"sleep", false, &Storm::sleep},
     {"set the clock back", false, &Storm::setTheClockBack},
     {"wake early", false, &Storm::wakeEarly},
-    {"restore", false, &Storm::restore},
-    {"undo", false, &Storm::undo},
-    {"save", true, &Storm::save},
+    {"restore", false, [](Storm &storm) { storm.controller().restoreNow(); }},
+    {"undo", false, [](Storm &storm) { storm.controller().undoLastRestore(); }},
+    {"save", true, [](Storm &storm) { storm.controller().saveLayoutNow(); }},
     {"stash", false, &Storm::stash},
     {"stash and return", false, &Storm::stashAndReturn},
-    {"save a scene", false, &Storm::saveScene},
+    {"save a scene", false, [](Storm &storm) { storm.controller().saveCurrentAsScene(); }},
     {"apply a scene", false, &Storm::applyScene},
     {"change a scene", false, &Storm::changeScene},
     {"press a key", false, &Storm::pressKey},
