@@ -1,6 +1,6 @@
 #include "Support/TestHome.h"
 
-#include <QDirIterator>
+#include <QDir>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTest>
@@ -10,7 +10,6 @@ using namespace Panorel;
 namespace {
 
 const QString root = QStringLiteral(PANOREL_SOURCES);
-const QString macPort = root + QStringLiteral("/Sources/PanorelMac/");
 
 QString contents(const QString &path)
 {
@@ -38,41 +37,10 @@ QSet<QString> allMatches(const QString &text, const char *pattern)
     return found;
 }
 
-/// As links name it: lower case, blanks as dashes, without punctuation.
-QString anchorOf(const QString &heading)
-{
-    QString anchor = heading.toLower().replace(u' ', u'-');
-    return anchor.remove(QRegularExpression(QStringLiteral("[^\\w-]")));
-}
-
 bool mentions(const QString &text, const QString &word)
 {
     const QString pattern = QStringLiteral("\\b%1\\b").arg(QRegularExpression::escape(word));
     return text.contains(QRegularExpression(pattern));
-}
-
-/// One line of the document's table.
-struct Row {
-    QStringList operations;
-    QString caller;
-    QString testFile;
-    QString test;
-};
-
-std::vector<Row> table()
-{
-    static const QRegularExpression form(
-        QStringLiteral("^\\| (`.*`) \\| (\\S+) \\| (\\S+): (\\w+) \\|$"),
-        QRegularExpression::MultilineOption);
-    std::vector<Row> rows;
-    const QString document = contents(root + QStringLiteral("/Documentation/macOS.md"));
-    for (auto found = form.globalMatch(document); found.hasNext();) {
-        const auto row = found.next();
-        const QString operations = row.captured(1).remove(u'`');
-        rows.push_back({operations.split(QStringLiteral(", ")), row.captured(2), row.captured(3),
-                        row.captured(4)});
-    }
-    return rows;
 }
 
 } // namespace
@@ -92,27 +60,18 @@ private Q_SLOTS:
                 const QString file =
                     target.isEmpty() ? path : QFileInfo(path).dir().filePath(target);
                 QVERIFY2(QFileInfo::exists(file), qPrintable(path + QStringLiteral(": ") + link));
-                const QString anchor = link.section(u'#', 1);
-                QSet<QString> anchors;
-                for (const QString &heading : allMatches(contents(file), "^#+ (.*)$"))
-                    anchors.insert(anchorOf(heading));
-                QVERIFY2(anchor.isEmpty() || anchors.contains(anchor), qPrintable(link));
                 ++count;
             }
         }
         QVERIFY(count > 15);
     }
 
-    void everyScriptPresetAndTestProgramIsThere()
+    void everyScriptAndTestProgramIsThere()
     {
-        const QString presets = contents(root + QStringLiteral("/CMakePresets.json"));
-        const QSet<QString> known = allMatches(presets, R"-("name": "([a-z]+)")-");
         QSet<QString> scripts;
         for (const QString &path : documents()) {
             const QString text = contents(path);
             scripts += allMatches(text, R"(\b(scripts/[a-z-]+)\b(?!/))");
-            for (const QString &preset : allMatches(text, "--preset ([a-z]+)"))
-                QVERIFY2(known.contains(preset), qPrintable(path + QStringLiteral(": ") + preset));
             for (const QString &program : allMatches(text, R"(build/[a-z]+/(Tests/\S+Tests?)\b)"))
                 QVERIFY2(QFileInfo::exists(root + u'/' + program + QStringLiteral(".cpp")),
                          qPrintable(path + QStringLiteral(": ") + program));
@@ -125,34 +84,23 @@ private Q_SLOTS:
     /// The document on the macOS port says which file calls what, and which test runs it.
     void everyRowOnThePortNamesACallAndATestThatAreThere()
     {
-        const auto rows = table();
-        QVERIFY(rows.size() > 20);
-        for (const Row &row : rows) {
-            const QString caller = contents(macPort + row.caller);
-            for (const QString &operation : row.operations)
-                QVERIFY2(mentions(caller, operation), qPrintable(row.caller + u' ' + operation));
+        static const QRegularExpression form(
+            QStringLiteral("^\\| (`.*`) \\| (\\S+) \\| (\\S+): (\\w+) \\|$"),
+            QRegularExpression::MultilineOption);
+        const QString document = contents(root + QStringLiteral("/Documentation/macOS.md"));
+        int rows = 0;
+        for (auto found = form.globalMatch(document); found.hasNext(); ++rows) {
+            const auto row = found.next();
+            const QString caller =
+                contents(root + QStringLiteral("/Sources/PanorelMac/") + row.captured(2));
+            for (const QString &operation : allMatches(row.captured(1), "`([^`]+)`"))
+                QVERIFY2(mentions(caller, operation), qPrintable(row.captured()));
             const QString tests =
-                contents(root + QStringLiteral("/Tests/MacDoubles/") + row.testFile);
-            QVERIFY2(tests.contains(QStringLiteral("void %1()").arg(row.test)),
-                     qPrintable(row.testFile + u' ' + row.test));
+                contents(root + QStringLiteral("/Tests/MacDoubles/") + row.captured(3));
+            QVERIFY2(tests.contains(QStringLiteral("void %1()").arg(row.captured(4))),
+                     qPrintable(row.captured()));
         }
-    }
-
-    void everyCallOfACInterfaceHasItsRow()
-    {
-        QSet<QString> named;
-        for (const Row &row : table())
-            named.unite({row.operations.begin(), row.operations.end()});
-        QSet<QString> called;
-        QDirIterator files(macPort, {QStringLiteral("*.cpp")}, QDir::Files,
-                           QDirIterator::Subdirectories);
-        while (files.hasNext())
-            called +=
-                allMatches(contents(files.next()),
-                           "\\b((?:AX|CG|CFPreferences|dispatch_)\\w+|\\w+Event(?:HotKey|Handler|"
-                           "Parameter|DispatcherTarget))(?=\\()");
-        QVERIFY(called.contains(QStringLiteral("RegisterEventHotKey")));
-        QCOMPARE(QStringList((called - named).values()), QStringList());
+        QVERIFY(rows > 20);
     }
 };
 

@@ -1,11 +1,9 @@
-#include "Panorel/Bus/Present/BusService.h"
 #include "Panorel/Commands/CommandLine.h"
 #include "Panorel/Commands/Verbs.h"
 #include "PanorelCore/Stores/SceneStore.h"
 #include "Support/TestDataDir.h"
 #include "Support/TestHome.h"
 
-#include <QMetaMethod>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
@@ -40,9 +38,9 @@ QStringList sorted(QStringList list)
     return list;
 }
 
-template <typename Parsed> bool isUnderstood(const QStringList &arguments)
+bool isRun(const QStringList &arguments)
 {
-    return std::holds_alternative<Parsed>(CommandLine::parse(arguments));
+    return std::holds_alternative<CommandLine::RunCommand>(CommandLine::parse(arguments));
 }
 
 QStringList verbNames()
@@ -56,15 +54,12 @@ QStringList verbNames()
 /// Those of the help that the verb takes.
 QStringList optionsOf(const Verb &verb)
 {
-    const auto isTaken = [&](const QString &option) {
+    QStringList options;
+    for (const QString &option : captured(CommandLine::help(), "(--[a-z-]+)")) {
         QStringList words{QLatin1String(verb.name), option};
         if (*verb.argument)
             words << QStringLiteral("x");
-        return isUnderstood<CommandLine::RunCommand>(words);
-    };
-    QStringList options;
-    for (const QString &option : captured(CommandLine::help(), "(--[a-z-]+)")) {
-        if (isTaken(option))
+        if (isRun(words))
             options << option;
     }
     return sorted(options);
@@ -152,11 +147,8 @@ private Q_SLOTS:
             lines << QStringLiteral("panorel %1 -").arg(QLatin1String(verb.name));
             expected << optionsOf(verb);
         }
-        for (const char *verb : {"export", "import"}) { // and nothing behind a file
-            lines << QStringLiteral("panorel %1 ba").arg(QLatin1String(verb))
-                  << QStringLiteral("panorel %1 x ba").arg(QLatin1String(verb));
-            expected << QStringList{QStringLiteral("backup.json")} << QStringList{};
-        }
+        lines << QStringLiteral("panorel import ba") << QStringLiteral("panorel import x ba");
+        expected << QStringList{QStringLiteral("backup.json")} << QStringList{}; // only one
         for (const QString &shell : shells) {
             const auto offered = offers(shell, lines);
             for (qsizetype i = 0; i < lines.size(); ++i) {
@@ -169,23 +161,16 @@ private Q_SLOTS:
 
     void everyShellOffersTheScenes()
     {
-        const QString apply = QStringLiteral("panorel apply ");
-        const QString id = QStringLiteral("6F1C1D3A-3C11-4C0E-9B7B-0D5C3A7F2E10");
         TestDataDir data;
-        for (const QString &shell : shells)
-            QCOMPARE(offers(shell, {apply}).front(), QStringList());
         SceneRecord scene;
-        scene.id = QUuid(id);
+        scene.id = QUuid::createUuid();
         scene.name = QStringLiteral("Größe \"x\" $HOME");
         SceneStore(data.log, data.clock).add(scene);
         for (const QString &shell : shells) {
-            const auto offered =
-                offers(shell, {apply, apply + QStringLiteral("6F1C"), apply + QStringLiteral("x "),
-                               QStringLiteral("panorel --json apply ")});
+            const auto offered = offers(
+                shell, {QStringLiteral("panorel apply "), QStringLiteral("panorel apply x ")});
             QVERIFY2(offered[0].contains(scene.name), qPrintable(offered[0].join(u'|')));
-            QCOMPARE(offered[1], QStringList{id});
-            QVERIFY(!offered[2].contains(scene.name) && !offered[2].contains(id));
-            QVERIFY(offered[3].contains(scene.name));
+            QVERIFY2(!offered[1].contains(scene.name), qPrintable(shell));
         }
     }
 
@@ -210,69 +195,13 @@ private Q_SLOTS:
         QCOMPARE(sorted(described), sorted(verbNames()));
     }
 
-    void theManualHasEveryOptionAndExitStatus()
-    {
-        QStringList all = generalOptions;
-        for (const Verb &verb : verbs)
-            all += optionsOf(verb);
-        QCOMPARE(sorted(captured(manualSection("OPTIONS"), "^\\.BR? .*?(--[a-z-]+)$")
-                        + captured(manualSection("OPTIONS"), "^\\.BR (-[a-z]) ")),
-                 sorted(all));
-        for (const QString &option : generalOptions)
-            QVERIFY(isUnderstood<CommandLine::ShowHelp>({option})
-                    || isUnderstood<CommandLine::ShowVersion>({option}));
-        QStringList numbers;
-        for (int status = 0; status <= int(ExitStatus::NoAnswer); ++status)
-            numbers << QString::number(status);
-        QCOMPARE(captured(manualSection("EXIT STATUS"), "^\\.B ([0-9]+)$"), numbers);
-        QCOMPARE(captured(CommandLine::help().section(QStringLiteral("Exit status:"), 1),
-                          "\\b([0-9]) [a-zP]"),
-                 numbers);
-    }
-
-    void theManualHasEveryMethodOfTheBus()
-    {
-        QStringList methods;
-        const QMetaObject &adaptor = CommandsAdaptor::staticMetaObject;
-        for (int i = adaptor.methodOffset(); i < adaptor.methodCount(); ++i) {
-            QStringList parameters;
-            for (const QByteArray &name : adaptor.method(i).parameterNames())
-                parameters << QString::fromUtf8(name);
-            methods << QString::fromUtf8(adaptor.method(i).name()) + u'('
-                           + parameters.join(QStringLiteral(", ")) + u')';
-        }
-        QString section = manualSection("D-BUS");
-        section.remove(QRegularExpression(QStringLiteral("\"[sb] |(?<=, )[sb] |\""))).remove(u' ');
-        QStringList described = captured(section, "^\\.BI?([A-Z][a-z]+\\(.*\\))$");
-        described.replaceInStrings(QStringLiteral(","), QStringLiteral(", "));
-        QCOMPARE(sorted(described), sorted(methods));
-    }
-
-    void theManualIsWellFormed()
-    {
-        QProcess groff;
-        groff.setProcessChannelMode(QProcess::MergedChannels);
-        groff.start(QStringLiteral("groff"),
-                    {QStringLiteral("-man"), QStringLiteral("-ww"), QStringLiteral("-Tutf8"),
-                     QStringLiteral("-z"), QStringLiteral(PANOREL_MANUAL)});
-        QVERIFY(groff.waitForFinished());
-        QCOMPARE(groff.readAll(), QByteArray());
-        QVERIFY(!readFile(QStringLiteral(PANOREL_MANUAL)).contains('@'));
-    }
-
     void theDesktopFileOffersActionsThatAreVerbs()
     {
         const QString path = linuxFiles + QStringLiteral("org.panorel.Panorel.desktop");
-        const QString entry = text(path);
-        const QStringList actions =
-            captured(entry, "^Actions=(.*);$").value(0).split(u';', Qt::SkipEmptyParts);
-        QCOMPARE(captured(entry, "^\\[Desktop Action (.*)\\]$"), actions);
-        QCOMPARE(captured(entry, "^Exec=panorel (.+)$"), actions);
+        const QStringList actions = captured(text(path), "^Exec=panorel (.+)$");
+        QCOMPARE(captured(text(path), "^\\[Desktop Action (.*)\\]$"), actions);
         for (const QString &action : actions)
-            QVERIFY2(isUnderstood<CommandLine::RunCommand>({action}), qPrintable(action));
-        QCOMPARE(captured(manualSection("D-BUS").section(QStringLiteral("the actions are"), 1),
-                          "^\\.BR? ([a-z]+)"),
-                 actions);
+            QVERIFY2(isRun({action}), qPrintable(action));
         outputOf(QStringLiteral("desktop-file-validate"), {path});
     }
 
