@@ -33,18 +33,40 @@ public:
     }
 
     /// Moves the clock, stopping at every task that comes due on the way.
-    void advance(std::chrono::milliseconds by);
+    void advance(std::chrono::milliseconds by)
+    {
+        const Instant end = m_clock.now() + by;
+        for (;;) {
+            const auto next = std::ranges::min_element(m_tasks, {}, &Task::due);
+            if (next == m_tasks.end() || (*next)->due > end)
+                break;
+            Task &task = **next;
+            m_clock.set(std::max(m_clock.now(), task.due)); // late, where the test moved the clock
+            run(task);
+        }
+        m_clock.set(end);
+    }
 
     /// Runs what comes next, at the time it is.
     void runNextEarly() { run(**std::ranges::min_element(m_tasks, {}, &Task::due)); }
 
     /// When each task will run, in the order made.
-    std::vector<Instant> due() const;
+    std::vector<Instant> due() const
+    {
+        std::vector<Instant> moments;
+        std::ranges::transform(m_tasks, std::back_inserter(moments), &Task::due);
+        return moments;
+    }
 
 private:
     struct Task final : ScheduledTask {
         Task(FakeScheduler &scheduler, std::chrono::milliseconds delay,
-             std::chrono::milliseconds every, std::function<void()> what);
+             std::chrono::milliseconds every, std::function<void()> what)
+            : due(scheduler.m_clock.now() + delay), interval(every), action(std::move(what)),
+              m_scheduler(scheduler)
+        {
+            scheduler.m_tasks.push_back(this);
+        }
         ~Task() override { m_scheduler.m_tasks.remove(this); }
 
         Instant due;
@@ -55,7 +77,12 @@ private:
         FakeScheduler &m_scheduler;
     };
 
-    static void run(Task &task);
+    static void run(Task &task)
+    {
+        const auto action = task.action; // may destroy its own task
+        task.due = task.interval.count() > 0 ? task.due + task.interval : Instant::max();
+        action();
+    }
 
     FakeClock &m_clock;
     std::list<Task *> m_tasks; ///< in the order made

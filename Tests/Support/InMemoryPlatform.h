@@ -1,11 +1,14 @@
 #pragma once
 
+#include "PanorelCore/Matching/CoordSpace.h"
 #include "PanorelPorts/Platform.h"
 #include "Support/InMemoryDesktop.h"
 
 #include <QVariant>
 
+#include <algorithm>
 #include <map>
+#include <ranges>
 #include <set>
 
 namespace Panorel {
@@ -19,8 +22,22 @@ public:
 
     /// A display of the given frame in the top-left space, told apart by its serial number. The
     /// first one is the primary.
-    void plug(const QString &name, const Rect &frame, std::uint32_t serial);
-    void unplug(const QString &name);
+    void plug(const QString &name, const Rect &frame, std::uint32_t serial)
+    {
+        const double primaryHeight =
+            displays.empty() ? frame.height : displays.front().screen.frame.height;
+        constexpr double menuBar = 25;
+        const Rect visible{frame.x, frame.y + menuBar, frame.width, frame.height - menuBar};
+        displays.push_back(
+            {{m_nextNumber++, CoordSpace::flip(frame, primaryHeight),
+              CoordSpace::flip(visible, primaryHeight), name},
+             {name + QStringLiteral("-uuid"), 0x610, 0xA050, serial, displays.empty()}});
+    }
+    void unplug(const QString &name)
+    {
+        std::erase_if(displays,
+                      [&](const Display &each) { return each.screen.localizedName == name; });
+    }
     void announceChange()
     {
         if (m_changed)
@@ -30,9 +47,22 @@ public:
     std::vector<Display> displays;
     int callbacksSet = 0;
 
-    std::vector<Screen> screens() override;
-    DisplayIdentity identity(DisplayNumber display) override;
-    void setChangeCallback(std::function<void()> changed) override;
+    std::vector<Screen> screens() override
+    {
+        const auto all = std::views::transform(displays, &Display::screen);
+        return {all.begin(), all.end()};
+    }
+    DisplayIdentity identity(DisplayNumber number) override
+    {
+        const auto found = std::ranges::find(
+            displays, number, [](const Display &each) { return each.screen.displayNumber; });
+        return found == displays.end() ? DisplayIdentity() : found->identity;
+    }
+    void setChangeCallback(std::function<void()> changed) override
+    {
+        m_changed = std::move(changed);
+        ++callbacksSet;
+    }
 
 private:
     std::function<void()> m_changed;
@@ -76,7 +106,13 @@ public:
     static constexpr quint32 lastKeyCode = 127;
 
     /// The user presses the keys.
-    void press(const HotKeyCombo &combo);
+    void press(const HotKeyCombo &combo)
+    {
+        const auto found = std::ranges::find_if(
+            registered, [&](const auto &entry) { return entry.second == combo; });
+        if (found != registered.end())
+            deliver(found->first);
+    }
     /// The platform delivers a press, possibly late.
     void deliver(HotKeyNumber number)
     {
@@ -89,7 +125,13 @@ public:
         m_pressed = std::move(pressed);
     }
     std::unique_ptr<HotKeyRegistration> registerHotKey(const HotKeyCombo &combo,
-                                                       HotKeyNumber number) override;
+                                                       HotKeyNumber number) override
+    {
+        if (combo.keyCode > lastKeyCode || std::ranges::find(refused, combo) != refused.end())
+            return nullptr;
+        registered[number] = combo;
+        return std::make_unique<Registration>(*this, number);
+    }
     /// A key's scan code is its code and 8, as X counts them.
     std::optional<quint32> keyCodeOf(quint32 nativeScanCode, quint32) const override
     {
@@ -100,6 +142,14 @@ public:
     QString text(const HotKeyCombo &combo) const override { return combo.pcString(); }
 
 private:
+    struct Registration final : HotKeyRegistration {
+        Registration(InMemoryHotKeys &all, HotKeyNumber held) : keys(all), number(held) {}
+        ~Registration() override { keys.registered.erase(number); }
+
+        InMemoryHotKeys &keys;
+        HotKeyNumber number;
+    };
+
     std::function<void(HotKeyNumber)> m_pressed;
 };
 
@@ -111,7 +161,11 @@ public:
     int queries = 0;
     bool isSlow = false; ///< then a query, or a request for access, waits for answer()
 
-    void answer();
+    void answer()
+    {
+        for (const auto &completion : std::exchange(m_waiting, {}))
+            completion();
+    }
 
     CalendarAuthorization authorization() override { return status; }
     void requestAccess(std::function<void(bool granted)> completion) override
@@ -119,10 +173,23 @@ public:
         reply([=, this] { completion(status == CalendarAuthorization::FullAccess); });
     }
     void events(Instant from, Instant to,
-                std::function<void(const Events &events)> completion) override;
+                std::function<void(const Events &events)> completion) override
+    {
+        ++queries;
+        Events found;
+        std::ranges::copy_if(all, std::back_inserter(found), [&](const CalendarEvent &event) {
+            return !event.start || (*event.start >= from && *event.start < to);
+        });
+        reply([=] { completion(found); });
+    }
 
 private:
-    void reply(const std::function<void()> &completion);
+    void reply(const std::function<void()> &completion)
+    {
+        m_waiting.push_back(completion);
+        if (!isSlow)
+            answer();
+    }
 
     std::vector<std::function<void()>> m_waiting;
 };
@@ -204,7 +271,11 @@ private:
     }
     void open(const QString &location) override { opened << location.mid(6); }
     void setDesktopPicture(const QString &path) override { pictures << path; }
-    std::optional<PreferenceValue> value(const QString &domain, const QString &key) override;
+    std::optional<PreferenceValue> value(const QString &domain, const QString &key) override
+    {
+        const auto found = preferences.find(domain + u' ' + key);
+        return found == preferences.end() ? std::nullopt : std::optional(found->second);
+    }
     void openDesktopSettings() override { ++desktopSettingsOpened; }
     bool hasDock() const override { return true; }
     void setActivationPolicy(ActivationPolicy asked) override { policy = asked; }
