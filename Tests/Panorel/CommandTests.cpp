@@ -79,7 +79,6 @@ private Q_SLOTS:
         QVERIFY(!apply.request.dryRun);
         QCOMPARE(apply.request.arguments, std::vector{word("--dry-run")});
         const std::pair<const char *, const char *> mistakes[] = {
-            {"dance", "“dance” is no verb of Panorel; see panorel --help"},
             {"--dance", "there is no option --dance; see panorel --help"},
             {"undo --dry-run", "“undo” has no option --dry-run; see panorel --help"},
             {"apply", "“apply” needs NAME|ID; see panorel --help"},

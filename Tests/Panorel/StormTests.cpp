@@ -101,10 +101,15 @@ private:
         return hidden;
     }
 
+    /// Without their time stamps.
     QStringList newLogLines()
     {
-        const QStringList lines = m_program.dir.logged();
-        return lines.mid(std::exchange(m_logRead, lines.size()));
+        m_program.dir.log.flush();
+        const QByteArray log = m_program.dir.read(QStringLiteral("app.log"));
+        QStringList lines;
+        for (const QByteArray &line : log.mid(std::exchange(m_logRead, log.size())).split('\n'))
+            lines << QString::fromUtf8(line.mid(line.indexOf(' ') + 1));
+        return lines;
     }
 
     QString readLog(bool mayBeUsersWish = true)

@@ -48,7 +48,6 @@ private Q_SLOTS:
             {QLocale(QStringLiteral("de_AT")).uiLanguages(), true},
             {{QStringLiteral("br"), QStringLiteral("de")}, true}, // none of that, then German
             {{QStringLiteral("en-GB"), QStringLiteral("de")}, false},
-            {{QStringLiteral("C"), QStringLiteral("de")}, false},
             {{QString(), QStringLiteral("../de"), QStringLiteral("d")}, false}}; // no languages
         for (const auto &[languages, isGerman] : rows) {
             installTranslations(*qApp, languages);
