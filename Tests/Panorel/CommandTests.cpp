@@ -134,7 +134,7 @@ private Q_SLOTS:
         const QStringList before = program.traces();
         const QString plan = program.text("restore", {}, true);
         for (const char *line : {
-                 "Mail    “Inbox”  900,200 500x400 -> 2000,200 500x400  by order, now “a?[2J?b?c”",
+                 "Mail    “Inbox”  900,200 500x400 -> 2000,200 500x400  by size, now “a?[2J?b?c”",
                  "Editor  “Notes”  is at 100,100 400x300                by prefix, now “Notes and "
                  "more”",
                  "Editor  “Draft”  is at 300,300 400x300                by order",
