@@ -3,7 +3,6 @@
 #include "Support/TestHome.h"
 
 #include <QDateTime>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QTest>
 
@@ -59,9 +58,7 @@ const QByteArray officeZone = "BEGIN:VTIMEZONE\nTZID:Office\n"
 /// Some folders of calendars and what is read from them.
 class Folders {
 public:
-    Folders() { places.folders = {root.filePath(QStringLiteral("calendars"))}; }
-
-    QString path(const QString &name) const { return places.folders.front() + u'/' + name; }
+    QString path(const QString &name) const { return root.filePath(u"calendars/"_qs + name); }
     void write(const QString &name, const QByteArray &text) const { writeFile(path(name), text); }
     CalendarPort::Events read(Instant begin = from, Instant end = to)
     {
@@ -71,10 +68,10 @@ public:
             qFatal("the calendar did not answer");
         return *answer;
     }
-    QStringList summary(Instant begin = from, Instant end = to)
+    QStringList summary()
     {
         QStringList lines;
-        for (const CalendarEvent &event : read(begin, end))
+        for (const CalendarEvent &event : read())
             lines << described(event);
         lines.sort();
         return lines;
@@ -82,16 +79,8 @@ public:
 
     TestDataDir data;
     QTemporaryDir root;
-    CalendarPlaces places;
     DesktopCalendar port{data.log, data.clock, CalendarPlaces{{root.filePath(u"calendars"_qs)}, {}},
                          1min};
-};
-
-struct Row {
-    const char *name;
-    QByteArray body;
-    /// Identifiers and starts, in order, separated by ", ".
-    const char *expected = "a 0513T093000";
 };
 
 } // namespace
@@ -111,30 +100,18 @@ private Q_SLOTS:
         folders.write(u"work/team/one.ics"_qs,
                       calendar("BEGIN:VEVENT\nUID:b@c\nDTSTART:20240513T093000Z\n"
                                "SUMMARY:Stand-up\\, daily\nLOCATION:Room \xFF 5\n"
-                               "DESCRIPTION:Join\\nhttps://zoom.us/\n j/1\nURL:https://e.org/x\n"
-                               "CONFERENCE;VALUE=URI:https://meet.google.com/x\nEND:VEVENT\n"));
+                               "DESCRIPTION:Join\\nhttps://zoom.us/\n j/1\n"
+                               "X-GOOGLE-CONFERENCE:https://e.org/a,b;c?d=1\nEND:VEVENT\n"));
         const auto events = folders.read();
         QCOMPARE(events.size(), 1U);
         const CalendarEvent expected{u"b@c"_qs,
                                      u"Stand-up, daily"_qs,
                                      u"Room \uFFFD 5"_qs,
                                      u"Join\nhttps://zoom.us/j/1"_qs,
-                                     u"https://e.org/x"_qs,
+                                     u"https://e.org/a,b;c?d=1"_qs,
                                      instant("2024-05-13T09:30:00Z")};
         QVERIFY(events.front() == expected);
         QCOMPARE(folders.data.logged(), {});
-    }
-
-    void aLinkThatTheCalendarProgramAddsCountsAsItsAddress()
-    {
-        const QByteArray link = "https://teams.microsoft.com/l/a,b;c?d=1";
-        for (const char *property :
-             {"CONFERENCE;VALUE=URI", "X-GOOGLE-CONFERENCE", "X-MICROSOFT-SKYPETEAMSMEETINGURL"}) {
-            Folders folders;
-            folders.write(u"a.ics"_qs, calendar(vevent("DTSTART:20240513T093000Z "
-                                                       + QByteArray(property) + ':' + link)));
-            QCOMPARE(folders.read().front().url, QString::fromLatin1(link));
-        }
     }
 
     void aChangedFileIsReadAgain()
@@ -157,20 +134,14 @@ private Q_SLOTS:
     void calendarsAreThereWhenAFolderHoldsOne()
     {
         Folders folders;
-        const auto status = [&] {
+        const auto isThere = [&] {
             folders.data.clock.advance(1min);
-            bool granted = false;
-            folders.port.requestAccess([&](bool answer) { granted = answer; });
-            const auto authorization = folders.port.authorization();
-            return granted == (authorization == CalendarAuthorization::FullAccess) && granted;
+            return folders.port.authorization() == CalendarAuthorization::FullAccess;
         };
-        QVERIFY(!status());
         folders.write(u"readme.txt"_qs, "x");
-        QVERIFY(!status());
+        QVERIFY(!isThere());
         folders.write(u"work/a.ICS"_qs, "x");
-        QTRY_VERIFY(status());
-        QVERIFY(QFile::remove(folders.path(u"work/a.ICS"_qs)));
-        QTRY_VERIFY(!status());
+        QTRY_VERIFY(isThere());
     }
 
     void aFileThatCannotBeReadIsReportedOnce();
@@ -210,105 +181,39 @@ private Q_SLOTS:
         QCOMPARE(logged, QStringList({u"calendar: “Count” repeats too often to be followed"_qs,
                                       u"calendar: “Tick” repeats too often to be followed"_qs}));
     }
-
-    void aQueryMayEndWithTheCalendar()
-    {
-        TestDataDir data;
-        auto port = std::make_unique<DesktopCalendar>(data.log, data.clock, CalendarPlaces{});
-        int answers = 0;
-        const auto ask = [&](auto completion) { port->events(from, to, completion); };
-        ask([&](const auto &) {
-            ++answers;
-            port.reset();
-        });
-        ask([&](const auto &) { ++answers; });
-        QTRY_COMPARE(answers, 1);
-        QCoreApplication::processEvents();
-        QVERIFY(!port && answers == 1);
-    }
-
-    void aThreadThatHangsIsLeftBehind()
-    {
-        struct Gates {
-            std::promise<void> begun;
-            std::promise<void> released;
-            std::promise<void> ended;
-        };
-        const auto gates = std::make_shared<Gates>();
-        bool lastRan = false;
-        {
-            BackgroundThread thread;
-            thread.run([gates] {
-                gates->begun.set_value();
-                gates->released.get_future().wait();
-                gates->ended.set_value();
-            });
-            gates->begun.get_future().wait();
-            thread.end([] {}, 50ms);
-        }
-        gates->released.set_value();
-        QCOMPARE(gates->ended.get_future().wait_for(20s), std::future_status::ready);
-        BackgroundThread other;
-        other.run([] {});
-        other.end([&] { lastRan = true; }, 20s);
-        QVERIFY(lastRan);
-    }
 };
 
 void CalendarTests::theEventsOfTheHourAreFound()
 {
     const QByteArray everyDay = "DTSTART:20240501T093000Z RRULE:FREQ=DAILY";
-    const Row rows[] = {
+    const struct {
+        const char *name;
+        QByteArray body;
+        const char *expected = "a 0513T093000"; ///< identifiers and starts
+    } rows[] = {
         {"UTC", vevent("DTSTART:20240513T090000Z"), "a 0513T090000"},
         {"the user's clock", vevent("DTSTART:20240513T113000")},
         {"a known zone", vevent("DTSTART;TZID=America/New_York:20240513T053000")},
-        {"a zone by a path", vevent("DTSTART;TZID=/e.org/Tz/Asia/Tokyo:20240513T183000")},
         {"a zone by its name in Windows",
          vevent("DTSTART;TZID=Tokyo_Standard_Time:20240513T183000").replace('_', ' ')},
-        {"a zone that is no name", vevent("DTSTART;TZID=../../etc/passwd:20240513T113000")},
         {"a zone of the calendar's own, in summer",
          officeZone + vevent("DTSTART;TZID=Office:20240513T113000")},
         {"the same, from winter on",
          officeZone + vevent("DTSTART;TZID=Office:20240101T113000 RRULE:FREQ=WEEKLY"),
          "a/20240513T093000Z 0513T093000"},
-        {"a known zone, from winter on",
-         vevent("DTSTART;TZID=Europe/Berlin:20240101T113000 RRULE:FREQ=WEEKLY"),
-         "a/20240513T093000Z 0513T093000"},
         {"a day", vevent("DTSTART;VALUE=DATE:20240513"), "a 0512T220000"},
-        {"a day every day", vevent("DTSTART;VALUE=DATE:20240501 RRULE:FREQ=DAILY"),
-         "a/20240513 0512T220000"},
-        {"yesterday", vevent("DTSTART;VALUE=DATE:20240512"), ""},
-        {"going on by its end", vevent("DTSTART:20240513T083000Z DTEND:20240513T090100Z"),
-         "a 0513T083000"},
         {"going on by its length", vevent("DTSTART:20240511T083000Z DURATION:P3D"),
          "a 0511T083000"},
         {"just ended", vevent("DTSTART:20240513T083000Z DTEND:20240513T090000Z"), ""},
-        {"just after", vevent("DTSTART:20240513T100000Z"), ""},
-        {"last moment", vevent("DTSTART:20240513T095959Z"), "a 0513T095959"},
         {"cancelled", vevent("DTSTART:20240513T093000Z STATUS:CANCELLED"), ""},
-        {"cancelled later on",
-         vevent("DTSTART:20240513T093000Z SEQUENCE:1 STATUS:CANCELLED")
-             + vevent("DTSTART:20240513T093000Z"),
-         ""},
         {"moved later on",
          vevent("DTSTART:20240513T093000Z") + vevent("DTSTART:20240513T094000Z SEQUENCE:1"),
          "a 0513T094000"},
-        {"without identity", vevent("DTSTART:20240513T093000Z SUMMARY:x").replace("UID:a\n", ""),
-         "@20240513T093000Z 0513T093000"},
-        {"one day removed", vevent(everyDay + " EXDATE:20240512T093000Z,20240513T093000Z"), ""},
         {"one day removed, in another zone",
          vevent(everyDay + " EXDATE;TZID=Asia/Tokyo:20240513T183000"), ""},
-        {"a whole day removed", vevent(everyDay + " EXDATE;VALUE=DATE:20240513"), ""},
         {"one time added",
          vevent("DTSTART:20240501T093000Z RDATE:20240513T094500Z,20240520T093000Z"),
          "a/20240513T094500Z 0513T094500"},
-        {"a period added",
-         vevent("DTSTART:20240501T093000Z RDATE;VALUE=PERIOD:20240513T094500Z/PT1H"),
-         "a/20240513T094500Z 0513T094500"},
-        {"an occurrence moved within the hour",
-         vevent("DTSTART;TZID=Europe/Berlin:20240501T113000 RRULE:FREQ=DAILY")
-             + vevent("RECURRENCE-ID:20240513T093000Z DTSTART:20240513T095000Z"),
-         "a/20240513T093000Z 0513T095000"},
         {"an occurrence moved away",
          vevent("RECURRENCE-ID:20240513T093000Z DTSTART:20240514T093000Z") + vevent(everyDay), ""},
         {"an occurrence moved here",
@@ -326,10 +231,8 @@ void CalendarTests::theEventsOfTheHourAreFound()
          "BEGIN:VEVENT\nUID:broken\nBEGIN:VALARM\n" + vevent("DTSTART:20240513T093000Z")},
         {"a line of megabytes is left out",
          vevent("ATTACH:" + QByteArray(30 << 20, 'x') + " DTSTART:20240513T093000Z")},
-        {"an event without a start does not either",
-         vevent("SUMMARY:x").replace("UID:a", "UID:broken") + vevent("DTSTART:20240513T093000Z")},
     };
-    for (const Row &row : rows) {
+    for (const auto &row : rows) {
         Folders folders;
         folders.write(u"a.ics"_qs, calendar(row.body));
         const QString name = QLatin1String(row.name) + u": "_qs;
@@ -343,9 +246,7 @@ void CalendarTests::repeatingEventsOccurWhenTheirRuleSays()
     const std::tuple<const char *, const char *, const char *> rows[] = {
         {"20240513T093000Z", "FREQ=DAILY;COUNT=3", "0513 0514 0515"},
         {"19700101T093000Z", "FREQ=DAILY;INTERVAL=100", "0626 1004 0112 0422"},
-        {"20240513T093000Z", "FREQ=DAILY;UNTIL=20240515T093000Z", "0513 0514 0515"},
         {"20240513T093000Z", "FREQ=DAILY;UNTIL=20240515T092959Z", "0513 0514"},
-        {"20240513T093000Z", "FREQ=DAILY;UNTIL=20240514", "0513 0514"},
         {"20240513T093000Z", "FREQ=DAILY;INTERVAL=2;COUNT=3;BYDAY=MO,TU,WE,TH,FR",
          "0513 0515 0517"},
         {"20240514T093000Z", "FREQ=WEEKLY;INTERVAL=2;COUNT=4;BYDAY=TU,SU;WKST=MO",
@@ -353,23 +254,14 @@ void CalendarTests::repeatingEventsOccurWhenTheirRuleSays()
         {"20240514T093000Z", "FREQ=WEEKLY;INTERVAL=2;COUNT=4;BYDAY=TU,SU;WKST=SU",
          "0514 0526 0528 0609"},
         {"20240531T093000Z", "FREQ=MONTHLY;COUNT=3", "0531 0731 0831"},
-        {"20240513T093000Z", "FREQ=MONTHLY;COUNT=3;BYDAY=2MO", "0513 0610 0708"},
         {"20240531T093000Z", "FREQ=MONTHLY;COUNT=3;BYDAY=-1FR", "0531 0628 0726"},
         {"20240531T093000Z", "FREQ=MONTHLY;COUNT=3;BYMONTHDAY=-1", "0531 0630 0731"},
         {"20240531T093000Z", "FREQ=MONTHLY;COUNT=3;BYDAY=MO,TU,WE,TH,FR;BYSETPOS=-1",
          "0531 0628 0731"},
-        {"20240913T093000Z", "FREQ=MONTHLY;COUNT=2;BYDAY=FR;BYMONTHDAY=13", "0913 1213"},
-        {"20240513T093000Z", "FREQ=YEARLY;COUNT=2", "0513 0513"},
         {"20200229T093000Z", "FREQ=YEARLY", ""},
         {"20240520T093000Z", "FREQ=YEARLY;BYDAY=20MO", "0520 0519"},
-        {"20240513T093000Z", "FREQ=YEARLY;BYWEEKNO=20", "0513 0512"},
         {"20230101T093000Z", "FREQ=YEARLY;BYYEARDAY=-1,200", "0718 1231"},
-        {"20230507T093000Z", "FREQ=YEARLY;BYMONTH=5;BYDAY=1SU", "0505 0504"},
-        {"20240513T093000Z", "FREQ=MONTHLY;BYMONTHDAY=31;BYMONTH=2", "0513"},
-        {"20240513T093000Z", "FREQ=YEARLY;INTERVAL=4;BYWEEKNO=19,40,-25;COUNT=3", "0513 0708 0930"},
-        {"20240513T093000Z", "FREQ=MONTHLY;BYDAY=3WE,3FR,3SA;BYMONTHDAY=-22,-1,30;COUNT=1", "0513"},
         {"20240513T093000Z", "FREQ=SECONDLY;BYMONTH=2;BYMONTHDAY=30", "0513"},
-        {"20240513T093000Z", "FREQ=NEVER", "0513"},
     };
     for (const auto &[start, rule, expected] : rows) {
         Folders folders;

@@ -47,14 +47,6 @@ class HotKeyTableTests : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aPressedKeyIsNamedByItsPosition()
-    {
-        const Keyboard keys = keyboard(39, 40);
-        QCOMPARE(keys.keyCodeOf(40), altD.keyCode);
-        QVERIFY(!keys.keyCodeOf(41));
-        QVERIFY(!keys.keyCodeOf(39 + 256)); // beyond X's keycodes
-    }
-
     void locksMakeNoDifferenceToAGrab()
     {
         const std::pair<KeyGrab, QList<int>> rows[] = {
@@ -120,19 +112,6 @@ private Q_SLOTS:
         server.refused.clear();
         server.table.setKeyboard(keyboard(50, 40));
         QCOMPARE(server.table.pressed(50, alt), 1u);
-    }
-
-    void twoModifiersOnOneKeyAreOneCombination()
-    {
-        Server server;
-        Keyboard board = keyboard(39, 40);
-        board.command = board.option;
-        server.table.setKeyboard(board);
-        QVERIFY(server.table.add(1, superS));
-        QVERIFY(server.table.add(2, altS));
-        QCOMPARE(server.grabbed.size(), 1u);
-        server.table.remove(1);
-        QCOMPARE(server.table.pressed(39, alt), 2u);
     }
 };
 

@@ -13,8 +13,6 @@ using namespace std::chrono_literals;
 namespace {
 
 bool clockIsSet = false;
-bool isRefused = false;
-int timersAsked = 0;
 
 } // namespace
 
@@ -26,13 +24,6 @@ extern "C" int timerfd_settime(int file, int flags, const itimerspec *when, itim
     const bool isCancelled = clockIsSet && (flags & TFD_TIMER_CANCEL_ON_SET);
     return int(syscall(SYS_timerfd_settime, file, isCancelled ? 0 : flags,
                        isCancelled ? &now : when, before));
-}
-
-extern "C" int timerfd_create(int clock, int flags)
-{
-    ++timersAsked;
-    errno = EMFILE;
-    return isRefused ? -1 : int(syscall(SYS_timerfd_create, clock, flags));
 }
 
 class WallClockAlarmTests : public QObject {
@@ -80,21 +71,6 @@ private Q_SLOTS:
         const auto task = m_alarm.runAt(SystemClock().now() + 24h, [&] { came = true; });
         QTRY_VERIFY(came);
         clockIsSet = false;
-    }
-
-    void anAlarmThatTheSystemRefusesIsAskedForAgain()
-    {
-        isRefused = true;
-        bool came = false;
-        const auto task = m_alarm.runAt(Instant(), [&] { came = true; });
-        auto given = m_alarm.runAt(Instant(), [&] { qFatal("nobody waits for it any more"); });
-        given.reset();
-        timersAsked = 0;
-        QTRY_VERIFY(timersAsked >= 3);
-        QVERIFY(!came);
-        isRefused = false;
-        QTRY_VERIFY(came);
-        QCOMPARE(m_dir.logged().size(), 2); // once for each
     }
 
 private:

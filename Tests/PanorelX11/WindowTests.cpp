@@ -1,5 +1,6 @@
 #include "PanorelX11/Windows/FrameGeometry.h"
 #include "PanorelX11/Windows/SizeHints.h"
+#include "PanorelX11/Windows/WindowTitle.h"
 
 #include <QObject>
 #include <QTest>
@@ -10,9 +11,9 @@
 using namespace Panorel;
 using namespace Panorel::X11;
 
-/// The arithmetic between what the user sees, what the protocol speaks of, and what a client is
-/// able to be.
-class FrameGeometryTests : public QObject {
+/// What the numbers and bytes that a client and the window manager set say of a window, and the
+/// arithmetic between what the user sees and what the protocol speaks of.
+class WindowTests : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -25,15 +26,7 @@ private Q_SLOTS:
         const FrameGeometry selfDecorated{{74, 177, 552, 452}, {}, Extents{26, 26, 23, 29}};
         QVERIFY(selfDecorated.visibleFrame() == (PixelRect{100, 200, 500, 400}));
         QVERIFY(selfDecorated.clientFor({100, 200, 500, 400}) == selfDecorated.client);
-
-        QVERIFY(decorated.clientFor({0, 0, 3, 3}) == (PixelRect{5, 20, 1, 1}));
-    }
-
-    void bordersThatNoWindowHasAreIgnored()
-    {
-        using Values = std::vector<std::uint32_t>;
-        for (const Values &values : {Values{1, 2, 3}, {1, 2, 3, 4, 5}, {1, 2, 0xffffffff, 4}})
-            QVERIFY(!extentsFromValues(values));
+        QVERIFY(!extentsFromValues({1, 2, 0xffffffff, 4})); // no window has such borders
     }
 
     void aStoredFrameIsAskedForInPixelsTheProtocolCanSay()
@@ -81,18 +74,32 @@ private Q_SLOTS:
         const std::tuple<const char *, Values, PixelRect> rows[] = {
             {"no hints", {}, asked},
             {"terminal", hints(min | inc | base, {10, 17, 0, 0, 6, 13, 4, 4}), {0, 0, 496, 329}},
-            {"from the minimum", hints(min | inc, {20, 20, 0, 0, 100, 100}), {0, 0, 420, 320}},
             {"fixed", hints(min | max, {640, 480, 640, 480}), {0, 0, 640, 480}},
             {"contradiction", hints(min | max, {600, 400, 300, 200}), {0, 0, 600, 400}},
             {"absurd",
              hints(min | max | inc | base, {0, 0, 0xffffffff, 0, 0, 0xfffffff0, 0x80000000, 1}),
              asked},
-            {"cut short", {min | max | inc | base, 0, 0}, asked},
         };
         for (const auto &[name, values, taken] : rows)
             QVERIFY2(SizeHints::fromValues(values).constrained(asked) == taken, name);
     }
+
+    void everyTitleIsValidText()
+    {
+        const std::tuple<QByteArray, QString, QString> rows[] = {
+            // As text in Latin-1 with escape sequences, and as UTF-8.
+            {" a  b\n", u" a  b\n"_qs, u" a  b\n"_qs},
+            {"\xfc", u"\u00fc"_qs, u"\uFFFD"_qs},
+            {QByteArray("ab\0cd", 5), u"ab"_qs, u"ab"_qs},
+            {"a\x1b%G\xc3\xbc\x1b%@\xfc", u"a\u00fc\u00fc"_qs, {}},
+            {"a\x1b$(B0l\x1b(Bz", u"a\uFFFD\uFFFDz"_qs, {}}, // another character set
+        };
+        for (const auto &[bytes, compound, utf8] : rows) {
+            QCOMPARE(titleFromCompoundText(bytes), compound);
+            QVERIFY(utf8.isNull() || titleFromUtf8(bytes) == utf8);
+        }
+    }
 };
 
-QTEST_GUILESS_MAIN(FrameGeometryTests)
-#include "FrameGeometryTests.moc"
+QTEST_GUILESS_MAIN(WindowTests)
+#include "WindowTests.moc"
