@@ -40,7 +40,7 @@ public:
     bool isOnScreen(const QString &title) override { return !session.isMinimised(client(title)); }
     void makeFullScreen(const QString &title) override
     {
-        session.setStateAndWait(client(title), true, "_NET_WM_STATE_FULLSCREEN");
+        session.setStateAndWait(client(title), true, fullScreen);
     }
     QString bundleID(const QString &application) const override
     {
@@ -57,10 +57,6 @@ public:
             {{.output = 0}, {.output = 1, .x = 1920, .width = 1280, .height = 1024}});
     }
     void unplugSecondDisplay() override { session.server.plug({{.output = 0}}); }
-    bool waitUntil(const std::function<bool()> &condition) override
-    {
-        return Desktop::waitUntil(condition);
-    }
 
     EngineSession session;
 

@@ -1,14 +1,9 @@
 #include "Desktop/Support/TestServer.h"
 #include "PanorelX11/Connection/XConnection.h"
-#include "PanorelX11/DesktopPicture/PictureWay.h"
 #include "PanorelX11/DesktopPicture/SettingsPicture.h"
 #include "PanorelX11/DesktopPicture/X11DesktopPicture.h"
 #include "PanorelX11/Session/GObjectOwned.h"
 
-#include <QBuffer>
-#include <QDBusConnection>
-#include <QDBusInterface>
-#include <QDBusReply>
 #include <QFile>
 #include <QPainter>
 #include <QTest>
@@ -22,18 +17,6 @@ namespace Panorel::X11 {
 using namespace Panorel::Desktop;
 
 namespace {
-
-/// Stands for Plasma: there is no scripting without all of it.
-class PlasmaShell : public QObject {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.kde.PlasmaShell")
-
-public:
-    QString script;
-
-public Q_SLOTS:
-    QString evaluateScript(const QString &text) { return script = text, QString(); }
-};
 
 const std::tuple<int, int, QColor> corners[] = {
     {0, 0, Qt::red}, {1, 0, Qt::green}, {0, 1, Qt::blue}, {1, 1, Qt::white}};
@@ -52,13 +35,6 @@ QImage quarters(QSize size, QSize ends = {})
     return image;
 }
 
-bool isNearly(QColor color, QColor wanted)
-{
-    const auto near = [](int a, int b) { return std::abs(a - b) <= 6; };
-    return near(color.red(), wanted.red()) && near(color.green(), wanted.green())
-           && near(color.blue(), wanted.blue());
-}
-
 constexpr auto hostileName = "it's \"quoted\" \\ 100% #1\nline \u2028 \u00E9.png";
 
 } // namespace
@@ -73,33 +49,14 @@ private Q_SLOTS:
     {
         m_server.plug({{.output = 0}, {.output = 1, .x = 1920, .width = 1280, .height = 1024}});
         m_viewer = std::make_unique<XConnection>();
-        qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.address().toLatin1());
-    }
-
-    void theDesktopIsToldByItsName()
-    {
-        constexpr std::pair<const char *, PictureWay> desktops[] = {
-            {"ubuntu:GNOME", PictureWay::Gnome},
-            {"Budgie:GNOME", PictureWay::Gnome},
-            {"X-Cinnamon", PictureWay::Cinnamon},
-            {"mate", PictureWay::Mate},
-            {":XFCE", PictureWay::Xfce},
-            {"KDE:GNOME", PictureWay::Plasma},
-            {"NOTGNOME:i3", PictureWay::RootWindow},
-            {"", PictureWay::RootWindow},
-        };
-        for (const auto &[name, way] : desktops)
-            QCOMPARE(pictureWay(QLatin1String(name)), way);
     }
 
     void thePictureCoversEveryMonitorWithItsMiddle()
     {
         QStringList files{save(quarters({4000, 500}, {500, 0}), "wide.png"),
-                          save(quarters({500, 4000}, {0, 500}), "tall.jpg"),
+                          save(quarters({500, 4000}, {0, 500}), "tall.png"),
                           save(quarters({32, 18}), "small.bmp"),
-                          save(quarters({20, 30000}, {0, 9000}), "thin.png"),
-                          saveTurned(quarters({1920, 1080}), "turned.jpg"),
-                          path("wide.jpg")};
+                          save(quarters({20, 30000}, {0, 9000}), "thin.png"), path("wide.jpg")};
         QFile::copy(files.first(), files.last()); // of a wrong suffix
         for (const QString &file : std::as_const(files)) {
             const auto before = rootProperty("_XROOTPMAP_ID");
@@ -112,8 +69,8 @@ private Q_SLOTS:
                     // Near the corners, where a stretched picture would show its black ends.
                     const int x = monitor.x() + (right ? monitor.width() - 5 : 4);
                     const int y = monitor.y() + (below ? monitor.height() - 5 : 4);
-                    QVERIFY2(isNearly(pixel(pixmap, x, y), color), qPrintable(file));
-                    QVERIFY2(isNearly(pixel(m_viewer->root(), x, y), color), qPrintable(file));
+                    QVERIFY2(pixel(pixmap, x, y) == color, qPrintable(file));
+                    QVERIFY2(pixel(m_viewer->root(), x, y) == color, qPrintable(file));
                 }
             }
             QCOMPARE(pixel(pixmap, 2500, 1060), QColor(Qt::black)); // below the smaller monitor
@@ -153,24 +110,16 @@ private Q_SLOTS:
         save(quarters({300, 300}), "whole.png");
         const QByteArray whole = readFile(path("whole.png"));
         ::mkfifo(qPrintable(path("pipe without a writer")), 0600);
-        const std::pair<const char *, QByteArray> files[] = {
-            {"text.png", "no picture"},
-            {"empty.png", ""},
-            {"immense.ppm", "P6 65535 65535 255\n"},
-            {"cut off.png", whole.left(whole.size() / 2)},
-        };
-        for (const auto &[name, bytes] : files)
-            writeFile(path(name), bytes);
+        writeFile(path("text.png"), "no picture");
+        writeFile(path("immense.ppm"), "P6 65535 65535 255\n");
+        writeFile(path("cut off.png"), whole.left(whole.size() / 2));
         show("", path("whole.png"));
         const auto before = rootProperty("_XROOTPMAP_ID").value();
-        for (const char *name :
-             {"text.png", "empty.png", "immense.ppm", "missing.png", "", "pipe without a writer"})
-            QVERIFY2(!PictureFile::at(path(name)), name);
-        QVERIFY(!PictureFile::at(QString()));
-        show("", path("cut off.png"));
-        show("", path("missing.png"));
-        QCOMPARE(rootProperty("_XROOTPMAP_ID"), before);
-        QVERIFY(exists(before));
+        for (const char *name : {"text.png", "immense.ppm", "cut off.png", "missing.png", "",
+                                 "pipe without a writer"}) {
+            show("", path(name));
+            QVERIFY2(rootProperty("_XROOTPMAP_ID") == before && exists(before), name);
+        }
     }
 
     void theSettingIsStored()
@@ -180,10 +129,9 @@ private Q_SLOTS:
             const char *fitting; ///< the user's
             const char *fittingAfter;
         } rows[] = {
-            {"GNOME", "org.gnome.desktop.background", "picture-uri", "none", "zoom"},
-            {"Unity", "org.gnome.desktop.background", "picture-uri-dark", "centered", "centered"},
-            {"Cinnamon", "org.cinnamon.desktop.background", "picture-uri", "none", "zoom"},
-            {"MATE", "org.mate.background", "picture-filename", "spanned", "spanned"}};
+            {"ubuntu:GNOME", "org.gnome.desktop.background", "picture-uri-dark", "none", "zoom"},
+            {"X-Cinnamon", "org.cinnamon.desktop.background", "picture-uri", "none", "zoom"},
+            {"mate", "org.mate.background", "picture-filename", "spanned", "spanned"}};
         const QString file = save(quarters({64, 48}), hostileName);
         for (const auto &[desktop, schema, key, fitting, fittingAfter] : rows) {
             const GOwned<GSettings> settings(g_settings_new(schema));
@@ -193,70 +141,19 @@ private Q_SLOTS:
                 return QByteArray(text.get());
             };
             g_settings_set_string(settings.get(), "picture-options", fitting);
-            for (const QString &shown : {file, path("missing.png")}) {
-                show(desktop, shown);
-                QCOMPARE(QByteArray(key).contains("uri")
-                             ? QUrl::fromEncoded(stored(key)).toLocalFile()
-                             : QString::fromUtf8(stored(key)),
-                         file);
-                QCOMPARE(stored("picture-options"), QByteArray(fittingAfter));
-            }
+            show(desktop, file);
+            const QByteArray shown = stored(key);
+            const bool isURI = QByteArray(key).contains("uri");
+            QCOMPARE(isURI ? QUrl::fromEncoded(shown).toLocalFile() : QString::fromUtf8(shown),
+                     file);
+            // A URI may stand in a script, whose text it must not end.
+            QVERIFY(!isURI || !(shown.contains('"') || shown.contains('\\')));
+            QCOMPARE(stored("picture-options"), QByteArray(fittingAfter));
         }
-    }
-
-    void aSettingThatIsNotInstalledIsLeftOut()
-    {
-        const auto picture = PictureFile::at(save(quarters({64, 48}), "picture.png"));
-        SettingsPicture({"org.example.NotInstalled", {"picture-uri"}, true}).set(picture.value());
-        SettingsPicture({"org.mate.background", {"no-such-key"}, true}).set(picture.value());
-    }
-
-    void everyDisplayAndWorkspaceOfXfceGetsThePicture()
-    {
-        QDBusInterface xfconf(QStringLiteral("org.xfce.Xfconf"), QStringLiteral("/org/xfce/Xfconf"),
-                              QStringLiteral("org.xfce.Xfconf"));
-        const QString channel = QStringLiteral("xfce4-desktop");
-        const QString base = QStringLiteral("/backdrop/screen0/monitor");
-        const auto store = [&](const char *name, const QVariant &value) {
-            xfconf.call(QStringLiteral("SetProperty"), channel, base + QLatin1String(name),
-                        QVariant::fromValue(QDBusVariant(value)));
-        };
-        const auto stored = [&](const QByteArray &name) {
-            const QDBusReply<QDBusVariant> reply =
-                xfconf.call(QStringLiteral("GetProperty"), channel, base + QLatin1String(name));
-            return reply.isValid() ? reply.value().variant() : QVariant();
-        };
-        store("DP-7/workspace3/last-image", QStringLiteral("/old.png"));
-        store("DP-7/workspace3/image-style", 3);
-        store("DP-8/workspace0/last-image", QStringLiteral("/old.png"));
-        store("DP-8/workspace0/image-style", 0); // shows none
-        const QString file = save(quarters({64, 48}), hostileName);
-        show("XFCE", file);
-        for (const auto &[backdrop, style] :
-             {std::pair("DP-7/workspace3", 3), std::pair("DP-8/workspace0", 5),
-              std::pair("DUMMY0/workspace0", 5), std::pair("DUMMY1/workspace0", 5)}) {
-            QTRY_COMPARE(stored(backdrop + QByteArray("/last-image")).toString(), file);
-            QCOMPARE(stored(backdrop + QByteArray("/image-style")).toInt(), style);
-        }
-        QVERIFY(!stored("DP-7/workspace0/last-image").isValid());
-    }
-
-    void plasmaIsToldAnyFileName()
-    {
-        auto plasma = QDBusConnection::connectToBus(
-            qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), QStringLiteral("plasma"));
-        PlasmaShell shell;
-        QVERIFY(plasma.registerObject(QStringLiteral("/PlasmaShell"), &shell,
-                                      QDBusConnection::ExportAllSlots));
-        QVERIFY(plasma.registerService(QStringLiteral("org.kde.plasmashell")));
-        const QString file = save(quarters({64, 48}), hostileName);
-        show("KDE", file);
-        QTRY_VERIFY(!shell.script.isEmpty());
-        QDBusConnection::disconnectFromBus(QStringLiteral("plasma"));
-        // The last of six quoted texts, none of which can end early.
-        QCOMPARE(shell.script.count(u'"'), 12);
-        QVERIFY(!shell.script.contains(u'\\'));
-        QCOMPARE(QUrl(shell.script.section(u'"', -2, -2)).toLocalFile(), file);
+        // What is not installed is left out.
+        const auto picture = PictureFile::at(file).value();
+        SettingsPicture({"org.example.NotInstalled", {"picture-uri"}, true}).set(picture);
+        SettingsPicture({"org.mate.background", {"no-such-key"}, true}).set(picture);
     }
 
 private:
@@ -264,18 +161,6 @@ private:
     QString save(const QImage &image, const char *name) const
     {
         image.save(path(name));
-        return path(name);
-    }
-    /// As a camera that was held on its side does: the pixels lie, a note says how to turn them.
-    QString saveTurned(const QImage &image, const char *name) const
-    {
-        QBuffer bytes;
-        image.transformed(QTransform().rotate(-90)).save(&bytes, "JPEG");
-        bytes.buffer().insert(2, QByteArray::fromHex("ffe10022457869660000"
-                                                     "4d4d002a00000008"
-                                                     "0001"
-                                                     "01120003000000010006000000000000"));
-        writeFile(path(name), bytes.data());
         return path(name);
     }
     void show(const char *desktop, const QString &file)
@@ -309,7 +194,6 @@ private:
     }
 
     TestServer m_server;
-    SessionBus m_bus;
     std::unique_ptr<XConnection> m_viewer;
     std::unique_ptr<X11DesktopPicture> m_picture;
 };

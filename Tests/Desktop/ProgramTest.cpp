@@ -3,7 +3,6 @@
 #include "PanorelCore/JSON/PanorelJSON.h"
 #include "PanorelCore/Records/ModelCoding.h"
 
-#include <QSettings>
 #include <QTest>
 
 #include <csignal>
@@ -11,137 +10,121 @@
 using namespace Panorel;
 using namespace Panorel::Desktop;
 
+namespace {
+
+constexpr HotKeyCombo saveKey{1, HotKeyCombo::command | HotKeyCombo::shift};
+
+/// One bar along the bottom of the first display, with nothing but a tray.
+const char xfcePanel[] = R"(<?xml version="1.0" encoding="UTF-8"?>
+<channel name="xfce4-panel" version="1.0">
+  <property name="configver" type="int" value="2"/>
+  <property name="panels" type="array">
+    <value type="int" value="1"/>
+    <property name="panel-1" type="empty">
+      <property name="position" type="string" value="p=8;x=960;y=1064"/>
+      <property name="length" type="uint" value="100"/>
+      <property name="plugin-ids" type="array"><value type="int" value="1"/></property>
+    </property>
+  </property>
+  <property name="plugins" type="empty">
+    <property name="plugin-1" type="string" value="systray"/>
+  </property>
+</channel>
+)";
+
+} // namespace
+
 /// The program as the user starts it.
 class ProgramTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void aDeskIsKnownAgainHoweverItIsPluggedIn();
-    void theGlobalKeysActOverAnotherProgram();
-    void theStashKeyPutsTheDeskAwayAndBringsItBack();
-    void aNewUserIsWelcomedWhileTheDeskIsLearned();
+    void aSceneOpensWhatIsMissingAndHidesTheOthers();
+    void theTrayIconOpensAndClosesThePanelThoughTheTrayCameLater();
     void theServersEndIsSaidOnceAndLosesNothing();
     void withoutADisplayItSaysSo();
 };
 
-void ProgramTest::aDeskIsKnownAgainHoweverItIsPluggedIn()
+void ProgramTest::aSceneOpensWhatIsMissingAndHidesTheOthers()
 {
-    /// Outputs with the serial numbers of their displays, from left to right.
-    using Displays = std::vector<std::pair<int, int>>;
-    const Displays pair{{0, 11}, {1, 12}};
-    const struct {
-        const char *name;
-        Displays learned;
-        Displays between;
-        Displays again;
-    } rows[] = {
-        {"the lid closed and opened", pair, {{1, 12}}, pair},
-        {"another connector", pair, {{0, 11}}, {{0, 11}, {5, 12}}},
-        {"exchanged connectors", pair, {{0, 11}}, {{1, 11}, {0, 12}}},
-        {"exchanged places", pair, {{0, 11}}, {{1, 12}, {0, 11}}},
-        {"twins exchanged", {{0, 11}, {1, 11}}, {{0, 11}}, {{1, 11}, {0, 11}}},
-    };
-    constexpr Rect homes[] = {{100, 100, 500, 400}, {3100, 500, 600, 450}, {2380, 160, 700, 460}};
-    DesktopSession desk;
-    TestProgram::setSettleSeconds(0.3);
-    desk.open(ClientKind::Plain, "left", homes[0]);
-    const TestClient &right = desk.open(ClientKind::Qt, "right", homes[1]);
-    desk.open(ClientKind::GtkDecorated, "right.tar", homes[2]);
-    const auto connect = [&](const Displays &displays) {
-        std::vector<Plugged> outputs;
-        for (const auto &[output, serial] : displays) {
-            desk.server.setEdid(output, QStringLiteral("Display"), serial);
-            outputs.push_back({output, int(1920 * outputs.size())});
-        }
-        desk.server.plug(outputs);
-    };
-    for (const auto &row : rows) {
-        connect(row.learned);
-        auto home = std::begin(homes);
-        for (const TestClient &client : desk.clients)
-            desk.moveAndWait(client, *home++);
-        const QStringList before = desk.frames();
-        TestProgram program;
-        program.awaitLogged(1, "learned layout: 3 windows");
-        connect(row.between);
-        program.awaitLogged(1, "display settled: 1 displays");
-        require([&] { return desk.probe.frame(right.window())->x < 1920; }, "a push aside");
-        desk.frames(); // at rest
-        const qsizetype logged = program.logSize();
-        connect(row.again);
-        QVERIFY2(program.awaitRestore(logged, 2).contains("3/3 restored, 0 failed"), row.name);
-        QVERIFY2(desk.frames() == before, row.name);
-        program.endCleanly(SIGTERM);
-        QVERIFY(!program.layouts().isEmpty());
-    }
-}
-
-void ProgramTest::theGlobalKeysActOverAnotherProgram()
-{
-    const Rect learned{200, 200, 500, 400};
-    const Rect elsewhere{700, 500, 450, 350};
+    const Rect readersPlace{2200, 150, 700, 500};
+    const QString readersID = u"org.example.Reader"_qs;
     DesktopSession desk;
     TestKeyboard keyboard;
-    const TestClient &client = desk.open(ClientKind::Plain, "notes", learned);
-    const HotKeyCombo undoKey{6, HotKeyCombo::control | HotKeyCombo::option};
-    QSettings(TestServer::settings(), QSettings::IniFormat)
-        .setValue(QStringLiteral("undoHotKey"), PanorelJSON::encoder().encode(undoKey));
+    desk.server.home.install(readersID, "Exec=" + TestClient::program(ClientKind::Qt).toUtf8()
+                                            + " --title reader\nStartupWMClass=qt-client\n");
+    const auto reader = [&] { return desk.probe.find(u"reader"_qs); };
+    const TestClient &writer = desk.open(ClientKind::Plain, "writer", {100, 100, 600, 500});
+    desk.open(ClientKind::Qt, "reader", readersPlace);
+    TestProgram before;
+    before.awaitLogged(1, "learned layout: 2 windows");
+    before.endCleanly(SIGTERM); // it has written all its files
+    const QByteArray layouts = before.read(u"layouts.json"_qs);
+    SceneRecord scene;
+    scene.id = QUuid::createUuid();
+    scene.name = u"Reading"_qs;
+    scene.opensMissingApps = scene.hidesOtherApps = true;
+    scene.hotKey = HotKeyCombo{18, HotKeyCombo::control | HotKeyCombo::option};
+    scene.layout = PanorelJSON::decoder().decode<LayoutFile>(layouts).layouts[0];
+    scene.configID = scene.layout.configID;
+    const SceneFile scenes{.lastAppliedByConfig = {}, .scenes = {scene}};
 
+    desk.close(u"reader"_qs);
+    desk.moveAndWait(writer, {900, 300, 400, 300});
+    const TestClient &chat = desk.open(ClientKind::Plain, "chat", {300, 300, 400, 300}, u"Chat"_qs);
+    TestProgram program({{u"layouts.json"_qs, layouts},
+                         {u"placements.json"_qs, before.read(u"placements.json"_qs)},
+                         {u"scenes.json"_qs, PanorelJSON::encoder().encode(scenes)}});
+    program.pressUntilLogged(keyboard, *scene.hotKey, "scene applied: Reading, ");
+    require([&] { return desk.isMinimised(chat); }, "a hidden application");
+    const char placed[] = "launch placement: moved 1 windows for org.example.Reader";
+    program.awaitLogged(1, placed);
+    QCOMPARE(desk.probe.restingFrame(reader().value()), readersPlace);
+    QCOMPARE(desk.probe.restingFrame(writer.window()), (Rect{100, 100, 600, 500}));
+    QVERIFY(!desk.isMinimised(writer));
+
+    // And whenever the user starts it himself.
+    desk.probe.close(reader().value());
+    require([&] { return !reader(); }, "the reader's end");
+    program.pressUntilLogged(keyboard, saveKey, "hotkey: layout saved (1 windows)");
+    run(u"gio"_qs, {u"launch"_qs, desk.server.home.application(readersID)});
+    program.awaitLogged(2, placed);
+    QCOMPARE(desk.probe.restingFrame(reader().value()), readersPlace);
+    program.endCleanly(SIGINT);
+    QVERIFY(reader()); // it does not end with the program
+}
+
+void ProgramTest::theTrayIconOpensAndClosesThePanelThoughTheTrayCameLater()
+{
+    DesktopSession desk(u"openbox"_qs, {Plugged{}});
+    const SessionBus bus; // what it starts has the home of this desk
+    qputenv("DBUS_SESSION_BUS_ADDRESS", bus.address().toUtf8());
+    const TestClient &client = desk.open(ClientKind::Plain, "notes", {200, 200, 500, 400});
     TestProgram program;
     program.awaitLogged(1, "learned layout: 1 windows");
-    desk.moveAndWait(client, elsewhere);
-    const auto focus = desk.probe.activeWindow();
-    QCOMPARE(focus, std::optional(client.window()));
-    const quint32 commandShift = HotKeyCombo::command | HotKeyCombo::shift;
-    program.pressUntilLogged(keyboard, {15, commandShift}, "Restore Now clicked");
-    require([&] { return desk.isAt(client, learned); }, "a restored window");
-    keyboard.press(undoKey);
-    require([&] { return desk.isAt(client, elsewhere); }, "an undone restore");
-    keyboard.press(HotKeyCombo{1, commandShift});
-    program.awaitLogged(1, "hotkey: layout saved (1 windows)");
-    QCOMPARE(desk.probe.activeWindow(), focus);
-    program.endCleanly(SIGINT);
-}
+    writeFile(desk.server.home.path(u"config/xfce4/xfconf/xfce-perchannel-xml/xfce4-panel.xml"_qs),
+              xfcePanel);
+    ChildProcess tray(u"xfce4-panel"_qs, {u"--disable-wm-check"_qs, u"--sm-client-disable"_qs});
+    tray.silence();
+    tray.start();
+    const auto bar = [&] { return desk.probe.find(u"xfce4-panel"_qs); };
+    require([&] { return bar().has_value(); }, "the bar");
+    const Rect barFrame = desk.probe.restingFrame(*bar());
 
-void ProgramTest::theStashKeyPutsTheDeskAwayAndBringsItBack()
-{
-    const HotKeyCombo stashKey{1, HotKeyCombo::option | HotKeyCombo::shift};
-    DesktopSession desk(QStringLiteral("xfwm4"));
-    TestKeyboard keyboard;
-    desk.open(ClientKind::GtkDecorated, "gtk.tar", {700, 400, 700, 500});
-    const TestClient &focused = desk.open(ClientKind::Plain, "notes", {160, 160, 500, 400});
-    desk.open(ClientKind::Qt, "qt", {2100, 200, 600, 450});
-    desk.activateAndWait(focused);
-    TestProgram program;
-    program.awaitLogged(1, "learned layout: 3 windows");
-    const QStringList frames = desk.frames();
-    const auto order = desk.probe.stacking();
-    program.pressUntilLogged(keyboard, stashKey, "stash: hid ");
-    for (const TestClient &client : desk.clients)
-        require([&] { return desk.isMinimised(client); }, "a stashed window");
-    keyboard.press(stashKey);
-    program.awaitLogged(1, "restore report: 3/3 restored, 0 failed");
-    QTRY_COMPARE(desk.probe.activeWindow(), std::optional(focused.window()));
-    QCOMPARE(desk.frames(), frames);
-    QTRY_COMPARE(desk.probe.stacking(), order);
-}
-
-void ProgramTest::aNewUserIsWelcomedWhileTheDeskIsLearned()
-{
-    DesktopSession desk;
-    const DesktopProbe &probe = desk.probe;
-    TestKeyboard keyboard;
-    desk.open(ClientKind::Plain, "notes", {200, 200, 500, 400});
-    QVERIFY(QFile::remove(TestServer::settings()));
-    TestProgram program;
-    program.awaitLogged(1, "learned layout: 1 windows"); // its own window is none of them
-    const auto welcome = [&] { return probe.find(QStringLiteral("Welcome to Panorel")); };
-    require([&] { return welcome() && probe.activeWindow() == welcome(); }, "the welcome window");
-    // Return, space, Enter: one key thrice within a millisecond would count as held.
-    for (const xcb_keycode_t key : {36, 65, 104})
-        keyboard.press(key);
-    require([&] { return !welcome(); }, "the end of the welcome");
-    QVERIFY(readFile(TestServer::settings()).contains("hasOnboarded=true\n"));
+    const auto panel = [&] { return desk.probe.find(u"Panorel"_qs); };
+    const auto clickUntil = [&](bool panelIsToShow) {
+        // What has no icon yet does nothing when clicked, and two fast clicks count as one.
+        const auto clicked = [&] {
+            desk.probe.click(16, int(barFrame.minY()) + 15);
+            return waitUntil([&] { return panel().has_value() == panelIsToShow; }, 2'000);
+        };
+        require(clicked, "a panel that shows or not");
+    };
+    clickUntil(true);
+    const Rect frame = desk.probe.restingFrame(*panel());
+    QCOMPARE(std::pair(frame.minX(), frame.maxY()), std::pair(8.0, barFrame.minY() - 8));
+    QCOMPARE(desk.probe.activeWindow(), std::optional(client.window()));
+    clickUntil(false);
     program.endCleanly(SIGTERM);
 }
 

@@ -37,12 +37,6 @@ QString ChildProcess::readLine()
     return QString::fromUtf8(m_process.readLine()).trimmed();
 }
 
-void ChildProcess::silence()
-{
-    m_process.setProcessChannelMode(QProcess::SeparateChannels);
-    m_process.setStandardErrorFile(QProcess::nullDevice());
-}
-
 void ChildProcess::end()
 {
     if (!running())

@@ -31,7 +31,11 @@ public:
     void killNow();
 
     /// What it says of errors is nobody's. Before start().
-    void silence();
+    void silence()
+    {
+        m_process.setProcessChannelMode(QProcess::SeparateChannels);
+        m_process.setStandardErrorFile(QProcess::nullDevice());
+    }
 
 private:
     QProcess m_process;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PanorelCore/Geometry.h"
+#include "PanorelX11/Connection/XConnection.h"
 
 #include <QString>
 
@@ -18,12 +19,10 @@ struct DisconnectServer {
 using ServerConnection = std::unique_ptr<xcb_connection_t, DisconnectServer>;
 
 /// Looks at the desktop, and handles windows as a user or another program would, on a connection
-/// of its own and with code of its own: what the ports say is compared with what is seen here.
+/// of its own, to the server that DISPLAY names. What a window's frame is, it reckons on its own:
+/// what the ports say is compared with what is seen here.
 class DesktopProbe {
 public:
-    /// Of the server that DISPLAY names; fatal where there is none.
-    DesktopProbe();
-
     /// The managed windows, bottom to top.
     std::vector<xcb_window_t> stacking() const;
     /// Blanks around the title don't count.
@@ -39,7 +38,7 @@ public:
 
     bool hasState(xcb_window_t window, const char *state) const;
     void setState(xcb_window_t window, bool on, const char *first, const char *second = nullptr);
-    void minimise(xcb_window_t window);
+    void minimise(xcb_window_t window) { message(window, "WM_CHANGE_STATE", {3}); }
 
     void setTitle(xcb_window_t window, const QByteArray &title);
     /// The same on every side, as a client does that decorates itself.
@@ -49,15 +48,24 @@ public:
     void move(xcb_window_t window, const Rect &frame);
     void activate(xcb_window_t window);
     /// As a click on the close button would.
-    void close(xcb_window_t window);
-    void sendToDesktop(xcb_window_t window, std::uint32_t desktop);
+    void close(xcb_window_t window) { message(window, "_NET_CLOSE_WINDOW", {0, pager}); }
+    void sendToDesktop(xcb_window_t window, std::uint32_t desktop)
+    {
+        message(window, "_NET_WM_DESKTOP", {desktop, pager});
+    }
 
     /// Moves the pointer there, in root coordinates, and presses and releases its first button.
     void click(int x, int y);
 
     std::optional<xcb_window_t> activeWindow() const;
-    std::optional<std::uint32_t> desktopOf(xcb_window_t window) const;
-    std::optional<std::uint32_t> currentDesktop() const;
+    std::optional<std::uint32_t> desktopOf(xcb_window_t window) const
+    {
+        return property(window, "_NET_WM_DESKTOP").value32();
+    }
+    std::optional<std::uint32_t> currentDesktop() const
+    {
+        return property(m_root, "_NET_CURRENT_DESKTOP").value32();
+    }
     void setDesktopCount(std::uint32_t count);
 
     /// The window by which a window manager says that it is here; none while none is.
@@ -69,14 +77,13 @@ public:
     void sync() const;
 
 private:
-    xcb_atom_t atom(const char *name) const;
-    std::optional<std::uint32_t> value(xcb_window_t window, const char *property) const;
-    std::vector<std::uint32_t> values(xcb_window_t window, const char *property) const;
-    QByteArray bytes(xcb_window_t window, const char *property) const;
+    static constexpr std::uint32_t pager = 2; ///< who asks
+
+    X11::PropertyRequest::Value property(xcb_window_t window, const char *name) const;
     void message(xcb_window_t window, const char *type, const std::vector<std::uint32_t> &data);
 
-    ServerConnection m_connection;
-    xcb_window_t m_root = XCB_WINDOW_NONE;
+    X11::XConnection m_connection;
+    xcb_window_t m_root = m_connection.root();
 };
 
 } // namespace Panorel::Desktop

@@ -3,8 +3,6 @@
 namespace Panorel::Desktop {
 namespace {
 
-constexpr auto hidden = "_NET_WM_STATE_HIDDEN";
-
 std::unique_ptr<TestWindowManager> startManager(TestServer &server, const QString &name,
                                                 const std::vector<Plugged> &outputs)
 {
@@ -33,10 +31,9 @@ DesktopSession::DesktopSession(const QString &windowManager, const std::vector<P
 TestClient &DesktopSession::open(ClientKind kind, const QByteArray &title, const Rect &frame,
                                  const QString &application)
 {
-    TestClient &client = application.isEmpty()
-                             ? clients.emplace_back(kind, title)
-                             : clients.emplace_back(
-                                 kind, title, QStringList{QStringLiteral("--class"), application});
+    const QStringList options =
+        application.isEmpty() ? QStringList() : QStringList{u"--class"_qs, application};
+    TestClient &client = clients.emplace_back(kind, title, options);
     moveAndWait(client, frame);
     return client;
 }
@@ -68,16 +65,6 @@ Layout EngineSession::capture()
     layout.displays = m_watcher.currentDisplays();
     layout.windows = m_snapshotter.snapshot(layout.displays);
     return layout;
-}
-
-bool DesktopSession::isAt(const TestClient &client, const Rect &frame) const
-{
-    return probe.frame(client.window()) == frame;
-}
-
-bool DesktopSession::isMinimised(const TestClient &client) const
-{
-    return probe.hasState(client.window(), hidden);
 }
 
 void DesktopSession::minimiseAndWait(const TestClient &client)
@@ -129,14 +116,13 @@ void DesktopSession::moveAndWait(const TestClient &client, const Rect &frame)
 {
     probe.move(client.window(), frame);
     // Close is enough: a size that goes in steps, or gravity, may keep the window from the rest.
-    const bool moved = waitUntil([&] {
-        const std::optional<Rect> now = probe.frame(client.window());
-        return now && std::abs(now->x - frame.x) < 40 && std::abs(now->y - frame.y) < 40;
-    });
-    const Rect now = probe.restingFrame(client.window());
-    if (!moved)
-        qFatal("%s is at %g, %g and not at %g, %g", qPrintable(probe.title(client.window())), now.x,
-               now.y, frame.x, frame.y);
+    require(
+        [&] {
+            const Rect now = probe.frame(client.window()).value_or(Rect{});
+            return std::abs(now.x - frame.x) < 40 && std::abs(now.y - frame.y) < 40;
+        },
+        "a moved window");
+    probe.restingFrame(client.window());
 }
 
 void DesktopSession::setStateAndWait(const TestClient &client, bool on, const char *first,
@@ -149,25 +135,13 @@ void DesktopSession::setStateAndWait(const TestClient &client, bool on, const ch
 
 void DesktopSession::activateAndWait(const TestClient &client)
 {
+    const xcb_window_t window = client.window();
     const auto isDone = [&] {
-        return probe.activeWindow() == client.window()
-               && probe.stacking().back() == client.window();
+        return probe.activeWindow() == window && probe.stacking().back() == window;
     };
     // Asked for again where it does not hold: a program that has just started may still raise
     // itself once more.
-    const auto activate = [&] {
-        probe.activate(client.window());
-        return waitUntil(isDone, 2'000);
-    };
-    if (waitUntil(activate))
-        return;
-    QStringList titles;
-    for (const xcb_window_t window : probe.stacking())
-        titles << probe.title(window);
-    qFatal("%s is not active in front, %s is, and the order is: %s",
-           qPrintable(probe.title(client.window())),
-           qPrintable(probe.title(probe.activeWindow().value_or(XCB_WINDOW_NONE))),
-           qPrintable(titles.join(QStringLiteral(", "))));
+    require([&] { return probe.activate(window), waitUntil(isDone, 2'000); }, "a window in front");
 }
 
 } // namespace Panorel::Desktop

@@ -40,8 +40,14 @@ public:
 
     /// Every window with its frame as seen from outside the program, ordered by title.
     QStringList frames() const;
-    bool isAt(const TestClient &client, const Rect &frame) const;
-    bool isMinimised(const TestClient &client) const;
+    bool isAt(const TestClient &client, const Rect &frame) const
+    {
+        return probe.frame(client.window()) == frame;
+    }
+    bool isMinimised(const TestClient &client) const
+    {
+        return probe.hasState(client.window(), "_NET_WM_STATE_HIDDEN");
+    }
 
     /// Every window is somewhere else when this returns, each on one of the two displays. One of
     /// the first `maximisable` is maximised.

@@ -39,7 +39,7 @@ QStringList commandFor(ClientKind kind, const QByteArray &bytes)
     const char *own = kind == ClientKind::StaticGravity ? "--gravity 10"
                       : kind == ClientKind::SouthEast   ? "--gravity 9"
                       : kind == ClientKind::FixedDialog
-                          ? "--fixed --atom _NET_WM_WINDOW_TYPE=_NET_WM_WINDOW_TYPE_DIALOG"
+                          ? "--fixed yes --atom _NET_WM_WINDOW_TYPE=_NET_WM_WINDOW_TYPE_DIALOG"
                       : kind == ClientKind::Aspect ? "--aspect 320,240"
                                                    : "";
     return QStringList{ownClient("xcb-client"), QStringLiteral("--title"),

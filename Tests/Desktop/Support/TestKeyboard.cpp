@@ -66,17 +66,6 @@ void TestKeyboard::press(xcb_keycode_t key, quint32 modifiers, const std::functi
     sync(m_connection.get());
 }
 
-void TestKeyboard::chord(xcb_keycode_t first, xcb_keycode_t second, quint32 modifiers)
-{
-    sendModifiers(true, modifiers);
-    send(true, first);
-    send(true, second);
-    send(false, second);
-    send(false, first);
-    sendModifiers(false, modifiers);
-    sync(m_connection.get());
-}
-
 void TestKeyboard::sendModifiers(bool down, quint32 modifiers)
 {
     for (const Modifier &modifier : modifierKeys) {
@@ -104,19 +93,6 @@ KeyboardUser::~KeyboardUser()
     sync(m_connection.get());
 }
 
-void KeyboardUser::takeFocus()
-{
-    xcb_connection_t *server = m_connection.get();
-    const xcb_window_t window = xcb_generate_id(server);
-    const std::uint32_t events = XCB_EVENT_MASK_KEY_PRESS | XCB_EVENT_MASK_KEY_RELEASE;
-    xcb_create_window(server, XCB_COPY_FROM_PARENT, window, m_root, 100, 100, 300, 200, 0,
-                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK,
-                      &events);
-    xcb_map_window(server, window);
-    xcb_set_input_focus(server, XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
-    sync(server);
-}
-
 bool KeyboardUser::grab(xcb_keycode_t key, std::uint16_t modifiers)
 {
     const auto cookie = xcb_grab_key_checked(m_connection.get(), 0, m_root, modifiers, key,
@@ -129,10 +105,8 @@ bool KeyboardUser::grab(xcb_keycode_t key, std::uint16_t modifiers)
 bool KeyboardUser::grab(const HotKeyCombo &combo)
 {
     std::uint16_t mask = 0;
-    for (const Modifier &modifier : modifierKeys) {
-        if (combo.modifiers & modifier.inCombo)
-            mask |= modifier.mask;
-    }
+    for (const Modifier &modifier : modifierKeys)
+        mask |= combo.modifiers & modifier.inCombo ? modifier.mask : 0;
     return grab(keys.at(combo.keyCode), mask);
 }
 

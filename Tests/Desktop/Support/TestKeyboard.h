@@ -24,8 +24,6 @@ public:
     /// at once.
     void press(const HotKeyCombo &combo, const std::function<bool()> &until = {});
     void press(xcb_keycode_t key, quint32 modifiers = 0, const std::function<bool()> &until = {});
-    /// The second key goes down and up while the first is down.
-    void chord(xcb_keycode_t first, xcb_keycode_t second, quint32 modifiers);
 
 private:
     void send(bool down, xcb_keycode_t key);
@@ -39,9 +37,6 @@ class KeyboardUser {
 public:
     KeyboardUser();
     ~KeyboardUser();
-
-    /// Opens a window that gets what is typed.
-    void takeFocus();
 
     /// False where it was refused. `modifiers` is the server's mask, taken exactly.
     bool grab(xcb_keycode_t key, std::uint16_t modifiers);

@@ -1,9 +1,7 @@
 #include "Desktop/Support/TestProgram.h"
 
 #include "Desktop/Support/TestServer.h"
-#include "Support/TestHome.h"
 
-#include <QJsonDocument>
 #include <QSettings>
 #include <QTest>
 
@@ -30,12 +28,6 @@ TestProgram::~TestProgram()
     qunsetenv("PANOREL_DATA_DIR");
 }
 
-void TestProgram::killAndStartAgain()
-{
-    m_child.killNow();
-    m_child.start();
-}
-
 QByteArray TestProgram::processFile(const QString &name) const
 {
     return readFile(QStringLiteral("/proc/%1/%2").arg(processID()).arg(name));
@@ -47,27 +39,16 @@ void TestProgram::awaitRest() const
         const QByteArray stat = processFile(QStringLiteral("stat"));
         return stat.mid(stat.lastIndexOf(')')).split(' ').mid(12, 2);
     };
-    const auto wakeUps = [this] {
-        const QByteArray status = processFile(QStringLiteral("status"));
-        const qsizetype at = status.indexOf("\nvoluntary_ctxt_switches:");
-        return status.mid(status.indexOf('\t', at)).trimmed().split('\n').at(0).toLongLong();
-    };
     constexpr int looksInARow = 5;
     int restful = 0;
     require(
         [&] {
             const auto time = processorTime();
-            const qint64 wakings = wakeUps();
             QTest::qSleep(100);
-            restful = processorTime() == time && wakeUps() - wakings < 10 ? restful + 1 : 0;
+            restful = processorTime() == time ? restful + 1 : 0;
             return restful == looksInARow;
         },
         "a program that rests");
-}
-
-qsizetype TestProgram::logged(const char *text) const
-{
-    return log().count(text);
 }
 
 void TestProgram::pressUntilLogged(TestKeyboard &keyboard, const HotKeyCombo &combo,
@@ -80,11 +61,6 @@ void TestProgram::pressUntilLogged(TestKeyboard &keyboard, const HotKeyCombo &co
             return waitUntil([&] { return logged(text) > before; }, 3'000);
         },
         text);
-}
-
-void TestProgram::awaitLogged(qsizetype count, const char *text) const
-{
-    require([&] { return logged(text) >= count; }, text);
 }
 
 QByteArray TestProgram::awaitRestore(qsizetype logSize, int displays) const
@@ -108,16 +84,6 @@ void TestProgram::setSettleSeconds(double seconds)
 {
     QSettings(TestServer::settings(), QSettings::IniFormat)
         .setValue(QStringLiteral("displaySettleSeconds"), seconds);
-}
-
-QByteArray TestProgram::read(const QString &name) const
-{
-    return readFile(m_data.filePath(name));
-}
-
-QJsonObject TestProgram::layouts() const
-{
-    return QJsonDocument::fromJson(read(QStringLiteral("layouts.json"))).object();
 }
 
 void TestProgram::endCleanly(int signal)

@@ -2,8 +2,10 @@
 
 #include "Desktop/Support/ChildProcess.h"
 #include "Desktop/Support/TestKeyboard.h"
+#include "Support/TestHome.h"
 
 #include <QDir>
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QTemporaryDir>
 
@@ -18,21 +20,21 @@ public:
 
     static QString path();
 
-    /// It dies where it is, and starts again with what it has left.
-    void killAndStartAgain();
-
     pid_t processID() const { return static_cast<pid_t>(m_child.processID()); }
 
     /// One of the kernel's files about it: "io", "net/unix".
     QByteArray processFile(const QString &name) const;
-    /// Until it rests: no processor time and next to no waking for a while.
+    /// Until it rests: no processor time for a while.
     void awaitRest() const;
 
     /// How long programs that are started from now on wait for displays to settle.
     static void setSettleSeconds(double seconds);
 
-    qsizetype logged(const char *text) const;
-    void awaitLogged(qsizetype count, const char *text) const;
+    qsizetype logged(const char *text) const { return log().count(text); }
+    void awaitLogged(qsizetype count, const char *text) const
+    {
+        require([&] { return logged(text) >= count; }, text);
+    }
 
     /// After that much of the log, that many displays settled and the desk was restored. What the
     /// restore reported.
@@ -42,8 +44,11 @@ public:
     /// Until it was heard and logged once more: before the program has the key it goes to a window.
     void pressUntilLogged(TestKeyboard &keyboard, const HotKeyCombo &combo, const char *text) const;
 
-    QByteArray read(const QString &file) const;
-    QJsonObject layouts() const;
+    QByteArray read(const QString &file) const { return readFile(m_data.filePath(file)); }
+    QJsonObject layouts() const
+    {
+        return QJsonDocument::fromJson(read(QStringLiteral("layouts.json"))).object();
+    }
     QStringList files() const { return QDir(m_data.path()).entryList(QDir::Files | QDir::Hidden); }
 
     /// Signals it, and fails the test unless it ends well and in silence.

@@ -55,11 +55,9 @@ void TestServer::startServer()
     m_process = std::make_unique<ChildProcess>(
         QStandardPaths::findExecutable(
             QStringLiteral("Xorg"), {QStringLiteral("/usr/lib/xorg"), QStringLiteral("/usr/bin")}),
-        QStringList{QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-config"),
-                    QStringLiteral(PANOREL_TEST_SERVER), QStringLiteral("-noreset"),
-                    QStringLiteral("-novtswitch"), QStringLiteral("-sharevts"),
-                    QStringLiteral("-nolisten"), QStringLiteral("tcp"), QStringLiteral("-logfile"),
-                    home.path(QStringLiteral("xorg.log"))});
+        u"-displayfd 1 -config %1 -noreset -novtswitch -sharevts -nolisten tcp -logfile %2"_qs
+            .arg(QStringLiteral(PANOREL_TEST_SERVER), home.path(u"xorg.log"_qs))
+            .split(u' '));
     m_process->process().setStandardErrorFile(home.path(QStringLiteral("xorg.err")));
     m_process->process().setProcessChannelMode(QProcess::SeparateChannels);
     m_process->start();

@@ -48,7 +48,9 @@ TestWindowManager::TestWindowManager(const QString &name)
     : m_kind(managerKind(name)),
       m_manager(name, QString::fromLatin1(m_kind.arguments).split(u' ', Qt::SkipEmptyParts))
 {
-    giveBus(m_manager);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus.address());
+    m_manager.process().setProcessEnvironment(environment);
     m_manager.silence();
     m_manager.start();
     DesktopProbe probe;
@@ -56,13 +58,6 @@ TestWindowManager::TestWindowManager(const QString &name)
         require([&] { return probe.managerWindow() != XCB_WINDOW_NONE; }, "a window manager");
     else
         probe.awaitManager();
-}
-
-void TestWindowManager::giveBus(ChildProcess &child) const
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), m_bus.address());
-    child.process().setProcessEnvironment(environment);
 }
 
 void forEachManager(const QStringList &names)

@@ -31,9 +31,6 @@ public:
 
     const ManagerKind &kind() const { return m_kind; }
 
-    /// Lets the program, before it is started, use the session bus.
-    void giveBus(ChildProcess &child) const;
-
     qint64 processID() const { return m_manager.processID(); }
 
 private:
