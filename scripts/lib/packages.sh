@@ -8,7 +8,7 @@ PACKAGES_BUILD="ca-certificates g++ cmake ninja-build pkg-config qt6-base-dev qt
 # A private X server with hot-plug, window managers and windows to manage.
 PACKAGES_DESKTOP="xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils x11-xkb-utils
     xkb-data dbus-daemon openbox xfwm4 icewm metacity xterm file-roller fonts-dejavu-core
-    qt6-qpa-plugins trayer xfce4-panel xfconf libglib2.0-bin"
+    qt6-qpa-plugins xfce4-panel xfconf libglib2.0-bin"
 
 PACKAGES_TEST="clang-format libasan8 libubsan1 libxcb-icccm4-dev libxcb-xtest0-dev tzdata
     gsettings-desktop-schemas cinnamon-desktop-data mate-desktop-common

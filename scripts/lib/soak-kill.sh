@@ -1,4 +1,4 @@
-# A section of scripts/soak: a process that saves all stores is killed PANOREL_KILLS (1,000) times,
+# A section of scripts/soak: a process that saves stores is killed PANOREL_KILLS (1,000) times,
 # at moments that PANOREL_KILLS_SEED decides. Sourced.
 
 soak_kill() {
