@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <map>
-#include <ranges>
 #include <set>
 
 namespace Panorel {
@@ -49,8 +48,10 @@ public:
 
     std::vector<Screen> screens() override
     {
-        const auto all = std::views::transform(displays, &Display::screen);
-        return {all.begin(), all.end()};
+        std::vector<Screen> screens;
+        for (const Display &display : displays)
+            screens.push_back(display.screen);
+        return screens;
     }
     DisplayIdentity identity(DisplayNumber number) override
     {
