@@ -141,7 +141,11 @@ void DesktopSession::activateAndWait(const TestClient &client)
     };
     // Asked for again where it does not hold: a program that has just started may still raise
     // itself once more.
-    require([&] { return probe.activate(window), waitUntil(isDone, 2'000); }, "a window in front");
+    const auto activate = [&] {
+        probe.activate(window);
+        return waitUntil(isDone, 2'000);
+    };
+    require(activate, "a window in front");
 }
 
 } // namespace Panorel::Desktop

@@ -34,15 +34,14 @@ enum { cmdKey = 1 << 8, shiftKey = 1 << 9, optionKey = 1 << 11, controlKey = 1 <
 extern "C" {
 
 EventTargetRef GetEventDispatcherTarget();
-OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler, unsigned long typeCount,
-                             const EventTypeSpec *types, void *userData,
+OSStatus InstallEventHandler(EventTargetRef target, EventHandlerUPP handler,
+                             unsigned long typeCount, const EventTypeSpec *types, void *userData,
                              EventHandlerRef *installed);
 OSStatus RemoveEventHandler(EventHandlerRef handler);
 OSStatus RegisterEventHotKey(UInt32 keyCode, UInt32 modifiers, EventHotKeyID id,
                              EventTargetRef target, UInt32 options, EventHotKeyRef *registered);
 OSStatus UnregisterEventHotKey(EventHotKeyRef hotKey);
-OSStatus GetEventParameter(EventRef event, OSType name, OSType type,
-                           OSType *actualType, unsigned long size, unsigned long *actualSize,
-                           void *data);
+OSStatus GetEventParameter(EventRef event, OSType name, OSType type, OSType *actualType,
+                           unsigned long size, unsigned long *actualSize, void *data);
 
 } // extern "C"
