@@ -71,9 +71,6 @@ void measure(Results &results, const QString &manager, int count, int rounds)
         qFatal("the learned desk was not written");
 
     for (int round = -2; round < rounds * 2; ++round) { // some to warm up
-        // A pass takes what was read a moment before, and there was none for 90 seconds.
-        std::this_thread::sleep_for(std::chrono::milliseconds(150));
-        QCoreApplication::processEvents();
         const auto add = [&](const char *way, const char *measure, double value) {
             if (round >= 0)
                 results.add({QStringLiteral("learn"), manager, count, QLatin1String(way),
@@ -81,6 +78,9 @@ void measure(Results &results, const QString &manager, int count, int rounds)
                             value);
         };
         const auto time = [&](const char *way, const auto &work) {
+            // A pass takes what was read a moment before, and there was none for 90 seconds.
+            std::this_thread::sleep_for(std::chrono::milliseconds(150));
+            QCoreApplication::processEvents();
             const RequestCount sent = RequestCount::now();
             const TimePoint start = std::chrono::steady_clock::now();
             work();

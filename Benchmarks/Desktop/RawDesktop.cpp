@@ -201,23 +201,28 @@ void RawDesktop::readEverything() const
     const auto desktop = ask(m_connection, m_root, atom("_NET_CURRENT_DESKTOP"));
     const auto windows = collect(m_connection, stacking);
     xcb_discard_reply(m_connection, mapping.sequence);
-    std::vector<xcb_get_geometry_cookie_t> sizes;
-    std::vector<xcb_translate_coordinates_cookie_t> origins;
-    std::vector<xcb_get_property_cookie_t> properties;
+    struct Asked {
+        xcb_get_geometry_cookie_t size;
+        xcb_translate_coordinates_cookie_t origin;
+        std::array<xcb_get_property_cookie_t, learnedProperties.size()> properties;
+    };
+    std::vector<Asked> asked;
     for (const xcb_window_t window : windows) {
-        sizes.push_back(xcb_get_geometry(m_connection, window));
-        origins.push_back(xcb_translate_coordinates(m_connection, window, m_root, 0, 0));
-        for (const char *name : learnedProperties)
-            properties.push_back(ask(m_connection, window, atom(name)));
+        Asked &one = asked.emplace_back();
+        one.size = xcb_get_geometry(m_connection, window);
+        one.origin = xcb_translate_coordinates(m_connection, window, m_root, 0, 0);
+        for (std::size_t i = 0; i < learnedProperties.size(); ++i)
+            one.properties[i] = ask(m_connection, window, atom(learnedProperties[i]));
     }
     collect(m_connection, desktop);
-    for (const auto &cookie : sizes)
-        Reply<xcb_get_geometry_reply_t>(xcb_get_geometry_reply(m_connection, cookie, nullptr));
-    for (const auto &cookie : origins)
+    // Collected as sent: what comes out of turn has xcb search through all that waits.
+    for (const Asked &one : asked) {
+        Reply<xcb_get_geometry_reply_t>(xcb_get_geometry_reply(m_connection, one.size, nullptr));
         Reply<xcb_translate_coordinates_reply_t>(
-            xcb_translate_coordinates_reply(m_connection, cookie, nullptr));
-    for (const auto &cookie : properties)
-        Reply<xcb_get_property_reply_t>(xcb_get_property_reply(m_connection, cookie, nullptr));
+            xcb_translate_coordinates_reply(m_connection, one.origin, nullptr));
+        for (const auto &cookie : one.properties)
+            Reply<xcb_get_property_reply_t>(xcb_get_property_reply(m_connection, cookie, nullptr));
+    }
 }
 
 void RawDesktop::rest()

@@ -118,13 +118,17 @@ private:
     PropertyRequest m_name;
 };
 
+PropertyRequest requestCurrentDesktop(const XConnection &connection)
+{
+    return {connection, connection.root(), connection.atom("_NET_CURRENT_DESKTOP")};
+}
+
 } // namespace
 
 std::vector<std::optional<ClientReading>>
 ClientReader::read(const std::vector<xcb_window_t> &windows) const
 {
-    PropertyRequest currentDesktop(m_connection, m_connection.root(),
-                                   m_connection.atom("_NET_CURRENT_DESKTOP"));
+    PropertyRequest currentDesktop = requestCurrentDesktop(m_connection);
     std::vector<PendingReading> pending;
     pending.reserve(windows.size());
     for (const xcb_window_t window : windows)
@@ -141,16 +145,21 @@ ClientReader::read(const std::vector<xcb_window_t> &windows) const
 std::vector<ClientReader::Titled>
 ClientReader::readWithTitles(const std::vector<xcb_window_t> &windows) const
 {
-    // Sent before the readings, and so answered by the time they are.
-    std::vector<PendingTitle> titles;
-    titles.reserve(windows.size());
+    PropertyRequest currentDesktop = requestCurrentDesktop(m_connection);
+    std::vector<std::pair<PendingReading, PendingTitle>> pending;
+    pending.reserve(windows.size());
     for (const xcb_window_t window : windows)
-        titles.emplace_back(m_connection, window);
-    auto readings = read(windows);
+        pending.emplace_back(PendingReading(m_connection, window),
+                             PendingTitle(m_connection, window));
+
+    // Collected as sent: what comes out of turn has xcb search through all that waits.
+    const auto desktop = currentDesktop.collect().value32();
     std::vector<Titled> titled;
     titled.reserve(windows.size());
-    for (std::size_t i = 0; i < windows.size(); ++i)
-        titled.emplace_back(std::move(readings[i]), titles[i].collect());
+    for (auto &[reading, title] : pending) {
+        auto collected = reading.collect(desktop);
+        titled.emplace_back(std::move(collected), title.collect());
+    }
     return titled;
 }
 
