@@ -139,9 +139,11 @@ void DesktopFaultsTest::withoutADescriptorItGoesOn()
     Desk desk;
     desk.scatter();
     setDescriptorLimit(desk.program->processID(), nextDescriptor(desk.program->processID()));
-    // The log may have no descriptor either.
-    require([&] { return desk.keyboard.press(restoreKey), desk.frames() == desk.before; },
-            "a restored desk");
+    const auto isRestored = [&] { // the log may have no descriptor either
+        desk.keyboard.press(restoreKey);
+        return desk.frames() == desk.before;
+    };
+    require(isRestored, "a restored desk");
     desk.program->awaitRest();
     setDescriptorLimit(desk.program->processID(), 1024);
     desk.program->pressUntilLogged(desk.keyboard, saveKey, "hotkey: layout saved (3 windows)");

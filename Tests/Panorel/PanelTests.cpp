@@ -105,33 +105,10 @@ private Q_SLOTS:
         QCOMPARE(panel.pressed, expected);
     }
 
-    void keysReachWhatTheyShow()
-    {
-        for (const auto &[keys, action] :
-             {std::pair(QKeyCombination(Qt::Key_Return), "Restore Now"),
-              {Qt::CTRL | Qt::Key_L, "Layouts…"},
-              {Qt::CTRL | Qt::Key_Comma, "Settings…"},
-              {Qt::CTRL | Qt::Key_Q, "Quit Panorel"},
-              {Qt::Key_Escape, "opening"}}) {
-            Panel panel;
-            panel.open();
-            QTRY_COMPARE(panel.view().focused(), QStringLiteral("Restore Now"));
-            panel.view().press(keys.key(), keys.keyboardModifiers());
-            QTRY_COMPARE(panel.controller.isOpen(), keys == QKeyCombination(Qt::Key_Return));
-            QCOMPARE(panel.pressed.last(), QString::fromUtf8(action));
-        }
-    }
-
     void theTextsSayHowThingsStand()
     {
         Panel panel;
         panel.open();
-        panel.model.setDisplays({});
-        panel.model.setLastAction(QStringLiteral("Put back 12 windows"));
-        QCOMPARE(panel.text("deskName"), QStringLiteral("Office"));
-        QCOMPARE(panel.text("displayNames"), QStringLiteral("No displays detected"));
-        QCOMPARE(panel.text("lastAction"), QStringLiteral("Put back 12 windows"));
-        QCOMPARE(panel.text("status"), QStringLiteral("12 windows remembered"));
         panel.prefs.setEnabled(false);
         QCOMPARE(panel.text("status"), QStringLiteral("Panorel is off"));
         panel.model.setIsStashed(true);
@@ -166,6 +143,9 @@ private Q_SLOTS:
         panel.open();
         QCOMPARE(panel.pressed.size(), 2); // twice "opening"
         QVERIFY(panel.prefs.tipDismissed() && !panel.offers("Set one"));
+        QTRY_COMPARE(panel.view().focused(), QStringLiteral("Restore Now"));
+        panel.view().press(Qt::Key_Escape);
+        QTRY_VERIFY(!panel.controller.isOpen());
     }
 
     void aPanelHigherThanTheScreenScrolls()
@@ -184,11 +164,9 @@ private Q_SLOTS:
     {
         Panel panel;
         InMemoryStatusItem &button = panel.platform.menuBarItem;
-        std::optional<StatusItemController> controller;
-        controller.emplace(panel.model, panel.controller, panel.platform.shell(), &button,
-                           [](const QPoint &) { return QRect(0, 25, 1920, 1055); });
-        panel.model.setDeskName(QStringLiteral("Home"));
-        QTRY_COMPARE(button.toolTip, QStringLiteral("Panorel: Home"));
+        const StatusItemController controller(
+            panel.model, panel.controller, panel.platform.shell(), &button,
+            [](const QPoint &) { return QRect(0, 25, 1920, 1055); });
         button.frame = Rect{900.5, 0, 24, 24.5};
         button.press();
         // The window as it was asked for: centred below the button, rounded outwards.
@@ -200,8 +178,6 @@ private Q_SLOTS:
         button.frame.reset(); // no screen: the panel shows all the same
         button.press();
         QVERIFY(panel.controller.isOpen());
-        controller.reset();
-        QVERIFY(!button.isShown());
     }
 
     void thePanelOpensOnTheInnerSideOfTheBar()
@@ -209,24 +185,18 @@ private Q_SLOTS:
         const QRect belowBar(0, 24, 1920, 1056);
         const QRect aboveBar(0, 0, 1920, 1050);
         const QRect rightOfBar(48, 0, 1872, 1080);
-        const QRect leftOfBar(0, 0, 1872, 1080);
         const QRect left(-1920, -1056, 1920, 1056);
-        const QRect low(0, 24, 1920, 300);
         const struct {
             const char *name;
             PanelAnchor anchor;
             QRect expected; // of a panel of 320 x 400
         } rows[] = {
             {"centred below it", {QRect(900, 0, 30, 24), belowBar, {}}, {755, 30, 320, 400}},
-            {"near the right edge", {QRect(1880, 0, 24, 24), belowBar, {}}, {1592, 30, 320, 400}},
             {"at the bottom", {QRect(900, 1052, 30, 24), aboveBar, {}}, {755, 644, 320, 400}},
             {"at the left", {QRect(4, 1040, 40, 30), rightOfBar, {}}, {54, 672, 320, 400}},
-            {"at the right", {QRect(1876, 10, 40, 30), leftOfBar, {}}, {1546, 8, 320, 400}},
             {"left of the first", {QRect(-60, -1080, 24, 24), left, {}}, {-328, -1050, 320, 400}},
-            {"higher than the screen", {QRect(900, 0, 30, 24), low, {}}, {755, 30, 320, 284}},
             {"pointer in a bar above", {{}, belowBar, QPoint(1900, 12)}, {1592, 32, 320, 400}},
-            {"neither button nor pointer", {{}, belowBar, {}}, {1592, 32, 320, 400}},
-            {"smaller than the panel", {{}, QRect(0, 0, 200, 100), {}}, {8, 8, 320, 84}}};
+            {"neither button nor pointer", {{}, belowBar, {}}, {1592, 32, 320, 400}}};
         for (const auto &[name, anchor, expected] : rows)
             QVERIFY2(panelFrame(anchor, {320, 400}) == expected, name);
     }
@@ -245,27 +215,19 @@ private Q_SLOTS:
 
     void allOfItShows()
     {
-        for (const QByteArray language : {"en", "de"}) {
-            installTranslations(*qApp, {QString::fromLatin1(language)});
-            Panel panel;
-            PanelWindow &window = panel.open(); // while it is open: all of it is followed at once
-            const auto photograph = [&](const QByteArray &name) {
-                const auto *result = window.findChild<QLabel *>(QStringLiteral("lastAction"));
-                panel.view().photograph("panel-" + name + language, [&] {
-                    const bool isFadedIn = !result->graphicsEffect();
-                    return isFadedIn && window.size() == window.sizeHint()
-                           && panel.view().shown<QScrollBar>().isEmpty();
-                });
-            };
-            panel.model.setScenes({scene("Präsentation für den Aufsichtsrat im großen Sitzungssaal",
-                                         HotKeyCombo{18, HotKeyCombo::command})});
-            panel.model.setLastAction(QStringLiteral("Put back 11 of 12 windows"));
-            panel.model.setCanUndo(true);
-            photograph("scenes-");
-            panel.model.setHasPermission(false);
-            panel.model.setIsPermissionGrantedByUser(false);
-            photograph("no-window-manager-");
-        }
+        installTranslations(*qApp, {QStringLiteral("de")}); // the longest texts
+        Panel panel;
+        PanelWindow &window = panel.open(); // while it is open: all of it is followed at once
+        panel.model.setScenes({scene("Präsentation für den Aufsichtsrat im großen Sitzungssaal",
+                                     HotKeyCombo{18, HotKeyCombo::command})});
+        panel.model.setLastAction(QStringLiteral("Put back 11 of 12 windows"));
+        panel.model.setCanUndo(true);
+        panel.view().photograph("panel", [&] {
+            const auto *result = window.findChild<QLabel *>(QStringLiteral("lastAction"));
+            const bool isFadedIn = !result->graphicsEffect();
+            return isFadedIn && window.size() == window.sizeHint()
+                   && panel.view().shown<QScrollBar>().isEmpty();
+        });
     }
 
     void cleanup() { qDeleteAll(qApp->findChildren<QTranslator *>()); }

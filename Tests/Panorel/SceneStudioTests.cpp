@@ -91,13 +91,8 @@ class SceneStudioTests : public QObject {
 private Q_SLOTS:
     void aBoxFollowsThePointer()
     {
-        for (const auto &[size, hasDisplays] : {std::pair(QSize(420, 360), true),
-                                                {QSize(2400, 1500), true},
-                                                {QSize(960, 640), false}}) {
-            Studio studio;
-            if (!hasDisplays)
-                studio.scene.layout.displays.clear();
-            studio.open();
+        for (const QSize &size : {QSize(420, 360), QSize(2400, 1500)}) {
+            OpenStudio studio;
             studio.view->resize(size);
             QTRY_COMPARE(studio.canvas().width(), size.width());
             const QTransform transform = studio.canvas().transform();
@@ -151,7 +146,6 @@ private Q_SLOTS:
             {"out of reach", whole, {-180, 0}, 10, {20, 200, 600, 400}},
             {"upper left", upperLeft, {-15.3, 9}, 0, {185, 209, 615, 391}},
             {"upper left, to the smallest", upperLeft, {900, 900}, 0, {600, 450, 200, 150}},
-            {"top, beyond the displays", Qt::TopEdge, {0, -900}, 0, {200, 0, 600, 600}},
         };
         for (const auto &row : rows) {
             OpenStudio studio;
@@ -161,21 +155,6 @@ private Q_SLOTS:
             QVERIFY2(*studio.frame(0) == row.expected, row.name);
             QVERIFY2(gesture.guides() == row.guides, row.name);
         }
-    }
-
-    void altSuspendsSnappingWhileItIsHeld()
-    {
-        OpenStudio studio;
-        const QPoint from = studio.at(500, 400);
-        studio.press(from);
-        studio.moveTo(from + (studio.at(0, 0) - studio.at(200, 0)) + QPoint(3, 0));
-        QCOMPARE(studio.frame(0)->x, 0.0);
-        QTest::keyPress(&studio.canvas(), Qt::Key_Alt);
-        QVERIFY(studio.frame(0)->x > 5);
-        QTest::keyRelease(&studio.canvas(), Qt::Key_Alt);
-        QCOMPARE(studio.frame(0)->x, 0.0);
-        QTest::keyClick(&studio.canvas(), Qt::Key_Escape);
-        QVERIFY(*studio.frame(0) == notesPlace && !studio.canUndo());
     }
 
     void thePressTakesTheFrontmostBoxAndTheSelectedOnesEdges()
@@ -221,12 +200,13 @@ private Q_SLOTS:
         OpenStudio studio;
         studio.drag(studio.at(500, 400), {40, 30});
         const std::optional<Rect> dragged = studio.frame(0);
-        QTest::keyPress(&studio.canvas(), Qt::Key_Right);
-        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Right, {}, {}, true);
-        QCoreApplication::sendEvent(&studio.canvas(), &repeated);
-        QTest::keyRelease(&studio.canvas(), Qt::Key_Right);
+        const QPoint from = studio.at(540, 430);
+        studio.press(from);
+        studio.moveTo(from + QPoint(50, 0));
+        QTest::keyClick(&studio.canvas(), Qt::Key_Escape); // none
+        QCOMPARE(studio.frame(0), dragged);
+        QTest::keyClick(&studio.canvas(), Qt::Key_Right);
         const std::optional<Rect> nudged = studio.frame(0);
-        QCOMPARE(nudged->x, dragged->x + 2);
         studio.click("Remove window");
         for (const auto &step : {nudged, dragged, std::optional(notesPlace)}) {
             studio.undo();
@@ -254,33 +234,22 @@ private Q_SLOTS:
         }
         OpenStudio studio;
         studio.drag(studio.at(500, 400), {40, 30});
+        const std::optional<Rect> edited = studio.frame(0);
+        studio.open(); // shows what is open as it is
+        QCOMPARE(studio.frame(0), edited);
         studio.undo();
         studio.key(Qt::Key_Escape);
         QTRY_VERIFY(studio.view.isNull());
-    }
-
-    void aSceneThatIsOpenIsShownAsItIs()
-    {
-        OpenStudio studio;
-        studio.drag(studio.at(500, 400), {40, 30});
-        const QPointer<SceneStudioWindow> first = studio.view;
-        studio.open();
-        QCOMPARE(studio.view, first);
-        QVERIFY(*studio.frame(0) != notesPlace);
     }
 
     void anEmptySceneSaysHowToBegin()
     {
         Studio studio;
         studio.scene.layout.windows.clear();
-        studio.platform.desktop.launch(QStringLiteral("shop"), QStringLiteral("Saw & \n Sons"));
         studio.open();
         QVERIFY(!studio.canvas().isVisible());
-        studio.probe().photograph("studio-empty");
         studio.click("Add application");
-        auto *menu = studio.view->findChild<QMenu *>();
-        QCOMPARE(menu->actions().last()->text(), QStringLiteral("Saw && Sons"));
-        menu->actions().last()->trigger();
+        studio.view->findChild<QMenu *>()->actions().last()->trigger();
         QVERIFY(studio.canvas().isVisible());
         QCOMPARE(studio.canvas().selected(), 0);
     }
@@ -290,16 +259,11 @@ private Q_SLOTS:
         Studio studio;
         auto &windows = studio.scene.layout.windows;
         windows.push_back(window("Browser", "Übersicht – Maßnahmen", {60, 60, 1000, 780}));
-        windows.push_back(window("Player", "", {2780, 40, 200, 150}));
         studio.open();
-        const QPoint end = studio.at(1137, 450);
         studio.press(studio.at(500, 400));
         studio.moveTo(studio.at(940, 398));
-        studio.moveTo(end);
+        studio.moveTo(studio.at(1137, 450));
         studio.probe().photograph("studio-drag");
-        studio.release(end);
-        studio.view->close();
-        ViewProbe{*studio.question()}.photograph("studio-ask");
     }
 };
 

@@ -131,19 +131,6 @@ private Q_SLOTS:
         QVERIFY(folders.read().empty());
     }
 
-    void calendarsAreThereWhenAFolderHoldsOne()
-    {
-        Folders folders;
-        const auto isThere = [&] {
-            folders.data.clock.advance(1min);
-            return folders.port.authorization() == CalendarAuthorization::FullAccess;
-        };
-        folders.write(u"readme.txt"_qs, "x");
-        QVERIFY(!isThere());
-        folders.write(u"work/a.ICS"_qs, "x");
-        QTRY_VERIFY(isThere());
-    }
-
     void aFileThatCannotBeReadIsReportedOnce();
 
     void onlyFilesAreOpenedAndNoFolderTwice()
@@ -155,7 +142,6 @@ private Q_SLOTS:
         QCOMPARE(mkfifo(qPrintable(folders.path(u"pipe.ics"_qs)), 0600), 0);
         QVERIFY(QFile::link(u"/dev/zero"_qs, folders.path(u"zero.ics"_qs)));
         QVERIFY(QFile::link(folders.path(u"pipe.ics"_qs), folders.path(u"linked.ics"_qs)));
-        QVERIFY(QFile::link(u"/nowhere.ics"_qs, folders.path(u"gone.ics"_qs)));
         QVERIFY(QFile::link(folders.path({}), folders.path(u"work/loop"_qs)));
         QDir().mkpath(folders.path(u"folder.ics"_qs));
         QCOMPARE(folders.summary(), {u"a 0513T093000"_qs});
@@ -167,19 +153,13 @@ private Q_SLOTS:
         Folders folders;
         folders.write(u"a.ics"_qs,
                       calendar(vevent("SUMMARY:Tick DTSTART:19700101T000000 RRULE:FREQ=SECONDLY")
-                               + vevent("RRULE:FREQ=SECONDLY;COUNT=2000000000 SUMMARY:Count "
-                                        "DTSTART:19700101T000000")
-                                     .replace("UID:a", "UID:b")
-                               + vevent("DTSTART:20240513T093000Z").replace("UID:a", "UID:c")));
+                               + vevent("DTSTART:20240513T093000Z").replace("UID:a", "UID:b")));
         const std::clock_t begin = std::clock(); // what others have the machine do does not count
         const auto events = folders.read();
         QCOMPARE(events.size(), 1001U);
         folders.read();
         QVERIFY2(std::clock() - begin < 20 * CLOCKS_PER_SEC, "bounded work");
-        QStringList logged = folders.data.logged();
-        logged.sort();
-        QCOMPARE(logged, QStringList({u"calendar: “Count” repeats too often to be followed"_qs,
-                                      u"calendar: “Tick” repeats too often to be followed"_qs}));
+        QCOMPARE(folders.data.logged(), {u"calendar: “Tick” repeats too often to be followed"_qs});
     }
 };
 
@@ -196,9 +176,7 @@ void CalendarTests::theEventsOfTheHourAreFound()
         {"a known zone", vevent("DTSTART;TZID=America/New_York:20240513T053000")},
         {"a zone by its name in Windows",
          vevent("DTSTART;TZID=Tokyo_Standard_Time:20240513T183000").replace('_', ' ')},
-        {"a zone of the calendar's own, in summer",
-         officeZone + vevent("DTSTART;TZID=Office:20240513T113000")},
-        {"the same, from winter on",
+        {"a zone of the calendar's own, from winter on",
          officeZone + vevent("DTSTART;TZID=Office:20240101T113000 RRULE:FREQ=WEEKLY"),
          "a/20240513T093000Z 0513T093000"},
         {"a day", vevent("DTSTART;VALUE=DATE:20240513"), "a 0512T220000"},
@@ -224,9 +202,6 @@ void CalendarTests::theEventsOfTheHourAreFound()
          vevent(everyDay)
              + vevent("RECURRENCE-ID:20240513T093000Z DTSTART:20240513T093000Z STATUS:CANCELLED"),
          ""},
-        {"an occurrence without its series",
-         vevent("RECURRENCE-ID:20240513T093000Z DTSTART:20240513T094000Z"),
-         "a/20240513T093000Z 0513T094000"},
         {"a broken event does not hide the next",
          "BEGIN:VEVENT\nUID:broken\nBEGIN:VALARM\n" + vevent("DTSTART:20240513T093000Z")},
         {"a line of megabytes is left out",
@@ -244,23 +219,15 @@ void CalendarTests::theEventsOfTheHourAreFound()
 void CalendarTests::repeatingEventsOccurWhenTheirRuleSays()
 {
     const std::tuple<const char *, const char *, const char *> rows[] = {
-        {"20240513T093000Z", "FREQ=DAILY;COUNT=3", "0513 0514 0515"},
-        {"19700101T093000Z", "FREQ=DAILY;INTERVAL=100", "0626 1004 0112 0422"},
         {"20240513T093000Z", "FREQ=DAILY;UNTIL=20240515T092959Z", "0513 0514"},
-        {"20240513T093000Z", "FREQ=DAILY;INTERVAL=2;COUNT=3;BYDAY=MO,TU,WE,TH,FR",
-         "0513 0515 0517"},
         {"20240514T093000Z", "FREQ=WEEKLY;INTERVAL=2;COUNT=4;BYDAY=TU,SU;WKST=MO",
          "0514 0519 0528 0602"},
         {"20240514T093000Z", "FREQ=WEEKLY;INTERVAL=2;COUNT=4;BYDAY=TU,SU;WKST=SU",
          "0514 0526 0528 0609"},
         {"20240531T093000Z", "FREQ=MONTHLY;COUNT=3", "0531 0731 0831"},
-        {"20240531T093000Z", "FREQ=MONTHLY;COUNT=3;BYDAY=-1FR", "0531 0628 0726"},
-        {"20240531T093000Z", "FREQ=MONTHLY;COUNT=3;BYMONTHDAY=-1", "0531 0630 0731"},
         {"20240531T093000Z", "FREQ=MONTHLY;COUNT=3;BYDAY=MO,TU,WE,TH,FR;BYSETPOS=-1",
          "0531 0628 0731"},
         {"20200229T093000Z", "FREQ=YEARLY", ""},
-        {"20240520T093000Z", "FREQ=YEARLY;BYDAY=20MO", "0520 0519"},
-        {"20230101T093000Z", "FREQ=YEARLY;BYYEARDAY=-1,200", "0718 1231"},
         {"20240513T093000Z", "FREQ=SECONDLY;BYMONTH=2;BYMONTHDAY=30", "0513"},
     };
     for (const auto &[start, rule, expected] : rows) {
@@ -284,7 +251,6 @@ void CalendarTests::aFileThatCannotBeReadIsReportedOnce()
     const QString broken = u"is not a whole calendar"_qs;
     const std::pair<QByteArray, QString> rows[] = {
         {QByteArray(), broken},
-        {QByteArray("\x00\xFF\x1B%PDF", 7), broken},
         {calendar(vevent("DTSTART:20240513T093000Z")).chopped(30), broken},
         {"BEGIN:VCALENDAR\n" + deep, broken},
         {calendar(vevent("DTSTART:20249999T999999Z")), u"holds 1 events that can't be read"_qs},
@@ -301,9 +267,6 @@ void CalendarTests::aFileThatCannotBeReadIsReportedOnce()
         }
         const QString line = u"calendar: %1 %2"_qs.arg(folders.path(name), problem);
         QCOMPARE(folders.data.logged(), {line});
-        folders.write(name, text + "x");
-        folders.read();
-        QCOMPARE(folders.data.logged().size(), 2);
     }
 }
 
