@@ -103,7 +103,7 @@ void StashController::hideApplications(const std::set<ProcessIdentifier> &coming
 
 void StashController::unstash(const QString &configID, bool alsoRestoreSize)
 {
-    Return &coming = m_return.emplace();
+    Return &coming = m_return.emplace(Return{});
     coming.arrangement = *std::exchange(m_stashed, std::nullopt);
     coming.alsoRestoreSize = alsoRestoreSize;
     // A window that has the focus now is one that the user went on working in.
