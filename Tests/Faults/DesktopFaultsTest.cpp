@@ -71,6 +71,7 @@ class DesktopFaultsTest : public QObject {
 private Q_SLOTS:
     void theWindowManagerMayGoAndComeBack();
     void theSessionBusMayGo();
+    void theSessionBusMayHang();
     void aStormOfTitlesHoldsUpNothing();
     void aProgramThatHangsHoldsUpNoOther();
     void withoutADescriptorItGoesOn();
@@ -88,13 +89,27 @@ void DesktopFaultsTest::theWindowManagerMayGoAndComeBack()
     desk.program->endCleanly(SIGTERM);
 }
 
+// In both the program rests before: until its event loop runs the toolkit waits for the bus.
+
 void DesktopFaultsTest::theSessionBusMayGo()
 {
     auto bus = std::make_unique<SessionBus>();
     Desk desk(bus->address());
+    desk.program->awaitRest();
     bus.reset();
     desk.checkRestore();
     desk.program->endCleanly(SIGTERM);
+}
+
+void DesktopFaultsTest::theSessionBusMayHang()
+{
+    SessionBus bus;
+    Desk desk(bus.address());
+    desk.program->awaitRest();
+    bus.stop();
+    desk.checkRestore();
+    desk.program->endCleanly(SIGTERM);
+    bus.goOn();
 }
 
 void DesktopFaultsTest::aStormOfTitlesHoldsUpNothing()

@@ -3,6 +3,8 @@
 #include <QProcess>
 #include <QStringList>
 
+#include <csignal>
+
 namespace Panorel::Desktop {
 
 /// A program that the test started and that never outlives it: it is ended by the destructor, and
@@ -49,7 +51,13 @@ public:
 
     const QString &address() const { return m_address; }
 
+    /// Answers nothing in between.
+    void stop() { send(SIGSTOP); }
+    void goOn() { send(SIGCONT); }
+
 private:
+    void send(int signal) { ::kill(static_cast<pid_t>(m_daemon.processID()), signal); }
+
     ChildProcess m_daemon;
     QString m_address;
 };

@@ -1,6 +1,7 @@
 #include "Panorel/Bus/Present/BusService.h"
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QJsonDocument>
 
 namespace Panorel {
@@ -22,20 +23,31 @@ QString errorName(ExitStatus status)
     }
 }
 
+/// Nobody waits for the answer: a bus that hangs, or goes just then, would hold up the program.
+void tellBus(const char *method, const QVariantList &arguments)
+{
+    const QString bus = QStringLiteral("org.freedesktop.DBus");
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        bus, QStringLiteral("/org/freedesktop/DBus"), bus, QLatin1String(method));
+    message.setArguments(arguments);
+    QDBusConnection::sessionBus().send(message);
+}
+
 } // namespace
 
 BusService::BusService(SessionBus::Service service) : m_service(std::move(service))
 {
     new CommandsAdaptor(*this);
     new ApplicationAdaptor(*this);
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (bus.registerObject(path, this))
-        bus.registerService(name); // last: who starts us by it finds the object
+    // The object first: who starts us by the name finds it.
+    constexpr quint32 withoutQueueing = 4;
+    if (QDBusConnection::sessionBus().registerObject(path, this))
+        tellBus("RequestName", {name, withoutQueueing});
 }
 
 BusService::~BusService()
 {
-    QDBusConnection::sessionBus().unregisterService(name);
+    tellBus("ReleaseName", {name});
     QDBusConnection::sessionBus().unregisterObject(path);
 }
 

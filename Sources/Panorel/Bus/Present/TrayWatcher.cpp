@@ -23,9 +23,11 @@ TrayWatcher::TrayWatcher(std::function<void()> ready)
     : m_ready(std::move(ready)), m_serviceWatcher(service, QDBusConnection::sessionBus(),
                                                   QDBusServiceWatcher::WatchForRegistration)
 {
-    QDBusConnection::sessionBus().connect(service, path, service,
+    // From any sender: to find out whose the service is would wait for the bus. A wrong one only
+    // has us ask.
+    QDBusConnection::sessionBus().connect(QString(), path, service,
                                           QStringLiteral("StatusNotifierHostRegistered"), this,
-                                          SLOT(hostRegistered()));
+                                          SLOT(askForHost()));
     connect(&m_serviceWatcher, &QDBusServiceWatcher::serviceRegistered, this,
             &TrayWatcher::askForHost);
     m_limit.setSingleShot(true);
@@ -49,11 +51,6 @@ void TrayWatcher::askForHost()
         if (reply.isValid() && reply.value().variant().toBool())
             finish();
     });
-}
-
-void TrayWatcher::hostRegistered()
-{
-    finish();
 }
 
 void TrayWatcher::finish()

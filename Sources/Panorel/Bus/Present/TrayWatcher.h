@@ -18,10 +18,9 @@ public:
     explicit TrayWatcher(std::function<void()> ready);
 
 private Q_SLOTS:
-    void hostRegistered();
+    void askForHost();
 
 private:
-    void askForHost();
     void finish();
 
     std::function<void()> m_ready;
