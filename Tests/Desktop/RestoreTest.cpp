@@ -64,6 +64,7 @@ private Q_SLOTS:
     void whatHasJustMovedIsLearnedAsItIsNow();
     void whatNoticesLateThatItIsNoLongerMaximisedStaysInPlace();
     void aBusyManagerIsAskedOnce();
+    void aManagerBehindAChangeOfTheDisplaysIsWaitedFor();
     void aLateAnswerToASecondRequestMovesNoWindow();
     void hostileTitlesAreKeptAndMatched();
     void withoutAWindowManagerNothingIsTouched();
@@ -275,6 +276,31 @@ void RestoreTest::aLateAnswerToASecondRequestMovesNoWindow()
     // Whoever moves it further means it.
     session.moveAndWait(client, {700, 450, 450, 350});
     QVERIFY(probe.restingFrame(client.window()) != home);
+}
+
+void RestoreTest::aManagerBehindAChangeOfTheDisplaysIsWaitedFor()
+{
+    using namespace std::chrono_literals;
+    EngineSession session(managerOfThisRun());
+    const TestClient &client = session.open(ClientKind::Plain, "client", {2300, 100, 640, 420});
+    const TestClient &marker = session.open(ClientKind::Plain, "marker", {100, 600, 400, 300});
+    const Layout learned = session.capture();
+    const QStringList before = session.frames();
+    const auto manager = static_cast<pid_t>(session.manager->processID());
+    kill(manager, SIGSTOP);
+    session.server.plug({{.output = 0}});
+    session.server.plug(sideBySide());
+    // What the manager will do about the first change.
+    session.probe.move(client.window(), {380, 100, 640, 420});
+    std::thread later([&] {
+        std::this_thread::sleep_for(300ms); // everything is in place so far
+        kill(manager, SIGCONT);
+    });
+    QCOMPARE(session.restore(learned).restored, 2);
+    later.join();
+    session.moveAndWait(marker, {100, 300, 400, 300}); // the manager has come to all
+    session.moveAndWait(marker, {100, 600, 400, 300});
+    QTRY_COMPARE(session.frames(), before);
 }
 
 void RestoreTest::hostileTitlesAreKeptAndMatched()

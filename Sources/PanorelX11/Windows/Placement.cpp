@@ -28,8 +28,8 @@ constexpr auto shadowPatience = 1200ms;
 constexpr auto patienceWithoutShadow = 400ms;
 /// Decorations follow a change of state a little later.
 constexpr auto stateChangeCalm = 40ms;
-/// After this long a maximised window that does not fill the work area never will: the window
-/// manager sees another one.
+/// Where the window manager comes to a request at once: after this long a maximised window that
+/// does not fill the work area never will, as the window manager sees another one.
 constexpr auto maximizedCalm = 300ms;
 
 constexpr int requestsForSize = 3;
@@ -251,8 +251,7 @@ void Placement::judgeMaximizing(const ClientReading &reading, TimePoint now)
 {
     const PixelRect frame = reading.geometry.visibleFrame();
     if (reading.isMaximized() && hasCentreOf(*m_area, frame)) {
-        const auto calm =
-            fills(reading.geometry, *m_area) ? calmTime(reading) : m_stableSince + maximizedCalm;
+        const auto calm = fills(reading.geometry, *m_area) ? calmTime(reading) : calmOutsideArea();
         if (now >= calm)
             m_phase = Phase::Done;
         else
@@ -336,6 +335,16 @@ bool Placement::isAlreadyThere(const ClientReading &reading) const
     if (m_area)
         return reading.isMaximized() && fills(reading.geometry, *m_area);
     return isPositionRight(reading) && isSizeRight(reading);
+}
+
+Placement::TimePoint Placement::calmOutsideArea() const
+{
+    if (!m_handled)
+        return TimePoint::max();
+    // A window manager that was long in coming to it may be as long between state and frame.
+    const auto slowness = (*m_handled - m_sent) * 4;
+    return std::max(m_stableSince, *m_handled)
+           + std::max<TimePoint::duration>(maximizedCalm, slowness);
 }
 
 Placement::TimePoint Placement::calmTime(const ClientReading &reading) const

@@ -93,6 +93,7 @@ private:
     bool isSizeRight(const ClientReading &reading) const;
     bool isAlreadyThere(const ClientReading &reading) const;
     TimePoint calmTime(const ClientReading &reading) const;
+    TimePoint calmOutsideArea() const;
 
     xcb_window_t m_window;
     PlacementTarget m_target;

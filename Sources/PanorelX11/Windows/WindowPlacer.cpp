@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace Panorel::X11 {
 
@@ -74,7 +75,19 @@ WindowPlacer::WindowPlacer(const XConnection &connection, EventPump &pump,
 
 void WindowPlacer::place(xcb_window_t window, const PlacementTarget &target)
 {
+    awaitDisplayChange();
     begin(window, target, std::chrono::steady_clock::now() + patience + noticingTime);
+}
+
+/// A window manager that still has a change of the displays before it would move windows that were
+/// found in place, or bring them from where they no longer are.
+void WindowPlacer::awaitDisplayChange()
+{
+    if (std::exchange(m_handledChanges, m_monitors.changeCount()) == m_monitors.changeCount())
+        return;
+    const ManagerFence::Number fence = m_fence.add();
+    m_fence.send();
+    m_pump.waitFor([&] { return m_fence.isPassed(fence); }, patienceWithSlowOnes);
 }
 
 void WindowPlacer::begin(xcb_window_t window, const PlacementTarget &target, TimePoint heldUntil)

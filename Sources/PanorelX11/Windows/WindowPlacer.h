@@ -15,7 +15,8 @@ namespace Panorel::X11 {
 
 /// Places windows: many at a time, each until it is in place, has gone, or its time is over.
 ///
-/// place() asks and waits for no window. What it began goes on whenever somebody waits
+/// place() asks and waits for no window, only after a change of the displays for the window manager
+/// to have come to that. What it began goes on whenever somebody waits
 /// for a frame or calls processEvents(), and ends for good with the next change of the displays,
 /// with a newer request for the window, and when the user takes hold of it.
 ///
@@ -53,6 +54,7 @@ private:
         TimePoint looked;           ///< when it was last read
     };
 
+    void awaitDisplayChange();
     void begin(xcb_window_t window, const PlacementTarget &target, TimePoint heldUntil);
     void lookAtPlaced();
     void lookAtPending();
@@ -72,6 +74,7 @@ private:
     const WindowManager &m_windowManager;
     ManagerFence &m_fence;
     Monitors &m_monitors;
+    std::uint64_t m_handledChanges = 0; ///< of the displays, that the window manager has come to
     std::map<xcb_window_t, Pending> m_pending;
     PlacementWatch m_watch;
     std::set<xcb_window_t> m_unread; ///< placed, and its frame not asked for
