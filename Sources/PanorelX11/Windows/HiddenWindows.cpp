@@ -227,6 +227,7 @@ bool HiddenWindows::bringBack(xcb_window_t window, Window &state, const ClientRe
 {
     if (!reading.isMinimized) {
         m_lastReturn = now;
+        state.phase = Phase::Returning; // one that was parked as well
         return isMoving(window, state, reading, now);
     }
     if (state.attempts > 0) {

@@ -38,6 +38,8 @@ std::vector<WindowAttributes> X11Accessibility::windows(ProcessIdentifier pid)
         if (!described[i])
             continue;
         const ClientReading &reading = described[i]->reading;
+        if (m_hidden.isUnderWay(ids[i]))
+            m_readings.take(ids[i]); // no event would tell that its animation is over
         const Rect frame = reading.geometry.visibleFrame().toRect();
         windows.push_back({std::make_shared<X11Window>(ids[i]), frame.origin(), frame.size(),
                            described[i]->title, reading.isMinimized && !m_hidden.contains(ids[i]),
