@@ -5,11 +5,38 @@
 
 #include <algorithm>
 #include <csignal>
+#include <random>
+#include <thread>
 
 using namespace Panorel;
 using namespace Panorel::Desktop;
 
-/// The program itself, and a display that is pulled out and plugged in again and again.
+namespace {
+
+/// Lets a process run for a few hundredths of every second, as on a machine that others keep busy.
+class Drowsiness {
+public:
+    explicit Drowsiness(qint64 process)
+        : m_process(static_cast<pid_t>(process)), m_thread([this](const std::stop_token &stop) {
+              std::mt19937 random(1);
+              while (!stop.stop_requested()) {
+                  kill(m_process, SIGSTOP);
+                  QTest::qSleep(int(1 + random() % 600));
+                  kill(m_process, SIGCONT);
+                  QTest::qSleep(int(1 + random() % 40));
+              }
+          })
+    {}
+
+private:
+    const pid_t m_process;
+    std::jthread m_thread;
+};
+
+} // namespace
+
+/// The program itself, and a display that is pulled out and plugged in again and again; where
+/// PANOREL_DROWSY is set, with a window manager that hardly gets to run.
 class ReplugTest : public QObject {
     Q_OBJECT
 
@@ -53,6 +80,9 @@ void ReplugTest::everyReplugBringsTheWholeDeskBack()
 
     TestProgram program;
     program.awaitLogged(1, "learned layout: 9 windows"); // all but the film and what is aside
+    std::optional<Drowsiness> drowsiness;
+    if (qEnvironmentVariableIsSet("PANOREL_DROWSY"))
+        drowsiness.emplace(desk.manager->processID());
     for (int cycle = 1; cycle <= cyclesOfThisRun(); ++cycle) {
         desk.server.plug({{.output = 0}});
         program.awaitLogged(cycle, "display settled: 1 displays");
@@ -71,6 +101,7 @@ void ReplugTest::everyReplugBringsTheWholeDeskBack()
         if (cycle % 10 == 0)
             qInfo("%d cycles", cycle);
     }
+    drowsiness.reset();
     program.endCleanly(SIGTERM);
 }
 
