@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace Panorel::X11 {
 
@@ -83,8 +82,9 @@ void WindowPlacer::place(xcb_window_t window, const PlacementTarget &target)
 /// found in place, or bring them from where they no longer are.
 void WindowPlacer::awaitDisplayChange()
 {
-    if (std::exchange(m_handledChanges, m_monitors.changeCount()) == m_monitors.changeCount())
+    if (m_handledChanges == m_monitors.changeCount())
         return;
+    m_handledChanges = m_monitors.changeCount();
     const ManagerFence::Number fence = m_fence.add();
     m_fence.send();
     m_pump.waitFor([&] { return m_fence.isPassed(fence); }, patienceWithSlowOnes);
