@@ -13,25 +13,15 @@ using namespace Panorel::Desktop;
 
 namespace {
 
-/// Lets a process run for a few hundredths of every second, as on a machine that others keep busy.
-class Drowsiness {
-public:
-    explicit Drowsiness(qint64 process)
-        : m_process(static_cast<pid_t>(process)), m_thread([this](const std::stop_token &stop) {
-              std::mt19937 random(1);
-              while (!stop.stop_requested()) {
-                  kill(m_process, SIGSTOP);
-                  QTest::qSleep(int(1 + random() % 600));
-                  kill(m_process, SIGCONT);
-                  QTest::qSleep(int(1 + random() % 40));
-              }
-          })
-    {}
-
-private:
-    const pid_t m_process;
-    std::jthread m_thread;
-};
+/// As on a machine that others keep busy.
+void keepDrowsy(const std::stop_token &end, const TestWindowManager &manager)
+{
+    std::mt19937 random(1);
+    while (!end.stop_requested()) {
+        manager.stopUntil([&] { QTest::qSleep(int(1 + random() % 600)); }).join();
+        QTest::qSleep(int(1 + random() % 40));
+    }
+}
 
 } // namespace
 
@@ -80,9 +70,9 @@ void ReplugTest::everyReplugBringsTheWholeDeskBack()
 
     TestProgram program;
     program.awaitLogged(1, "learned layout: 9 windows"); // all but the film and what is aside
-    std::optional<Drowsiness> drowsiness;
+    std::jthread drowsiness;
     if (qEnvironmentVariableIsSet("PANOREL_DROWSY"))
-        drowsiness.emplace(desk.manager->processID());
+        drowsiness = std::jthread(keepDrowsy, std::cref(*desk.manager));
     for (int cycle = 1; cycle <= cyclesOfThisRun(); ++cycle) {
         desk.server.plug({{.output = 0}});
         program.awaitLogged(cycle, "display settled: 1 displays");
@@ -101,7 +91,7 @@ void ReplugTest::everyReplugBringsTheWholeDeskBack()
         if (cycle % 10 == 0)
             qInfo("%d cycles", cycle);
     }
-    drowsiness.reset();
+    drowsiness = {};
     program.endCleanly(SIGTERM);
 }
 

@@ -237,16 +237,13 @@ void RestoreTest::aBusyManagerIsAskedOnce()
     TestClient &client = session.open(ClientKind::Plain, "client", {2300, 100, 640, 420});
     const Layout learned = session.capture();
     session.moveAndWait(client, {700, 450, 450, 350});
-    const auto manager = static_cast<pid_t>(session.manager->processID());
     MessagesToManager messages;
-    kill(manager, SIGSTOP);
-    std::thread later([&] {
+    std::jthread drawing = session.manager->stopUntil([&] {
         require([&] { return messages.countFor(client.window()) > 0; }, "a request");
-        std::this_thread::sleep_for(300ms); // a drawing window manager takes as long
-        kill(manager, SIGCONT);
+        std::this_thread::sleep_for(300ms);
     });
     QCOMPARE(session.restore(learned).restored, 1);
-    later.join();
+    drawing.join();
     QCOMPARE(messages.countFor(client.window()), 1);
 }
 
@@ -260,14 +257,10 @@ void RestoreTest::aLateAnswerToASecondRequestMovesNoWindow()
     const Layout learned = session.capture();
     const Rect home = probe.restingFrame(client.window());
     session.moveAndWait(client, {700, 450, 450, 350});
-    const auto manager = static_cast<pid_t>(session.manager->processID());
-    kill(manager, SIGSTOP);
-    std::thread later([&] {
-        std::this_thread::sleep_for(3s); // meanwhile it is asked again and again
-        kill(manager, SIGCONT);
-    });
+    // Meanwhile it is asked again and again.
+    std::jthread hanging = session.manager->stopUntil([] { std::this_thread::sleep_for(3s); });
     QCOMPARE(session.restore(learned).restored, 2);
-    later.join();
+    hanging.join();
     QCOMPARE(probe.frame(client.window()), std::optional(home));
     // As openbox answers one of the wordings for a terminal. When the marker has moved, it has.
     probe.move(client.window(), {home.x + 1, home.y + 1, home.width, home.height});
@@ -286,18 +279,13 @@ void RestoreTest::aManagerBehindAChangeOfTheDisplaysIsWaitedFor()
     const TestClient &marker = session.open(ClientKind::Plain, "marker", {100, 600, 400, 300});
     const Layout learned = session.capture();
     const QStringList before = session.frames();
-    const auto manager = static_cast<pid_t>(session.manager->processID());
-    kill(manager, SIGSTOP);
-    session.server.plug({{.output = 0}});
-    session.server.plug(sideBySide());
-    // What the manager will do about the first change.
-    session.probe.move(client.window(), {380, 100, 640, 420});
-    std::thread later([&] {
-        std::this_thread::sleep_for(300ms); // everything is in place so far
-        kill(manager, SIGCONT);
-    });
+    std::vector<Plugged> three = sideBySide();
+    three.push_back({.output = 2, .x = 3840});
+    session.server.plug(three);
+    std::jthread late = session.manager->stopUntil([] { std::this_thread::sleep_for(300ms); });
+    session.probe.move(client.window(), {380, 100, 640, 420}); // as if it were for the displays
     QCOMPARE(session.restore(learned).restored, 2);
-    later.join();
+    late.join();
     session.moveAndWait(marker, {100, 300, 400, 300}); // the manager has come to all
     session.moveAndWait(marker, {100, 600, 400, 300});
     QTRY_COMPARE(session.frames(), before);

@@ -42,6 +42,7 @@ void ChildProcess::end()
     if (!running())
         return;
     m_process.terminate();
+    ::kill(static_cast<pid_t>(processID()), SIGCONT); // or one that is stopped would not hear it
     if (!m_process.waitForFinished(5'000))
         killNow();
 }

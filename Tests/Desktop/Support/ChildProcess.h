@@ -51,13 +51,10 @@ public:
 
     const QString &address() const { return m_address; }
 
-    /// Answers nothing in between.
-    void stop() { send(SIGSTOP); }
-    void goOn() { send(SIGCONT); }
+    /// It answers nothing any more.
+    void stop() { ::kill(static_cast<pid_t>(m_daemon.processID()), SIGSTOP); }
 
 private:
-    void send(int signal) { ::kill(static_cast<pid_t>(m_daemon.processID()), signal); }
-
     ChildProcess m_daemon;
     QString m_address;
 };

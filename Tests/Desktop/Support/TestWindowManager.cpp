@@ -60,6 +60,16 @@ TestWindowManager::TestWindowManager(const QString &name)
         probe.awaitManager();
 }
 
+std::jthread TestWindowManager::stopUntil(std::function<void()> enough) const
+{
+    const auto process = static_cast<pid_t>(processID());
+    kill(process, SIGSTOP);
+    return std::jthread([=] {
+        enough();
+        kill(process, SIGCONT);
+    });
+}
+
 void forEachManager(const QStringList &names)
 {
     QTest::addColumn<QString>("manager");

@@ -2,7 +2,9 @@
 
 #include "Desktop/Support/ChildProcess.h"
 
+#include <functional>
 #include <span>
+#include <thread>
 
 namespace Panorel::Desktop {
 
@@ -32,6 +34,9 @@ public:
     const ManagerKind &kind() const { return m_kind; }
 
     qint64 processID() const { return m_manager.processID(); }
+
+    /// Stops it. It goes on once `enough` has returned, which runs in the thread returned.
+    [[nodiscard]] std::jthread stopUntil(std::function<void()> enough) const;
 
 private:
     const ManagerKind &m_kind;
