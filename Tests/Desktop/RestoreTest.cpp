@@ -4,7 +4,6 @@
 #include <QRegularExpression>
 #include <QTest>
 
-#include <csignal>
 #include <cstdlib>
 #include <map>
 #include <thread>
